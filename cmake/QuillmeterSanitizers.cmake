@@ -1,0 +1,5 @@
+# Sanitizers apply to everything in the build, tests included, so that no object is left uninstrumented.
+if(QUILLMETER_SANITIZE)
+  add_compile_options(-fsanitize=${QUILLMETER_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g)
+  add_link_options(-fsanitize=${QUILLMETER_SANITIZE})
+endif()

@@ -1,0 +1,48 @@
+# How this project declares libraries and tests, so that each folder's CMakeLists.txt only lists what is its own.
+
+# quillmeter_library(NAME SOURCES a.cpp … [PUBLIC lib …] [PRIVATE lib …])
+# A plain library: C++20, no Qt.
+function(quillmeter_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE} quillmeter_warnings)
+endfunction()
+
+# quillmeter_ui_library(NAME SOURCES a.cpp … [PUBLIC lib …] [PRIVATE lib …])
+# A library of windows and widgets on Qt 6. Interface files are found in src/resources.
+function(quillmeter_ui_library name)
+  quillmeter_library(${name} ${ARGN})
+  quillmeter_use_qt(${name})
+endfunction()
+
+function(quillmeter_use_qt name)
+  set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON AUTOUIC_SEARCH_PATHS ${CMAKE_SOURCE_DIR}/src/resources)
+  target_compile_definitions(${name} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
+  target_link_libraries(${name} PUBLIC Qt6::Widgets)
+endfunction()
+
+# quillmeter_test(NAME LABELS core|cli|ui|slow SOURCES a_test.cpp … LIBS lib … [QT] [ARGUMENTS …])
+# One test program a folder; each is one ctest entry.
+function(quillmeter_test name)
+  cmake_parse_arguments(arg "QT" "TIMEOUT" "SOURCES;LIBS;LABELS" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/tests)
+  target_compile_definitions(${name} PRIVATE QUILLMETER_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data"
+    QUILLMETER_SOURCE_DIR="${CMAKE_SOURCE_DIR}" QUILLMETER_BINARY_DIR="${CMAKE_BINARY_DIR}")
+  target_link_libraries(${name} PRIVATE ${arg_LIBS} GTest::gmock quillmeter_warnings)
+  if(arg_QT)
+    quillmeter_use_qt(${name})
+    target_link_libraries(${name} PRIVATE Qt6::Test quillmeter_test_qt_main)
+  else()
+    target_link_libraries(${name} PRIVATE GTest::gtest_main)
+  endif()
+  if(NOT arg_TIMEOUT)
+    set(arg_TIMEOUT 600)
+  endif()
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT ${arg_TIMEOUT})
+  if(arg_QT)
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+  endif()
+endfunction()

@@ -1,0 +1,8 @@
+# The warnings every target of ours is compiled with, as an interface target that is linked privately.
+add_library(quillmeter_warnings INTERFACE)
+target_compile_options(quillmeter_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wdouble-promotion)
+if(QUILLMETER_WERROR)
+  target_compile_options(quillmeter_warnings INTERFACE -Werror)
+endif()

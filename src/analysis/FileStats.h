@@ -1,0 +1,16 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "analysis/FileObject.h"
+
+namespace quillmeter {
+
+class FileSystem;
+
+/// The measured record of the item at `path`; null when nothing exists there. Only regular files of a code or
+/// interface kind are opened; one that cannot be read, or is not UTF-8, has all six counters 0.
+[[nodiscard]] std::shared_ptr<FileObject> fileStats(const FileSystem& fileSystem, const std::string& path);
+
+}  // namespace quillmeter

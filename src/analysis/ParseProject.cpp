@@ -1,0 +1,205 @@
+#include "analysis/ParseProject.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+#include "analysis/FileKinds.h"
+#include "analysis/FileStats.h"
+#include "analysis/FileSystem.h"
+#include "analysis/FolderWalk.h"
+#include "analysis/PathIndex.h"
+#include "analysis/ReferenceSection.h"
+#include "support/Paths.h"
+#include "support/Text.h"
+
+namespace quillmeter {
+namespace {
+
+constexpr std::string_view kUp = "../";
+constexpr int kMaximumClimbs = 50;
+
+/// The folder that holds the bundle at `path`; "/" for a bundle in the root folder.
+std::string parentFolder(const std::string& path) {
+  const std::string folder = removingOccurrences(path, "/" + std::string(lastPathComponent(path)));
+  return folder.empty() ? "/" : folder;
+}
+
+std::vector<std::string_view> piecesOf(std::string_view path) {
+  std::vector<std::string_view> pieces;
+  for (;;) {
+    const std::size_t slash = path.find('/');
+    pieces.push_back(path.substr(0, slash));
+    if (slash == std::string_view::npos) return pieces;
+    path.remove_prefix(slash + 1);
+  }
+}
+
+/// `path` with one run of k ".." folded with the k pieces before it. Only a single run is understood: with
+/// several, the pieces behind the first ".." are dropped by their number all the same. Absent when the run
+/// climbs past the root.
+std::optional<std::string> folded(const std::string& path) {
+  const auto pieces = piecesOf(path);
+  const auto first = std::find(pieces.begin(), pieces.end(), "..");
+  if (first == pieces.end()) return path;
+  const auto count = std::count(pieces.begin(), pieces.end(), "..");
+  if (first - pieces.begin() <= count) return std::nullopt;
+  std::string result;
+  for (auto piece = pieces.begin(); piece != first - count; ++piece)
+    result.append(*piece).append("/");
+  for (auto piece = first + count; piece != pieces.end(); ++piece)
+    result.append(*piece).append("/");
+  result.pop_back();
+  return result;
+}
+
+}  // namespace
+
+ParseProject::ParseProject() : ParseProject(FileSystem::real()) {}
+ParseProject::ParseProject(const FileSystem& fileSystem) : fileSystem_(&fileSystem) {}
+ParseProject::~ParseProject() = default;
+
+void ParseProject::parseFileAtPathAndDelegate(const std::string& path, ParseProjectDelegate* delegate) {
+  delegate_ = delegate;
+  allAvailableFilesPaths_.reset();
+  arrayFiles_.emplace();
+  initialPath_ = path;
+  projectTitle_ = removingOccurrences(lastPathComponent(path), ".xcodeproj");
+
+  auto project = readWholeFile(*fileSystem_, joinedPath(path, "project.pbxproj"));
+  if (project && !isValidUtf8(*project)) project.reset();
+  if (delegate_ != nullptr) delegate_->progressParsingProjectStarted();
+  if (const auto section = project ? referenceSection(*project) : std::nullopt) parseSection(*section);
+  if (delegate_ != nullptr) delegate_->progressParsingProjectEnded();
+}
+
+void ParseProject::parseSection(std::string_view section) {
+  allAvailableFilesPaths_ = std::make_unique<PathIndex>(FolderWalk(parentFolder(initialPath_)));
+  const auto lines = static_cast<std::uint32_t>(std::count(section.begin(), section.end(), '\n')) + 1U;
+  for (std::uint32_t i = 0; i < lines; ++i) {
+    const std::size_t end = section.find('\n');
+    parseLine(section.substr(0, end));
+    if (end != std::string_view::npos) section.remove_prefix(end + 1);
+    // A section of a single line divides 0 by 0; the not-a-number is passed on as it is.
+    if (delegate_ != nullptr) delegate_->progressParsingProject(static_cast<double>(i) / (lines - 1U));
+  }
+}
+
+void ParseProject::parseLine(std::string_view line) {
+  const auto reference = parseLineFileReference(line);
+  if (!reference) return;
+  try {
+    auto file = getFileInfoAtInitialPath(*reference, initialPath_);
+    if (!file) return;
+    if (log_) log_("parsing file " + file->fileName().value_or(""));
+    arrayFiles_->push_back(std::move(file));
+  } catch (const std::logic_error&) {
+    if (log_) log_("error parsing the file at path: " + initialPath_);
+  }
+}
+
+std::optional<std::string> ParseProject::parseLineFileReference(std::string_view line) const {
+  return referencedPath(line);
+}
+
+std::vector<std::string> ParseProject::getAllFilesFromInitialPath(const std::string& path) const {
+  const FolderWalk walk(parentFolder(path));
+  std::vector<std::string> paths;
+  paths.reserve(walk.size());
+  for (FolderWalk::Index i = 0; i < walk.size(); ++i)
+    paths.push_back(walk.path(i));
+  return paths;
+}
+
+std::shared_ptr<FileObject> ParseProject::getFileInfoAtInitialPath(const std::string& reference,
+                                                                   const std::string& path) {
+  std::shared_ptr<FileObject> file;
+  if (allAvailableFilesPaths_) {
+    allAvailableFilesPaths_->forEachCandidate(reference, [&](const std::string& candidate) {
+      file = getFileStats(candidate);
+      return file != nullptr;
+    });
+  }
+  if (file || !reference.starts_with(kUp)) return file;
+  return linkedFile(reference, path);
+}
+
+std::shared_ptr<FileObject> ParseProject::linkedFile(std::string reference, const std::string& path) const {
+  const std::string folder = parentFolder(path);
+  std::string joined;
+  for (int climbs = 0; climbs < kMaximumClimbs; ++climbs) {
+    joined = joinedPath(folder, reference);
+    if (!reference.starts_with(kUp)) break;
+    reference.erase(0, kUp.size());
+    if (fileSystem_->status(joined)) break;
+  }
+  if (const auto target = folded(joined)) return getFileStats(*target);
+  if (log_) log_("something bad happened while trying to convert the linked path");
+  return getFileStats(joined);
+}
+
+std::shared_ptr<FileObject> ParseProject::getFileStats(const std::string& path) const {
+  return fileStats(*fileSystem_, path);
+}
+
+FileList ParseProject::allFilesInFolder() const {
+  const FolderWalk walk(removingOccurrences(initialPath_, lastPathComponent(initialPath_)));
+  FileList files;
+  for (FolderWalk::Index i = 0; i < walk.size(); ++i) {
+    const std::string_view name = walk.name(i);
+    if (name.starts_with('.') || fileKindOfPath(name) == FileKind::none) continue;
+    std::string path = walk.path(i);
+    const auto status = fileSystem_->status(path);
+    if (!status || status->type != FileStatus::Type::regular) continue;
+    auto file = std::make_shared<FileObject>();
+    file->setFileName(std::string(name));
+    file->setFilePath(std::move(path));
+    file->setFileSize(Number(status->size));
+    files.push_back(std::move(file));
+  }
+  return files;
+}
+
+bool ParseProject::fileIsOfTypeAndFile(std::span<const std::string_view> extensions, const FileObject& file) {
+  const auto extension = file.getFileExtension();
+  return extension && isOneOf(*extension, extensions);
+}
+
+bool ParseProject::isSourceFileType(const FileObject& file) const {
+  return fileIsOfTypeAndFile(kCodeFileFormats, file);
+}
+bool ParseProject::isXIBFileType(const FileObject& file) const {
+  return fileIsOfTypeAndFile(kOtherFormats, file);
+}
+bool ParseProject::isImageFileType(const FileObject& file) const {
+  return fileIsOfTypeAndFile(kImageFormats, file);
+}
+bool ParseProject::isImageFileTypeWithoutICNS(const FileObject& file) const {
+  return fileIsOfTypeAndFile(kImageFormatsWithoutIcons, file);
+}
+bool ParseProject::isSourceFileForRegex(const FileObject& file) const {
+  return fileIsOfTypeAndFile(kFormatsForRegex, file);
+}
+
+std::size_t ParseProject::countOfKind(std::span<const std::string_view> extensions) const {
+  return static_cast<std::size_t>(std::count_if(files().begin(), files().end(), [&](const auto& file) {
+    return fileIsOfTypeAndFile(extensions, *file);
+  }));
+}
+
+std::size_t ParseProject::getNumberCodeFiles() const {
+  return countOfKind(kCodeFileFormats);
+}
+std::size_t ParseProject::getNumberImageFiles() const {
+  return countOfKind(kImageFormats);
+}
+std::size_t ParseProject::getNumberXIBFiles() const {
+  return countOfKind(kOtherFormats);
+}
+
+const FileList& ParseProject::files() const {
+  static const FileList none;
+  return arrayFiles_ ? *arrayFiles_ : none;
+}
+
+}  // namespace quillmeter

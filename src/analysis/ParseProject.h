@@ -1,0 +1,125 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "analysis/FileObject.h"
+
+namespace quillmeter {
+
+class FileSystem;
+class PathIndex;
+
+/// Receives the progress of a read. The calls come on the reader's own thread, in this order: started once,
+/// then a number for each line of the project's file section (the last one is 1; a section of a single line
+/// gives a not-a-number), ended once. An implementation must not block: one that shows progress in windows
+/// posts the call to its own thread and returns.
+class ParseProjectDelegate {
+ public:
+  virtual ~ParseProjectDelegate() = default;
+  virtual void progressParsingProjectStarted() = 0;
+  virtual void progressParsingProject(double fraction) = 0;
+  virtual void progressParsingProjectEnded() = 0;
+};
+
+/// Turns a project bundle (a folder named *.xcodeproj) into the list of measured files that everything else
+/// shows.
+///
+/// The project description is not parsed as a property list: its file-reference section is cut out as text,
+/// one path is read per line, and each path is looked for among all entries below the folder that holds the
+/// bundle. What cannot be read or found is left out in silence.
+///
+/// One object serves one thread at a time; after `parseFileAtPathAndDelegate` has returned it is only read,
+/// and may then be shared by threads. It touches nothing but its own fields and the file system.
+class ParseProject {
+ public:
+  using LogSink = std::function<void(std::string_view)>;
+
+  ParseProject();
+  /// Reads through `fileSystem` instead of the real one; it must outlive this object.
+  explicit ParseProject(const FileSystem& fileSystem);
+  ~ParseProject();
+  ParseProject(const ParseProject&) = delete;
+  ParseProject& operator=(const ParseProject&) = delete;
+
+  /// Reads the whole project whose bundle lies at `path` (no trailing "/"), on the caller's thread. A second
+  /// call starts again from an empty list. `delegate` is not owned and may be null.
+  void parseFileAtPathAndDelegate(const std::string& path, ParseProjectDelegate* delegate);
+
+  /// The path that a line of the file section references, when it is of a known kind; absent for any other
+  /// line.
+  [[nodiscard]] std::optional<std::string> parseLineFileReference(std::string_view line) const;
+
+  /// Every path below the folder that holds the bundle at `path`: folders, hidden entries and the contents of
+  /// bundles included, each folder's entries in ascending byte order and followed by their own contents.
+  [[nodiscard]] std::vector<std::string> getAllFilesFromInitialPath(const std::string& path) const;
+
+  /// The measured file that `reference` stands for in the project whose bundle lies at `path`; null when
+  /// there is none. Searches the paths that the last read of this object walked.
+  [[nodiscard]] std::shared_ptr<FileObject> getFileInfoAtInitialPath(const std::string& reference,
+                                                                     const std::string& path);
+
+  /// The record of the item at an absolute path; null when nothing exists there. Images carry only their
+  /// size; a code or interface file that cannot be read, or is not UTF-8, has all six counters 0.
+  [[nodiscard]] std::shared_ptr<FileObject> getFileStats(const std::string& path) const;
+
+  /// Every file of a known kind below the folder that holds the bundle, in walk order, hidden files left out;
+  /// each record has name, path and size only. For the clean-up tool.
+  [[nodiscard]] FileList allFilesInFolder() const;
+
+  [[nodiscard]] bool isSourceFileType(const FileObject& file) const;
+  [[nodiscard]] bool isXIBFileType(const FileObject& file) const;
+  [[nodiscard]] bool isImageFileType(const FileObject& file) const;
+  [[nodiscard]] bool isImageFileTypeWithoutICNS(const FileObject& file) const;
+  [[nodiscard]] bool isSourceFileForRegex(const FileObject& file) const;
+  [[nodiscard]] static bool fileIsOfTypeAndFile(std::span<const std::string_view> extensions,
+                                                const FileObject& file);
+
+  /// Records of a kind, counted as often as they occur; 0 before the first read.
+  [[nodiscard]] std::size_t getNumberCodeFiles() const;
+  [[nodiscard]] std::size_t getNumberImageFiles() const;
+  [[nodiscard]] std::size_t getNumberXIBFiles() const;
+  /// Always 0: reading a project counts no methods.
+  [[nodiscard]] std::size_t getNumberInstanceMethods() const { return 0; }
+  [[nodiscard]] std::size_t getNumberStaticMethods() const { return 0; }
+
+  /// The project's files in the order of their lines; a file referenced twice is there twice. Absent before
+  /// the first read. `files` gives an empty list then.
+  [[nodiscard]] const std::optional<FileList>& arrayFiles() const { return arrayFiles_; }
+  [[nodiscard]] const FileList& files() const;
+  /// The bundle's path as it was passed in.
+  [[nodiscard]] const std::string& initialPath() const { return initialPath_; }
+  /// The bundle's name without ".xcodeproj".
+  [[nodiscard]] const std::string& projectTitle() const { return projectTitle_; }
+
+  [[nodiscard]] ParseProjectDelegate* delegate() const { return delegate_; }
+  void setDelegate(ParseProjectDelegate* delegate) { delegate_ = delegate; }
+  void setArrayFiles(std::optional<FileList> files) { arrayFiles_ = std::move(files); }
+  void setInitialPath(std::string path) { initialPath_ = std::move(path); }
+  void setProjectTitle(std::string title) { projectTitle_ = std::move(title); }
+
+  /// Where plain diagnostic lines go, one call a line, on the reader's thread. Without a sink no line is
+  /// made.
+  void setLogSink(LogSink sink) { log_ = std::move(sink); }
+
+ private:
+  [[nodiscard]] std::shared_ptr<FileObject> linkedFile(std::string reference, const std::string& path) const;
+  [[nodiscard]] std::size_t countOfKind(std::span<const std::string_view> extensions) const;
+  void parseSection(std::string_view section);
+  void parseLine(std::string_view line);
+
+  const FileSystem* fileSystem_;
+  ParseProjectDelegate* delegate_ = nullptr;
+  std::optional<FileList> arrayFiles_;
+  std::string initialPath_;
+  std::unique_ptr<PathIndex> allAvailableFilesPaths_;
+  std::string projectTitle_;
+  LogSink log_;
+};
+
+}  // namespace quillmeter

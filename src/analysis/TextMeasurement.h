@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+
+namespace quillmeter {
+
+/// What one text measures. Lengths are in UTF-16 code units.
+struct TextCounts {
+  std::uint64_t noLinesTotal = 0;
+  std::uint64_t noLinesWithoutSpaces = 0;
+  std::uint64_t noLinesComments = 0;
+  std::uint64_t noWords = 0;
+  std::uint64_t noCharactersWithoutSpaces = 0;
+  std::uint64_t noCharactersTotal = 0;
+
+  bool operator==(const TextCounts&) const = default;
+};
+
+/// Measures a text that arrives in blocks of any size, in one pass over its bytes and in constant memory.
+/// Blocks may be cut anywhere, also inside a character. A byte-order mark at the very start is not text and
+/// counts nowhere.
+class TextMeasurement {
+ public:
+  TextMeasurement();
+  ~TextMeasurement();
+  TextMeasurement(TextMeasurement&&) noexcept;
+  TextMeasurement& operator=(TextMeasurement&&) noexcept;
+
+  void add(std::span<const char> block);
+
+  /// The counts of everything added; absent when it is not valid UTF-8. Nothing may be added afterwards.
+  [[nodiscard]] std::optional<TextCounts> finish();
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
+
+/// The same for a text that is there as a whole.
+[[nodiscard]] std::optional<TextCounts> measuredText(std::span<const char> text);
+
+}  // namespace quillmeter

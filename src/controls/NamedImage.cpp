@@ -1,0 +1,45 @@
+#include "controls/NamedImage.h"
+
+#include <QPainter>
+#include <QSvgRenderer>
+
+namespace {
+
+/// The linker keeps the pictures in a static library only when something asks for them.
+void registerImages() {
+  Q_INIT_RESOURCE(images);
+}
+
+}  // namespace
+
+namespace quillmeter {
+namespace {
+
+QString resourcePath(const QString& name) {
+  registerImages();
+  return QStringLiteral(":/images/%1.svg").arg(name);
+}
+
+}  // namespace
+
+QSize namedImageSize(const QString& name) {
+  return QSvgRenderer(resourcePath(name)).defaultSize();
+}
+
+QPixmap namedImage(const QString& name, QSize size, qreal scale) {
+  QSvgRenderer renderer(resourcePath(name));
+  if (!renderer.isValid()) return {};
+  if (size.isEmpty()) size = renderer.defaultSize();
+  QPixmap pixmap(QSize(qRound(size.width() * scale), qRound(size.height() * scale)));
+  pixmap.setDevicePixelRatio(scale);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  renderer.render(&painter, QRectF(QPointF(), QSizeF(size)));
+  return pixmap;
+}
+
+QIcon namedIcon(const QString& name) {
+  return QIcon(resourcePath(name));
+}
+
+}  // namespace quillmeter

@@ -1,0 +1,109 @@
+#include "controls/Theme.h"
+
+namespace quillmeter {
+namespace {
+
+const ThemeColors& lightColors() {
+  static const ThemeColors colors{
+      .background = QColor(0xF7, 0xFA, 0xFF),
+      .card = QColor(0xFF, 0xFF, 0xFF),
+      .line = QColor(0xDD, 0xE4, 0xEA),
+      .text = QColor(0x26, 0x2D, 0x34),
+      .mutedText = QColor(0x56, 0x63, 0x6E),
+      .accent = QColor(0x12, 0x5B, 0xB8),
+      .accentHover = QColor(0x17, 0x6C, 0xD6),
+      .sidebar = QColor(0x26, 0x2D, 0x34),
+      .sidebarText = QColor(0xF2, 0xF6, 0xFA),
+      .sidebarHover = QColor(0x3C, 0x44, 0x4C),
+      .paper = QColor(0xFF, 0xFF, 0xFF),
+      .warning = QColor(0xC6, 0x2B, 0x00),
+  };
+  return colors;
+}
+
+const ThemeColors& darkColors() {
+  static const ThemeColors colors{
+      .background = QColor(0x1B, 0x20, 0x25),
+      .card = QColor(0x26, 0x2D, 0x34),
+      .line = QColor(0x3C, 0x46, 0x50),
+      .text = QColor(0xF2, 0xF6, 0xFA),
+      .mutedText = QColor(0xA9, 0xB6, 0xC2),
+      .accent = QColor(0x1F, 0x75, 0xDB),
+      .accentHover = QColor(0x37, 0x88, 0xEA),
+      .sidebar = QColor(0x12, 0x16, 0x1A),
+      .sidebarText = QColor(0xF2, 0xF6, 0xFA),
+      .sidebarHover = QColor(0x2C, 0x34, 0x3C),
+      .paper = QColor(0xFF, 0xFF, 0xFF),
+      .warning = QColor(0xFF, 0x7A, 0x52),
+  };
+  return colors;
+}
+
+}  // namespace
+
+const ThemeColors& themeFor(const QPalette& palette) {
+  const bool dark =
+      palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+  return dark ? darkColors() : lightColors();
+}
+
+QString styleSheetFor(const ThemeColors& colors) {
+  QString sheet = QStringLiteral(R"(
+QWidget { color: @text; font-size: @bodypx; }
+QWidget[role="page"] { background: @background; }
+QFrame[role="card"] { background: @card; border: 1px solid @line; border-radius: @radiuspx; }
+QWidget[role="sidebar"] { background: @sidebar; }
+QFrame[role="popup"] { background: @sidebar; border-radius: @radiuspx; }
+QLabel { background: transparent; }
+QLabel[role="heading"] { font-size: @headingpx; font-weight: 600; }
+QLabel[role="caption"] { font-size: @captionpx; color: @mutedText; }
+QLabel[role="figure"] { font-size: @figurepx; font-weight: 600; }
+QLabel[role="display"] { font-size: @displaypx; font-weight: 700; color: @text; }
+QPushButton { background: @card; border: 1px solid @line; border-radius: 6px; padding: 7px 14px; }
+QPushButton:hover { border-color: @accent; }
+QPushButton:pressed { background: @background; }
+QPushButton:focus { border: 2px solid @accent; padding: 6px 13px; }
+QPushButton:disabled { color: @mutedText; }
+QPushButton[role="primary"] { background: @accent; border-color: @accent; color: white; font-weight: 600; }
+QPushButton[role="primary"]:hover { background: @accentHover; }
+QPushButton[role="primary"]:focus { border: 2px solid @text; }
+QWidget[role="sidebar"] QPushButton, QFrame[role="popup"] QPushButton {
+  background: transparent; border: 2px solid transparent; color: @sidebarText; text-align: left; padding: 8px 12px; }
+QWidget[role="sidebar"] QPushButton:hover, QFrame[role="popup"] QPushButton:hover { background: @sidebarHover; }
+QWidget[role="sidebar"] QPushButton:checked, QFrame[role="popup"] QPushButton:checked { background: @accent; }
+QWidget[role="sidebar"] QPushButton:focus, QFrame[role="popup"] QPushButton:focus { border: 2px solid @sidebarText; }
+QWidget[role="sidebar"] QLabel, QFrame[role="popup"] QLabel { color: @sidebarText; }
+QCheckBox { spacing: 8px; padding: 3px; border: 2px solid transparent; border-radius: 6px; background: transparent; }
+QCheckBox:focus { border-color: @accent; }
+QTableView { background: @card; alternate-background-color: @background; border: 1px solid @line;
+  border-radius: @radiuspx; gridline-color: @line; selection-background-color: @accent; selection-color: white; }
+QTableView:focus { border: 1px solid @accent; }
+QHeaderView { background: @card; }
+QHeaderView::section { background: @card; color: @mutedText; border: none; border-bottom: 1px solid @line;
+  padding: 6px; font-size: @captionpx; }
+QToolTip { background: @sidebar; color: @sidebarText; border: 1px solid @line; padding: 4px; }
+)");
+  const auto put = [&sheet](const char* name, const QString& value) {
+    sheet.replace(QLatin1String(name), value);
+  };
+  // Longer names first, so that no name is replaced inside another.
+  put("@sidebarHover", colors.sidebarHover.name());
+  put("@sidebarText", colors.sidebarText.name());
+  put("@sidebar", colors.sidebar.name());
+  put("@accentHover", colors.accentHover.name());
+  put("@accent", colors.accent.name());
+  put("@background", colors.background.name());
+  put("@mutedText", colors.mutedText.name());
+  put("@text", colors.text.name());
+  put("@card", colors.card.name());
+  put("@line", colors.line.name());
+  put("@body", QString::number(kBodySize));
+  put("@heading", QString::number(kHeadingSize));
+  put("@caption", QString::number(kCaptionSize));
+  put("@figure", QString::number(kFigureSize));
+  put("@display", QString::number(kDisplaySize));
+  put("@radius", QString::number(kCornerRadius));
+  return sheet;
+}
+
+}  // namespace quillmeter

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace quillmeter {
+
+class ParseProject;
+
+/// The overview's figures as it shows them, for the totals of the report.
+struct OverviewTexts {
+  std::string codeFiles;   ///< the text of lblSizeMetrics7
+  std::string imageFiles;  ///< the text of lblSizeMetrics8
+  std::string xibFiles;    ///< the text of lblSizeMetrics9
+};
+
+/// What the Export tab needs from the window that holds it. Main thread only; outlives the tab.
+class ExportHost {
+ public:
+  virtual ~ExportHost() = default;
+  /// The project shown; never null.
+  [[nodiscard]] virtual std::shared_ptr<const ParseProject> parserProject() const = 0;
+  [[nodiscard]] virtual OverviewTexts overviewTexts() const = 0;
+};
+
+}  // namespace quillmeter

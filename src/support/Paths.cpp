@@ -1,0 +1,41 @@
+#include "support/Paths.h"
+
+namespace quillmeter {
+
+std::string_view lastPathComponent(std::string_view path) {
+  const std::size_t last = path.find_last_not_of('/');
+  if (last == std::string_view::npos) return path.substr(0, 1);
+  path = path.substr(0, last + 1);
+  return path.substr(path.rfind('/') + 1);
+}
+
+std::string joinedPath(std::string_view folder, std::string_view name) {
+  if (folder.empty()) return std::string(name);
+  while (folder.ends_with('/'))
+    folder.remove_suffix(1);
+  while (name.starts_with('/'))
+    name.remove_prefix(1);
+  if (name.empty()) return folder.empty() ? "/" : std::string(folder);
+  std::string result;
+  result.reserve(folder.size() + 1 + name.size());
+  result.append(folder).append("/").append(name);
+  return result;
+}
+
+std::string_view textAfterLastDot(std::string_view text) {
+  return text.substr(text.rfind('.') + 1);
+}
+
+std::string_view pathExtension(std::string_view path) {
+  const std::string_view name = lastPathComponent(path);
+  const std::size_t dot = name.rfind('.');
+  return dot == std::string_view::npos ? std::string_view() : name.substr(dot + 1);
+}
+
+std::string withDefaultExtension(std::string_view path, std::string_view extension) {
+  std::string result(path);
+  if (pathExtension(path).empty()) result.append(result.ends_with('.') ? "" : ".").append(extension);
+  return result;
+}
+
+}  // namespace quillmeter

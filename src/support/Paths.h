@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// Paths are bytes as the file system has them; none of these touches the disk.
+namespace quillmeter {
+
+/// The text behind the last "/" (trailing "/" left out); "/" for a path of slashes only, empty for the empty
+/// path.
+[[nodiscard]] std::string_view lastPathComponent(std::string_view path);
+
+/// `folder` and `name` with exactly one "/" between them. An empty part gives the other one.
+[[nodiscard]] std::string joinedPath(std::string_view folder, std::string_view name);
+
+/// The text behind the last "." of any string, the whole string when it has none: the rule that file kinds go
+/// by.
+[[nodiscard]] std::string_view textAfterLastDot(std::string_view text);
+
+/// The extension of a path's last component: the text behind its last ".", also when it begins with that dot;
+/// empty when it has none.
+[[nodiscard]] std::string_view pathExtension(std::string_view path);
+
+/// `path`, with "." and `extension` appended when it has no extension.
+[[nodiscard]] std::string withDefaultExtension(std::string_view path, std::string_view extension);
+
+}  // namespace quillmeter

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// Text as the whole program understands it: UTF-8 in memory, with lengths and orders *reported* in UTF-16
+/// code units, so that numbers and sort orders do not depend on the encoding. Text that is not valid UTF-8 (a
+/// file name may hold any byte) is never refused: where a rule needs characters, each bad byte stands for
+/// U+FFFD.
+namespace quillmeter {
+
+/// `text` without the white space and line breaks (Unicode category Z, U+0009 to U+000D, U+0085) at both
+/// ends.
+[[nodiscard]] std::string_view trimmed(std::string_view text);
+
+/// The length of `text` in UTF-16 code units.
+[[nodiscard]] std::size_t utf16Length(std::string_view text);
+
+/// `text` with full, locale-independent Unicode lower-casing. Bytes that are not UTF-8 are kept as they are.
+[[nodiscard]] std::string lowerCased(std::string_view text);
+
+/// A key whose bytewise order is the case-insensitive order of texts: full case folding, then UTF-16 code
+/// units. Sort by stored keys where many comparisons are needed.
+[[nodiscard]] std::string caseFoldKey(std::string_view text);
+
+/// Less than, equal to or greater than 0 as `left` comes before, with or after `right`, ignoring letter case.
+[[nodiscard]] int compareCaseInsensitive(std::string_view left, std::string_view right);
+
+/// The same, case-sensitively: by UTF-16 code units, with no Unicode normalisation.
+[[nodiscard]] int compareCodeUnits(std::string_view left, std::string_view right);
+
+/// `text` with every non-overlapping occurrence of `piece`, taken from the left, replaced by nothing.
+/// An empty `piece` occurs nowhere.
+[[nodiscard]] std::string removingOccurrences(std::string_view text, std::string_view piece);
+
+[[nodiscard]] bool isValidUtf8(std::string_view text);
+
+}  // namespace quillmeter
