@@ -3,14 +3,9 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
-namespace {
-
-/// The linker keeps the pictures in a static library only when something asks for them.
-void registerImages() {
-  Q_INIT_RESOURCE(images);
-}
-
-}  // namespace
+/// The linker keeps the pictures in a static library only when something asks for them. (Outside any namespace, as
+/// the macro wants it.)
+static void registerImages() { Q_INIT_RESOURCE(images); }
 
 namespace quillmeter {
 namespace {
