@@ -44,7 +44,7 @@ std::string textOf(std::span<const std::string_view> lines, std::size_t size) {
 }
 
 std::string objectiveCText(std::size_t size) {
-  static constexpr std::array<std::string_view, 40> lines{
+  static constexpr std::array<std::string_view, 36> lines{
       "",
       "",
       "",
@@ -71,12 +71,8 @@ std::string objectiveCText(std::size_t size) {
       "// The list is sorted by the date of the last change.",
       "// MARK: - Table view",
       "//",
-      "/*",
-      " * Reads the page from disk.",
-      " * Returns nil when there is none.",
-      " */",
-      "/** The title as the reader sees it. */",
-      "*/",
+      "/*\n * Reads the page from disk.\n * Returns nil when there is none.\n */",
+      "/**\n    The title as the reader sees it.\n*/",
       "[self.tableView reloadData];  ",
       "\tNSLog(@\"%s: %@ has %lu pages\", __PRETTY_FUNCTION__, self.name, (unsigned long)count);",
       "static NSString *const kGreeting = @\"Grüße aus Köln – schön, dass du da bist\";",

@@ -36,6 +36,8 @@ std::size_t unfinishedBytes(std::span<const char> text) {
 
 }  // namespace
 
+TextMeasurement::TextMeasurement(const TextScanTarget& target) : scanOn_(target.scan) {}
+
 void TextMeasurement::add(std::span<const char> block) {
   if (heldSize_ > 0) block = completeHeld(block);
   while (valid_ && !block.empty()) {
@@ -71,13 +73,13 @@ void TextMeasurement::addWholeCharacters(std::span<const char> text) {
   if (atStart_ && std::string_view(text.data(), text.size()).starts_with(kByteOrderMark))
     text = text.subspan(kByteOrderMark.size());
   atStart_ = false;
-  scanText(scan_, text);
+  scanOn_(scan_, text.data(), text.size());
 }
 
 std::optional<TextCounts> TextMeasurement::finish() {
   if (!valid_ || heldSize_ > 0) return std::nullopt;
   const std::uint64_t innerSpaces = scan_.innerSpaces - scan_.openSpaces;
-  const std::uint64_t openComment = scan_.insideComment ? scan_.visibleLines - scan_.linesAtOpening : 0;
+  const std::uint64_t openComment = scan_.insideComment != 0 ? scan_.visibleLines : 0;
   return TextCounts{.noLinesTotal = scan_.lineBreaks + 1,
                     .noLinesWithoutSpaces = scan_.visibleLines,
                     .noLinesComments = scan_.commentLines + openComment,

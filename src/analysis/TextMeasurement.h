@@ -27,6 +27,9 @@ struct TextCounts {
 /// counts nowhere. A plain value of some hundred bytes: cheap enough to make one for each small file.
 class TextMeasurement {
  public:
+  /// On the machine's best instruction set, or on one of its others.
+  explicit TextMeasurement(const TextScanTarget& target = textScanTargets().front());
+
   void add(std::span<const char> block);
 
   /// The counts of everything added; absent when it is not valid UTF-8. Nothing may be added afterwards.
@@ -36,6 +39,7 @@ class TextMeasurement {
   [[nodiscard]] std::span<const char> completeHeld(std::span<const char> block);
   void addWholeCharacters(std::span<const char> text);
 
+  TextScanFunction scanOn_;
   TextScan scan_;
   std::array<char, 4> held_{};  ///< the bytes so far of a character that goes on in the next block
   std::size_t heldSize_ = 0;

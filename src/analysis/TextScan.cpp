@@ -5,8 +5,14 @@
 #include <cstddef>
 #include <cstring>
 #include <type_traits>
+#include <vector>
 
 #include "analysis/TextScanStep.h"
+
+// Elsewhere the vectors that every machine has are the ones to use.
+#if !defined(__x86_64__) && !defined(HWY_COMPILE_ONLY_STATIC)
+#define HWY_COMPILE_ONLY_STATIC
+#endif
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "analysis/TextScan.cpp"
@@ -130,12 +136,9 @@ HWY_INLINE void addBeyondAscii(BlockMasks& masks, const std::uint8_t* block, std
   masks.spaces |= carried;
   carried = 0;
 
-  const std::uint64_t firstOfTwo =
-      bitsWhere([&](std::size_t offset) HWY_ATTR { return equals(at(offset), 0xC2); });
   const std::uint64_t firstOfThree = bitsWhere([&](std::size_t offset) HWY_ATTR {
     return hn::Or(equals(at(offset), 0xE1), equals(hn::Or(at(offset), hn::Set(Bytes(), 1)), 0xE3));
   });
-  if ((firstOfTwo | firstOfThree) == 0) return;  // none of the bytes that white space begins with
 
   const auto triplesAt = [&](std::size_t offset) HWY_ATTR {
     return Triples{at(offset), at(offset + 1), at(offset + 2)};
@@ -195,16 +198,51 @@ HWY_AFTER_NAMESPACE();
 namespace quillmeter {
 namespace {
 
-HWY_EXPORT(scanOnTarget);
+/// Whether the machine and its system can run what has been compiled for `target`, one of Highway's.
+/// Highway's own answer is not asked for: its library measures the clock whenever a program that is linked
+/// with it starts, which takes longer than measuring a small project.
+bool canRun(std::int64_t target) {
+#if HWY_ARCH_X86
+  __builtin_cpu_init();
+  const bool ssse3 = __builtin_cpu_supports("ssse3") != 0;
+  const bool sse4 = ssse3 && __builtin_cpu_supports("sse4.1") != 0 && __builtin_cpu_supports("sse4.2") != 0 &&
+                    __builtin_cpu_supports("popcnt") != 0 && __builtin_cpu_supports("pclmul") != 0 &&
+                    __builtin_cpu_supports("aes") != 0;
+  const bool avx2 = sse4 && __builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("bmi") != 0 &&
+                    __builtin_cpu_supports("bmi2") != 0 && __builtin_cpu_supports("fma") != 0;
+  const bool avx3 = avx2 && __builtin_cpu_supports("avx512f") != 0 &&
+                    __builtin_cpu_supports("avx512vl") != 0 && __builtin_cpu_supports("avx512dq") != 0 &&
+                    __builtin_cpu_supports("avx512bw") != 0;
+  if (target == HWY_SSSE3) return ssse3;
+  if (target == HWY_SSE4) return sse4;
+  if (target == HWY_AVX2) return avx2;
+  if (target == HWY_AVX3) return avx3;
+#endif
+  return target == HWY_STATIC_TARGET;
+}
+
+std::vector<TextScanTarget> runnableTargets() {
+  std::vector<TextScanTarget> targets;
+  const auto add = [&targets](std::int64_t target, TextScanFunction scan) {
+    if (scan != nullptr && canRun(target)) targets.push_back({hwy::TargetName(target), scan});
+  };
+#if HWY_ARCH_X86
+  add(HWY_AVX3, HWY_CHOOSE_AVX3(scanOnTarget));
+  add(HWY_AVX2, HWY_CHOOSE_AVX2(scanOnTarget));
+  add(HWY_SSE4, HWY_CHOOSE_SSE4(scanOnTarget));
+  add(HWY_SSSE3, HWY_CHOOSE_SSSE3(scanOnTarget));
+#endif
+  const TextScanFunction always = &HWY_STATIC_DISPATCH(scanOnTarget);
+  if (targets.empty() || targets.back().scan != always)
+    targets.push_back({hwy::TargetName(HWY_STATIC_TARGET), always});
+  return targets;
+}
 
 }  // namespace
 
-void scanText(TextScan& scan, std::span<const char> text) {
-  HWY_DYNAMIC_DISPATCH(scanOnTarget)(scan, text.data(), text.size());
-}
-
-std::int64_t textScanTargets() {
-  return (hwy::SupportedTargets() & HWY_TARGETS) | HWY_STATIC_TARGET;
+std::span<const TextScanTarget> textScanTargets() {
+  static const std::vector<TextScanTarget> targets = runnableTargets();
+  return targets;
 }
 
 }  // namespace quillmeter

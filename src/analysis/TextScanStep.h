@@ -27,8 +27,9 @@
 ///    counted as inner and kept in mind, and taken back when the next visible byte turns out a line break.
 /// 3. Lengths are population counts.
 /// 4. Comments. The two characters that a line begins with are the byte of step 1 and the one after. Blocks
-///    without an opening or closing line only count "//" lines; inside a block comment nothing is counted
-///    until it closes, which then adds all visible lines since it opened.
+///    without an opening or closing line only count "//" lines. A block comment takes the number of visible
+///    lines before it from the count when it opens and adds that number when it closes, so that nothing is to
+///    be done for the lines inside.
 ///
 /// A white-space character of several bytes counts at its first byte; its other bytes, and what fills up the
 /// last block of a text, are "spaces" that are not characters: runs go on through them and nothing counts
@@ -69,29 +70,27 @@ struct CommentMasks {
 /// What `TextScan` knows of comments, by value, so that the scan itself can stay in registers.
 struct CommentState {
   std::uint64_t commentLines;
-  std::uint64_t linesAtOpening;
-  bool inside;
+  std::uint64_t inside;
 };
 
 /// `state` after a block that opens or closes block comments. `linesBefore` visible lines came before it.
+/// Whatever the state was, "/*" leaves it inside and "*/" outside; which of the two comes next cannot be
+/// foretold, so that there are no branches on it.
 [[nodiscard]] inline CommentState afterBlockComments(CommentState state, std::uint64_t linesBefore,
                                                      const CommentMasks& block) {
   std::uint64_t single = block.single;
   for (std::uint64_t events = block.opens | block.closes; events != 0; events &= events - 1) {
-    const std::uint64_t before = (events & (~events + 1)) - 1;
-    const bool opens = (block.opens & (before + 1)) != 0;
-    if (opens == state.inside) continue;
+    const std::uint64_t event = events & (~events + 1);
+    const std::uint64_t before = event - 1;
+    const std::uint64_t opens = (block.opens & event) != 0 ? 1 : 0;
     const std::uint64_t lines = linesBefore + count(block.lines & before);
-    if (opens) {
-      state.commentLines += count(single & before);
-      state.linesAtOpening = lines - 1;
-    } else {
-      state.commentLines += lines - state.linesAtOpening;
-    }
-    single &= ~before;
+    state.commentLines += count(single & before) & (state.inside - 1);
+    const std::uint64_t change = opens != 0 ? 1 - lines : lines;
+    state.commentLines += change & (0 - (opens ^ state.inside));
     state.inside = opens;
+    single &= ~before;
   }
-  if (!state.inside) state.commentLines += count(single);
+  state.commentLines += count(single) & (state.inside - 1);
   return state;
 }
 
@@ -110,7 +109,8 @@ struct CommentState {
   if (trailing != 0) trailing = rowsEndingAt(trailing, later);
   scan.innerSpaces += count(later & ~trailing & block.characters);
   const std::uint64_t firstOfOthers = ~block.spaces & (block.spaces + 1);
-  if ((firstOfOthers & block.breaks) != 0) scan.innerSpaces -= scan.openSpaces;
+  const std::uint64_t endsRow = (firstOfOthers & block.breaks) != 0 ? 1 : 0;
+  scan.innerSpaces -= scan.openSpaces & (0 - endsRow);
   if (~later == 0) {
     scan.openSpaces += count(block.characters);
   } else {
@@ -132,13 +132,12 @@ struct CommentState {
   const CommentMasks comments{lines, behindSlash & block.slashes, behindSlash & block.stars,
                               behindStar & block.slashes};
   if ((comments.opens | comments.closes) != 0) [[unlikely]] {
-    const CommentState state = afterBlockComments(
-        {scan.commentLines, scan.linesAtOpening, scan.insideComment}, scan.visibleLines, comments);
+    const CommentState state =
+        afterBlockComments({scan.commentLines, scan.insideComment}, scan.visibleLines, comments);
     scan.commentLines = state.commentLines;
-    scan.linesAtOpening = state.linesAtOpening;
     scan.insideComment = state.inside;
-  } else if (!scan.insideComment) {
-    scan.commentLines += count(comments.single);
+  } else {
+    scan.commentLines += count(comments.single) & (scan.insideComment - 1);
   }
   scan.visibleLines += count(lines);
 }
