@@ -1,5 +1,6 @@
 #include "support/Text.h"
 
+#include <simdjson.h>
 #include <unicode/bytestream.h>
 #include <unicode/casemap.h>
 #include <unicode/uchar.h>
@@ -135,7 +136,7 @@ std::string removingOccurrences(std::string_view text, std::string_view piece) {
 }
 
 bool isValidUtf8(std::string_view text) {
-  return validPrefix(text) == text.size();
+  return simdjson::validate_utf8(text.data(), text.size());
 }
 
 }  // namespace quillmeter
