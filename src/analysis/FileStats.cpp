@@ -1,5 +1,6 @@
 #include "analysis/FileStats.h"
 
+#include <algorithm>
 #include <array>
 #include <span>
 
@@ -13,16 +14,21 @@ namespace {
 
 constexpr std::size_t kBlockSize = std::size_t{1} << 16;
 
-/// The counts of an open text file; all 0 when it cannot be read to its end or is not UTF-8.
-TextCounts countsOf(const FileSystem& fileSystem, const Descriptor& file) {
+/// The counts of an open text file of `size` bytes (0 when that is not known); all 0 when it cannot be read
+/// to its end or is not UTF-8.
+TextCounts countsOf(const FileSystem& fileSystem, const Descriptor& file, std::uint64_t size) {
   if (!file) return {};
   std::array<char, kBlockSize> block;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled by the reads
   TextMeasurement measurement;
-  for (;;) {
-    const auto count = readBlock(fileSystem, file.value(), block);
+  for (std::uint64_t read = 0;;) {
+    // A file that fits is read up to its size and no further, which saves asking for what is not there.
+    const std::uint64_t left = size > read ? size - read : block.size();
+    const auto wanted = std::span(block).first(std::min<std::uint64_t>(left, block.size()));
+    const auto count = readBlock(fileSystem, file.value(), wanted);
     if (!count) return {};
-    measurement.add(std::span(block).first(*count));
-    if (*count < block.size()) return measurement.finish().value_or(TextCounts{});
+    measurement.add(wanted.first(*count));
+    read += *count;
+    if (*count < wanted.size() || read == size) return measurement.finish().value_or(TextCounts{});
   }
 }
 
@@ -64,7 +70,7 @@ std::shared_ptr<FileObject> fileStats(const FileSystem& fileSystem, const std::s
   if (!status) return nullptr;
   if (!isMeasured(fileKindOfPath(lastPathComponent(path)))) return sizedFile(path, *status);
   if (status->type != FileStatus::Type::regular) return measuredFile(path, *status, {});
-  return measuredFile(path, *status, countsOf(fileSystem, fileSystem.open(path)));
+  return measuredFile(path, *status, countsOf(fileSystem, fileSystem.open(path), status->size));
 }
 
 std::shared_ptr<FileObject> regularFileStats(const FileSystem& fileSystem, const std::string& path) {
@@ -72,7 +78,7 @@ std::shared_ptr<FileObject> regularFileStats(const FileSystem& fileSystem, const
   const Descriptor file = fileSystem.open(path);
   const auto status = file ? fileSystem.statusOfOpen(file) : std::nullopt;
   if (!status || status->type != FileStatus::Type::regular) return fileStats(fileSystem, path);
-  return measuredFile(path, *status, countsOf(fileSystem, file));
+  return measuredFile(path, *status, countsOf(fileSystem, file, status->size));
 }
 
 }  // namespace quillmeter
