@@ -14,7 +14,7 @@
 namespace quillmeter::testing {
 
 /// A file system in which every path leads to one file with the content given. Its reads can be made short,
-/// interrupted or failing.
+/// interrupted (every second call) or failing.
 class MemoryFile final : public FileSystem {
  public:
   explicit MemoryFile(std::string_view content) : content_(content) {}
@@ -29,7 +29,8 @@ class MemoryFile final : public FileSystem {
   }
 
   [[nodiscard]] ssize_t read(int /*descriptor*/, std::span<char> buffer) const override {
-    if (interruptEveryRead_ && !(interrupted_ = !interrupted_)) {
+    interrupted_ = interruptReads_ && !interrupted_;
+    if (interrupted_) {
       errno = EINTR;
       return -1;
     }
@@ -45,7 +46,7 @@ class MemoryFile final : public FileSystem {
   }
 
   void setLongestRead(std::size_t value) { longestRead_ = value; }
-  void setInterruptEveryRead(bool value) { interruptEveryRead_ = value; }
+  void setInterruptReads(bool value) { interruptReads_ = value; }
   void setFailAt(std::size_t value) { failAt_ = value; }
 
  private:
@@ -53,7 +54,7 @@ class MemoryFile final : public FileSystem {
   mutable std::size_t position_ = 0;
   mutable bool interrupted_ = false;
   std::size_t longestRead_ = static_cast<std::size_t>(-1);
-  bool interruptEveryRead_ = false;
+  bool interruptReads_ = false;
   std::optional<std::size_t> failAt_;
 };
 
