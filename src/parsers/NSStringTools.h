@@ -9,9 +9,9 @@
 /// U+000D, U+0085 and Unicode category Z.
 ///
 /// The searches here backtrack, so a pattern and a text that do not go together can take a time that doubles
-/// with each character. ICU's own limits end such a search (after a second or a few, or 16 MB of memory for positions to
-/// come back to), as does a text of more than 2^30 bytes; what a search found up to then is the result.
-/// Patterns that must get along with any file are a `LinearPattern` instead.
+/// with each character. ICU's own limits end such a search (after a second or a few, or 16 MB of memory for
+/// positions to come back to), as does a text of more than 2^30 bytes; what a search found up to then is the
+/// result. Patterns that must get along with any file are a `LinearPattern` instead.
 namespace quillmeter {
 
 /// `text` without the white space and line breaks at both ends, as a view of it. Takes a time that is linear
