@@ -1,6 +1,5 @@
 #include "analysis/EndingTable.h"
 
-#include <functional>
 #include <string>
 
 #include "support/Paths.h"
@@ -41,17 +40,37 @@ class ComponentsFromTheEnd {
 class EndingHash {
  public:
   void add(std::string_view component) {
-    constexpr std::uint64_t odd = 0x9E3779B97F4A7C15;
-    state_ = (state_ ^ std::hash<std::string_view>{}(component)) * odd;
-    state_ ^= state_ >> 29U;
+    for (const char c : component)
+      addByte(static_cast<unsigned char>(c));
+    addByte('/');
   }
+
+  /// Adds a component as if it were lower-cased.
+  void addLowerCased(std::string_view component) {
+    unsigned char bits = 0;
+    for (const char c : component)
+      bits |= static_cast<unsigned char>(c);
+    if (bits >= 0x80) return add(lowerCased(component));
+    for (const char c : component) {
+      const auto byte = static_cast<unsigned char>(c);
+      addByte(byte >= 'A' && byte <= 'Z' ? static_cast<unsigned char>(byte + 'a' - 'A') : byte);
+    }
+    addByte('/');
+  }
+
   [[nodiscard]] std::uint32_t value() const {
-    const auto folded = static_cast<std::uint32_t>(state_ ^ (state_ >> 32U));
-    return folded == 0 ? 1 : folded;
+    const std::uint64_t mixed = (state_ ^ (state_ >> 32U)) * kOdd;
+    const auto high = static_cast<std::uint32_t>(mixed >> 32U);
+    return high == 0 ? 1 : high;
   }
 
  private:
-  std::uint64_t state_ = 0;
+  static constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15;
+
+  /// FNV-1a: names are short, and it needs no copy of them.
+  void addByte(unsigned char byte) { state_ = (state_ ^ byte) * 0x100000001B3; }
+
+  std::uint64_t state_ = 0xCBF29CE484222325;
 };
 
 std::uint32_t hashOfText(std::string_view ending) {
@@ -81,8 +100,11 @@ EndingTable::EndingTable(const FolderWalk& walk, std::size_t components, Letters
 
 /// The hash of an entry's ending; absent when its path has too few components.
 std::optional<std::uint32_t> EndingTable::hashOfEnding(FolderWalk::Index entry) const {
-  if (letters_ == Letters::lowerCased) return hashOfText(lowerCased(walk_.name(entry)));
   EndingHash hash;
+  if (letters_ == Letters::lowerCased) {
+    hash.addLowerCased(walk_.name(entry));
+    return hash.value();
+  }
   ComponentsFromTheEnd components(walk_, rootComponents_, entry);
   for (std::size_t i = 0; i < components_; ++i) {
     if (components.isAtEnd()) return std::nullopt;
