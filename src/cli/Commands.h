@@ -10,5 +10,6 @@ class App;
 namespace quillmeter {
 
 void addMeasureCommand(CLI::App& app, int& status);
+void addCleanupCommand(CLI::App& app, int& status);
 
 }  // namespace quillmeter
