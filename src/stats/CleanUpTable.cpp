@@ -1,22 +1,20 @@
 #include "stats/CleanUpTable.h"
 
-#include <algorithm>
-#include <iterator>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 
 namespace quillmeter {
 
-FileList unreferencedFiles(const FileList& onDisk, const FileList& referenced) {
+FileList unreferencedFiles(FileList onDisk, const FileList& referenced) {
   std::unordered_set<std::string_view> known;
   known.reserve(referenced.size());
   for (const auto& file : referenced) {
     if (file->filePath()) known.insert(*file->filePath());
   }
-  FileList result;
-  std::copy_if(onDisk.begin(), onDisk.end(), std::back_inserter(result),
-               [&](const auto& file) { return !file->filePath() || !known.contains(*file->filePath()); });
-  return result;
+  std::erase_if(onDisk,
+                [&](const auto& file) { return file->filePath() && known.contains(*file->filePath()); });
+  return onDisk;
 }
 
 std::vector<FileTableColumn> cleanUpColumns() {
@@ -27,8 +25,8 @@ std::vector<FileTableColumn> cleanUpColumns() {
           {.field = FileTableField::fileSize, .width = 100}};
 }
 
-FileTable cleanUpTable(const FileList& onDisk, const FileList& referenced, const std::string& locale) {
-  return {cleanUpColumns(), unreferencedFiles(onDisk, referenced), 1000.0, locale};
+FileTable cleanUpTable(FileList onDisk, const FileList& referenced, const std::string& locale) {
+  return {cleanUpColumns(), unreferencedFiles(std::move(onDisk), referenced), 1000.0, locale};
 }
 
 }  // namespace quillmeter

@@ -17,13 +17,13 @@ inline constexpr std::string_view kCleanProjectText =
 /// The files of `onDisk`, in their order, whose path is not the path of any of `referenced`. Paths are
 /// compared byte by byte: another letter case, a "." or ".." step or a way through a link is another path. A
 /// file without a path is referenced by nothing. Linear in both lists.
-[[nodiscard]] FileList unreferencedFiles(const FileList& onDisk, const FileList& referenced);
+[[nodiscard]] FileList unreferencedFiles(FileList onDisk, const FileList& referenced);
 
 [[nodiscard]] std::vector<FileTableColumn> cleanUpColumns();
 
 /// The unreferenced files in the order of their names ignoring letter case, with sizes in units of 1000
 /// bytes.
-[[nodiscard]] FileTable cleanUpTable(const FileList& onDisk, const FileList& referenced,
+[[nodiscard]] FileTable cleanUpTable(FileList onDisk, const FileList& referenced,
                                      const std::string& locale = {});
 
 }  // namespace quillmeter
