@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QFontMetrics>
 #include <QHeaderView>
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -35,6 +36,10 @@ FileTableView::FileTableView(QWidget* parent) : QTableView(parent), model_(new F
   header->setHighlightSections(false);
   header->setSectionsClickable(true);
   header->setDefaultAlignment(Qt::AlignCenter | Qt::Alignment(Qt::TextWordWrap));
+  // Room for a header on two lines, which the narrow columns need.
+  QFont headerFont = header->font();
+  headerFont.setPixelSize(kCaptionSize);
+  header->setMinimumHeight(2 * QFontMetrics(headerFont).height() + kPadding);
   header->setSortIndicatorShown(true);
   header->setSortIndicator(-1, Qt::AscendingOrder);
   connect(header, &QHeaderView::sortIndicatorChanged, this, &FileTableView::sortByHeader);
