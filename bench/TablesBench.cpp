@@ -89,14 +89,14 @@ void walkFolder(benchmark::State& state) {
   for (auto step : state)
     benchmark::DoNotOptimize(FolderWalk(folder.path()).size());
 }
-BENCHMARK(walkFolder)->Unit(benchmark::kMillisecond)->MinTime(5);
+BENCHMARK(walkFolder)->Unit(benchmark::kMillisecond)->MinTime(2);
 
 void listFolder(benchmark::State& state) {
   const BigFolder& folder = BigFolder::get();
   for (auto step : state)
     benchmark::DoNotOptimize(folder.project().allFilesInFolder());
 }
-BENCHMARK(listFolder)->Unit(benchmark::kMillisecond)->MinTime(5);
+BENCHMARK(listFolder)->Unit(benchmark::kMillisecond)->MinTime(2);
 
 void cleanUpFolder(benchmark::State& state) {
   const BigFolder& folder = BigFolder::get();
@@ -105,7 +105,7 @@ void cleanUpFolder(benchmark::State& state) {
     state.counters["rows"] = static_cast<double>(table.rows().size());
   }
 }
-BENCHMARK(cleanUpFolder)->Unit(benchmark::kMillisecond)->MinTime(5);
+BENCHMARK(cleanUpFolder)->Unit(benchmark::kMillisecond)->MinTime(2);
 
 }  // namespace
 }  // namespace quillmeter
