@@ -10,6 +10,7 @@ class App;
 namespace quillmeter {
 
 void addMeasureCommand(CLI::App& app, int& status);
+void addCleanupCommand(CLI::App& app, int& status);
 void addMethodsCommand(CLI::App& app, int& status);
 
 }  // namespace quillmeter
