@@ -27,7 +27,9 @@ QFont FigureLabel::fittingFont() const {
   return fitting;
 }
 
-QSize FigureLabel::minimumSizeHint() const { return {0, QLabel::minimumSizeHint().height()}; }
+QSize FigureLabel::minimumSizeHint() const {
+  return {0, QLabel::minimumSizeHint().height()};
+}
 
 void FigureLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);

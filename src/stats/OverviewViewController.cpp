@@ -69,7 +69,9 @@ void OverviewViewController::showFigure(std::size_t number, const std::string& t
   describe(label, kOverviewCaptions.at(number - 1));
 }
 
-QLabel* OverviewViewController::lblTotalNumberLines() const { return ui_->lblTotalNumberLines; }
+QLabel* OverviewViewController::lblTotalNumberLines() const {
+  return ui_->lblTotalNumberLines;
+}
 
 QLabel* OverviewViewController::lblSizeMetrics(std::size_t number) const {
   const std::array<QLabel*, kOverviewMetrics> labels{

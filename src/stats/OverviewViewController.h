@@ -10,13 +10,13 @@
 
 class QLabel;
 
-namespace Ui {
-class OverviewViewController;
-}
-
 namespace quillmeter {
 
 class StatsHost;
+
+namespace Ui {
+class OverviewViewController;
+}
 
 /// The Overview tab: the number of lines in large type and ten figures in three groups. The figures are taken
 /// from the host's project once, when the tab is made, and never change. Main thread only; its maker owns it.
