@@ -1,8 +1,8 @@
 #include "controls/CustomProgressIndicator.h"
 
 #include <QFontDatabase>
-#include <QPainter>
 #include <QPaintEvent>
+#include <QPainter>
 #include <QTimerEvent>
 #include <cmath>
 
@@ -15,8 +15,8 @@ namespace quillmeter {
 namespace {
 
 constexpr int kFrameMilliseconds = 33;
-constexpr int kStepsAWay = 36;              // frames from one end to the other
-constexpr float kWandererMiddle = 40.0F;    // between its caps
+constexpr int kStepsAWay = 36;            // frames from one end to the other
+constexpr float kWandererMiddle = 40.0F;  // between its caps
 const QColor kLabelColor(72, 83, 92);
 constexpr int kLabelSize = 16;
 
@@ -79,7 +79,8 @@ void CustomProgressIndicator::publishValue() {
 }
 
 QPixmap CustomProgressIndicator::imageLeftCapWidthMiddleWidthRightCapWidth(const QPixmap& image,
-                                                                           float leftCapWidth, float middleWidth,
+                                                                           float leftCapWidth,
+                                                                           float middleWidth,
                                                                            float rightCapWidth) {
   const QSizeF size = image.deviceIndependentSize();
   const qreal scale = image.devicePixelRatio();
@@ -93,10 +94,11 @@ QPixmap CustomProgressIndicator::imageLeftCapWidthMiddleWidthRightCapWidth(const
   QPainter painter(&result);
   for (const Slice& slice : {slices.left, slices.middle, slices.right}) {
     if (!slice.isDrawn()) continue;
-    painter.drawPixmap(QRectF(static_cast<qreal>(slice.targetX), 0, static_cast<qreal>(slice.targetWidth), size.height()),
-                       image,
-                       QRectF(static_cast<qreal>(slice.sourceX) * scale, 0,
-                              static_cast<qreal>(slice.sourceWidth) * scale, image.height()));
+    painter.drawPixmap(
+        QRectF(static_cast<qreal>(slice.targetX), 0, static_cast<qreal>(slice.targetWidth), size.height()),
+        image,
+        QRectF(static_cast<qreal>(slice.sourceX) * scale, 0, static_cast<qreal>(slice.sourceWidth) * scale,
+               image.height()));
   }
   return result;
 }
@@ -115,8 +117,8 @@ void CustomProgressIndicator::paintEvent(QPaintEvent* /*event*/) {
 
 void CustomProgressIndicator::drawBar(QPainter& painter, const QPixmap& full) const {
   const ProgressBarGeometry bar = progressBarGeometry(doubleValue_, maxValue_);
-  painter.drawPixmap(QPointF(), imageLeftCapWidthMiddleWidthRightCapWidth(full, kProgressBarCap, bar.middleWidth,
-                                                                          kProgressBarCap));
+  painter.drawPixmap(QPointF(), imageLeftCapWidthMiddleWidthRightCapWidth(full, kProgressBarCap,
+                                                                          bar.middleWidth, kProgressBarCap));
   painter.setFont(labelFont());
   painter.setPen(kLabelColor);
   const QRectF line(0, kProgressBarLabelTop, bar.filledWidth, kProgressBarLabelHeight);

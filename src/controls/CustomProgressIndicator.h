@@ -6,11 +6,12 @@
 
 namespace quillmeter {
 
-/// The progress bar: a picture of an empty bar, a picture of a full one cut to the value, and the percentage in the
-/// filled part. While indeterminate it keeps its value to itself and shows a piece of the full bar that wanders
-/// through the empty one.
+/// The progress bar: a picture of an empty bar, a picture of a full one cut to the value, and the percentage
+/// in the filled part. While indeterminate it keeps its value to itself and shows a piece of the full bar
+/// that wanders through the empty one.
 ///
-/// Values are doubles, which the toolkit's bar does not know; a value that is not a number is kept and drawn as 0 %.
+/// Values are doubles, which the toolkit's bar does not know; a value that is not a number is kept and drawn
+/// as 0 %.
 class CustomProgressIndicator : public QProgressBar {
   Q_OBJECT
 
@@ -26,10 +27,12 @@ class CustomProgressIndicator : public QProgressBar {
   [[nodiscard]] bool isIndeterminate() const { return indeterminate_; }
   void setIndeterminate(bool indeterminate);
 
-  /// A copy of `image` (its widths in points) whose ends keep their widths and whose middle is `middleWidth` wide;
-  /// as high as `image`, at its device pixel ratio. Null when the widths add up to nothing.
-  [[nodiscard]] static QPixmap imageLeftCapWidthMiddleWidthRightCapWidth(const QPixmap& image, float leftCapWidth,
-                                                                         float middleWidth, float rightCapWidth);
+  /// A copy of `image` (its widths in points) whose ends keep their widths and whose middle is `middleWidth`
+  /// wide; as high as `image`, at its device pixel ratio. Null when the widths add up to nothing.
+  [[nodiscard]] static QPixmap imageLeftCapWidthMiddleWidthRightCapWidth(const QPixmap& image,
+                                                                         float leftCapWidth,
+                                                                         float middleWidth,
+                                                                         float rightCapWidth);
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }

@@ -19,7 +19,8 @@ void ImageView::setImageName(const QString& name) {
 
 void ImageView::paintEvent(QPaintEvent* /*event*/) {
   const qreal scale = devicePixelRatioF();
-  if (drawn_.isNull() || drawn_.deviceIndependentSize().toSize() != size() || drawn_.devicePixelRatio() != scale) {
+  if (drawn_.isNull() || drawn_.deviceIndependentSize().toSize() != size() ||
+      drawn_.devicePixelRatio() != scale) {
     drawn_ = namedImage(imageName_, size(), scale);
   }
   QPainter(this).drawPixmap(QPointF(), drawn_);

@@ -6,8 +6,8 @@
 
 namespace quillmeter {
 
-/// Shows a picture by name, scaled to the view and crisp at every scale factor. Lets mouse presses through to the view
-/// below.
+/// Shows a picture by name, scaled to the view and crisp at every scale factor. Lets mouse presses through to
+/// the view below.
 class ImageView : public QLabel {
   Q_OBJECT
 

@@ -67,7 +67,8 @@ void NSButtonWithHover::mouseReleaseEvent(QMouseEvent* event) {
   QPushButton::mouseReleaseEvent(event);  // sends the action, which may take long, or the button with it
   if (self.isNull() || event->button() != Qt::LeftButton) return;
   tracksClick_ = false;
-  setImageName(endsClick ? QStringLiteral("btn_open_project_press") : QStringLiteral("btn_open_project_normal"));
+  setImageName(endsClick ? QStringLiteral("btn_open_project_press")
+                         : QStringLiteral("btn_open_project_normal"));
 }
 
 void NSButtonWithHover::showEvent(QShowEvent* event) {
@@ -78,9 +79,11 @@ void NSButtonWithHover::showEvent(QShowEvent* event) {
 void NSButtonWithHover::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  const bool changed = isDown() && buttonType_ == ButtonType::momentaryChange && !alternateImageName_.isEmpty();
+  const bool changed =
+      isDown() && buttonType_ == ButtonType::momentaryChange && !alternateImageName_.isEmpty();
   if (!isEnabled()) painter.setOpacity(0.5);
-  painter.drawPixmap(QPointF(), namedImage(changed ? alternateImageName_ : imageName_, size(), devicePixelRatioF()));
+  painter.drawPixmap(QPointF(),
+                     namedImage(changed ? alternateImageName_ : imageName_, size(), devicePixelRatioF()));
   painter.setPen(Qt::white);
   painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
   if (hasFocus()) {

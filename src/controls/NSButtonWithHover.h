@@ -7,12 +7,12 @@
 
 namespace quillmeter {
 
-/// The open-project button: a push button whose picture fills it and changes as the mouse comes, goes and presses. Its
-/// title is drawn over the picture.
+/// The open-project button: a push button whose picture fills it and changes as the mouse comes, goes and
+/// presses. Its title is drawn over the picture.
 ///
-/// After a click the pressed picture is shown only when the press has been dealt with (the action included), and it
-/// stays until the mouse leaves or a release comes that ends no press. While the button is held down it shows its
-/// alternate picture, when it is of the type that does so.
+/// After a click the pressed picture is shown only when the press has been dealt with (the action included),
+/// and it stays until the mouse leaves or a release comes that ends no press. While the button is held down
+/// it shows its alternate picture, when it is of the type that does so.
 class NSButtonWithHover : public QPushButton {
   Q_OBJECT
   /// The picture by name.
@@ -36,8 +36,8 @@ class NSButtonWithHover : public QPushButton {
   [[nodiscard]] const QString& alternateImageName() const { return alternateImageName_; }
   void setAlternateImageName(const QString& name) { alternateImageName_ = name; }
 
-  /// Replaces the area that the mouse is tracked in by a fresh one over the whole button; it reports only while the
-  /// button's window has the keyboard.
+  /// Replaces the area that the mouse is tracked in by a fresh one over the whole button; it reports only
+  /// while the button's window has the keyboard.
   void updateTrackingAreas();
 
   [[nodiscard]] QSize sizeHint() const override;

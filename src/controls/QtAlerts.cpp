@@ -12,8 +12,8 @@
 namespace quillmeter {
 namespace {
 
-/// The toolkit's box takes Esc and the close button only when it can guess a button that they stand for; here they
-/// always dismiss.
+/// The toolkit's box takes Esc and the close button only when it can guess a button that they stand for; here
+/// they always dismiss.
 class AlertBox final : public QMessageBox {
  public:
   using QMessageBox::QMessageBox;
@@ -54,7 +54,8 @@ std::optional<int> QtAlerts::runModal(QWidget* parent, const QString& message, c
   box->setStyleSheet(styleSheetFor(themeFor(box->palette())) +
                      QStringLiteral("QDialogButtonBox { button-layout: 0; } QMessageBox { background: %1; }")
                          .arg(themeFor(box->palette()).card.name()));
-  for (const QString& button : buttons) box->addButton(button, QMessageBox::ActionRole);
+  for (const QString& button : buttons)
+    box->addButton(button, QMessageBox::ActionRole);
   const QList<QAbstractButton*> made = box->buttons();
   if (!made.isEmpty()) {
     auto* first = qobject_cast<QPushButton*>(made.constFirst());

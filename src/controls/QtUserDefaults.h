@@ -7,8 +7,8 @@
 
 namespace quillmeter {
 
-/// User defaults in an INI file of the user's. A file that is missing, unreadable or garbage reads as empty; one that
-/// cannot be written keeps what was set for as long as this object lives.
+/// User defaults in an INI file of the user's. A file that is missing, unreadable or garbage reads as empty;
+/// one that cannot be written keeps what was set for as long as this object lives.
 class QtUserDefaults final : public UserDefaults {
  public:
   /// The application's own file: Quillmeter/Quillmeter.ini in the user's configuration folder.

@@ -3,8 +3,8 @@
 /// How a picture is stretched to a width with its ends left as they are.
 namespace quillmeter {
 
-/// A piece of the picture and where it goes; both lie on one line, so only x and width are told. A piece without
-/// width is not drawn.
+/// A piece of the picture and where it goes; both lie on one line, so only x and width are told. A piece
+/// without width is not drawn.
 struct Slice {
   float sourceX;
   float sourceWidth;
@@ -21,8 +21,9 @@ struct ThreeSlice {
   float width;  ///< of the result; nothing is drawn when it is not positive
 };
 
-/// The three slices of a picture `imageWidth` wide: its left and right ends of the cap widths, and what lies between
-/// them stretched to `middleWidth`.
-[[nodiscard]] ThreeSlice threeSlice(float imageWidth, float leftCapWidth, float middleWidth, float rightCapWidth);
+/// The three slices of a picture `imageWidth` wide: its left and right ends of the cap widths, and what lies
+/// between them stretched to `middleWidth`.
+[[nodiscard]] ThreeSlice threeSlice(float imageWidth, float leftCapWidth, float middleWidth,
+                                    float rightCapWidth);
 
 }  // namespace quillmeter

@@ -51,11 +51,9 @@ void setTag(QWidget* view, std::int64_t tag) {
 
 bool isControl(const QWidget* view) {
   static const std::array<const QMetaObject*, 9> kControls{
-      &QAbstractButton::staticMetaObject,  &QLabel::staticMetaObject,
-      &QLineEdit::staticMetaObject,        &QAbstractSpinBox::staticMetaObject,
-      &QComboBox::staticMetaObject,        &QAbstractSlider::staticMetaObject,
-      &QAbstractItemView::staticMetaObject, &QTextEdit::staticMetaObject,
-      &QPlainTextEdit::staticMetaObject};
+      &QAbstractButton::staticMetaObject,   &QLabel::staticMetaObject,    &QLineEdit::staticMetaObject,
+      &QAbstractSpinBox::staticMetaObject,  &QComboBox::staticMetaObject, &QAbstractSlider::staticMetaObject,
+      &QAbstractItemView::staticMetaObject, &QTextEdit::staticMetaObject, &QPlainTextEdit::staticMetaObject};
   return std::any_of(kControls.begin(), kControls.end(),
                      [view](const QMetaObject* control) { return view->metaObject()->inherits(control); });
 }

@@ -9,15 +9,17 @@
 
 class QWidget;
 
-/// Enables or disables the controls nested in a view, at any depth, that pass a filter. `disable` true disables, false
-/// enables. The view itself never changes. Containers (plain widgets, frames, scroll areas ...) are passed over, since
-/// a disabled container would take its whole contents with it, but what they hold is visited; so is what lies in a
-/// control. Children come before their parents; windows that belong to the view are no part of it.
+/// Enables or disables the controls nested in a view, at any depth, that pass a filter. `disable` true
+/// disables, false enables. The view itself never changes. Containers (plain widgets, frames, scroll areas
+/// ...) are passed over, since a disabled container would take its whole contents with it, but what they hold
+/// is visited; so is what lies in a control. Children come before their parents; windows that belong to the
+/// view are no part of it.
 namespace quillmeter {
 
 using SubviewFilter = std::function<bool(const QWidget*)>;
 
-/// The number that a view is known by: its dynamic property "tag"; without one 0 for a control and -1 for others.
+/// The number that a view is known by: its dynamic property "tag"; without one 0 for a control and -1 for
+/// others.
 [[nodiscard]] std::int64_t tagOf(const QWidget* view);
 void setTag(QWidget* view, std::int64_t tag);
 
