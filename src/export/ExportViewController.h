@@ -69,7 +69,7 @@ class ExportViewController final : public QWidget {
 
   ExportHost& host_;
   Services services_;
-  std::unique_ptr<Ui::ExportViewController> ui_;
+  std::unique_ptr<::Ui::ExportViewController> ui_;
   std::array<QPointer<QCheckBox>, 5> checkboxes_;
 };
 
