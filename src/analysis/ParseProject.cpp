@@ -25,21 +25,11 @@ std::string parentFolder(const std::string& path) {
   return folder.empty() ? "/" : folder;
 }
 
-std::vector<std::string_view> piecesOf(std::string_view path) {
-  std::vector<std::string_view> pieces;
-  for (;;) {
-    const std::size_t slash = path.find('/');
-    pieces.push_back(path.substr(0, slash));
-    if (slash == std::string_view::npos) return pieces;
-    path.remove_prefix(slash + 1);
-  }
-}
-
 /// `path` with one run of k ".." folded with the k pieces before it. Only a single run is understood: with
 /// several, the pieces behind the first ".." are dropped by their number all the same. Absent when the run
 /// climbs past the root.
 std::optional<std::string> folded(const std::string& path) {
-  const auto pieces = piecesOf(path);
+  const auto pieces = pathComponents(path);
   const auto first = std::find(pieces.begin(), pieces.end(), "..");
   if (first == pieces.end()) return path;
   const auto count = std::count(pieces.begin(), pieces.end(), "..");

@@ -1,25 +1,94 @@
 #include "analysis/PathIndex.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "support/Paths.h"
 #include "support/Text.h"
 
 namespace quillmeter {
+namespace {
+
+/// What R = A/…/Z repeated must end in: ZA/…/Z.
+std::string joinOfRepetition(std::string_view reference) {
+  return std::string(reference.substr(reference.rfind('/') + 1)).append(reference);
+}
+
+/// Whether `text` is its first `period` bytes over and over.
+bool hasPeriod(std::string_view text, std::size_t period) {
+  return text.substr(period) == text.substr(0, text.size() - period);
+}
+
+}  // namespace
 
 PathIndex::PathIndex(FolderWalk walk) : walk_(std::move(walk)) {}
 
-void PathIndex::forEachCandidate(std::string_view reference,
-                                 const std::function<bool(const std::string& path)>& visit) {
-  const std::string lowerCasedReference = lowerCased(reference);
-  for (FolderWalk::Index i = 0; i < walk_.size(); ++i) {
-    const std::string path = walk_.path(i);
-    if (lowerCased(walk_.name(i)) != lowerCasedReference) {
-      if (!path.ends_with(reference)) continue;
-      const std::string rest = removingOccurrences(path, reference);
-      if (!rest.empty() && !rest.ends_with('/')) continue;
+void PathIndex::forEachCandidate(std::string_view reference, const Visitor& visit) {
+  if (reference.empty()) return;
+  const bool isName = reference.find('/') == std::string_view::npos;
+  EndingTable& table = isName ? names() : endings(pathComponents(reference).size());
+  EndingTable::Group* group = isName ? table.find(lowerCased(reference)) : table.find(reference);
+  const Entries& repeated = repetitions(std::string(reference), table);
+  auto nextRepeated = repeated.begin();
+  for (;;) {
+    const FolderWalk::Index single = group != nullptr ? group->candidate : FolderWalk::kNone;
+    // An entry that is in both lists is offered once.
+    while (nextRepeated != repeated.end() && *nextRepeated == single)
+      ++nextRepeated;
+    const FolderWalk::Index twice = nextRepeated != repeated.end() ? *nextRepeated : FolderWalk::kNone;
+    const FolderWalk::Index entry = std::min(single, twice);
+    if (entry == FolderWalk::kNone) return;
+    const std::string path = walk_.path(entry);
+    const bool matches = (isName && entry == single) || endsInReference(path, reference);
+    if (matches && visit(path)) return;
+    if (entry == single) {
+      group->candidate = table.next(single);
+    } else {
+      ++nextRepeated;
     }
-    if (visit(path)) return;
   }
+}
+
+EndingTable& PathIndex::names() {
+  if (!names_) {
+    names_ = std::make_unique<EndingTable>(walk_, 1, EndingTable::Letters::lowerCased);
+    for (FolderWalk::Index entry = 0; entry < walk_.size(); ++entry)
+      listRepeatedName(entry);
+  }
+  return *names_;
+}
+
+EndingTable& PathIndex::endings(std::size_t components) {
+  return endings_.try_emplace(components, walk_, components, EndingTable::Letters::asTheyAre).first->second;
+}
+
+/// Notes the entry under each shorter name that its own name repeats.
+void PathIndex::listRepeatedName(FolderWalk::Index entry) {
+  const std::string_view name = walk_.name(entry);
+  for (std::size_t period = name.size() / 2; period > 0; --period) {
+    if (name.size() % period != 0 || !hasPeriod(name, period)) continue;
+    repetitions_[std::string(name.substr(0, period))].push_back(entry);
+  }
+}
+
+const PathIndex::Entries& PathIndex::repetitions(const std::string& reference, EndingTable& table) {
+  static const Entries none;
+  const auto known = repetitions_.find(reference);
+  if (known != repetitions_.end()) return known->second;
+  if (reference.find('/') == std::string::npos) return none;
+  const EndingTable::Group* group = table.find(joinOfRepetition(reference));
+  if (group == nullptr) return none;
+  Entries& entries = repetitions_[reference];
+  for (FolderWalk::Index entry = group->chain; entry != FolderWalk::kNone; entry = table.next(entry)) {
+    if (endsInReference(walk_.path(entry), reference)) entries.push_back(entry);
+  }
+  return entries;
+}
+
+bool PathIndex::endsInReference(const std::string& path, std::string_view reference) const {
+  if (!path.ends_with(reference)) return false;
+  const std::string rest = removingOccurrences(path, reference);
+  return rest.empty() || rest.ends_with('/');
 }
 
 }  // namespace quillmeter

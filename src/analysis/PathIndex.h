@@ -1,44 +1,69 @@
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
+#include "analysis/EndingTable.h"
 #include "analysis/FolderWalk.h"
 
 namespace quillmeter {
 
-/// Answers which of a walk's paths a reference may stand for, without looking at all of them.
+/// Answers which of a walk's paths a reference may stand for, in time that does not depend on how many there
+/// are.
 ///
 /// The rule it answers for: a path C matches a reference R when C's last component, lower-cased, equals R
 /// lower-cased; or when C ends with R (case-sensitively) and C with every occurrence of R removed is empty or
 /// ends with "/". The candidates of R are the matching paths in walk order.
 ///
-/// Why an index can give exactly these: when C matches by its ending, the removed occurrences at C's end form
-/// R repeated k times, k ≥ 1, and begin behind a "/" (or at C's start). So C ends in whole components that
-/// spell R^k, and a table from such endings to paths finds all of them. There is one table for each number of
-/// components that references have, made when first needed; for k ≥ 2 the tables are asked only where a
-/// component exists that such a repetition must contain. Each candidate found is still tested by the rule
-/// itself.
+/// Why an index can give exactly these: when C matches by its ending, the occurrences removed at C's end
+/// spell R repeated k times, k ≥ 1, and begin at C's start or behind a "/".
+///  - For k = 1, C ends in whole components that spell R: a table from endings of so many components finds
+///  it. There
+///    is one table for each number of components that references have, made when first needed.
+///  - For k ≥ 2 and R a plain name, C's last component is R repeated: such names are listed when the names
+///  are read.
+///  - For k ≥ 2 and R = A/…/Z, C also ends in ZA/…/Z, which the same table finds (and next to no project
+///  has).
+/// What is found for an ending is still tested by the rule itself. A group of entries belongs to one
+/// reference only, and what was missing or failed the test is dropped from it, so that all questions together
+/// stay linear.
 ///
-/// Not for use by two threads at a time: asking may build a table.
+/// Not for use by two threads at a time: asking may make a table.
 class PathIndex {
  public:
   explicit PathIndex(FolderWalk walk);
+  PathIndex(const PathIndex&) = delete;
+  PathIndex& operator=(const PathIndex&) = delete;
 
-  [[nodiscard]] const FolderWalk& walk() const { return walk_; }
+  /// Takes a candidate by returning true. A candidate that it refuses is taken for missing on disk and may
+  /// not be offered again.
+  using Visitor = std::function<bool(const std::string& path)>;
 
-  /// Calls `visit` with each candidate of `reference` in walk order until it returns true (it took the
-  /// candidate) or none is left. A candidate that `visit` refuses is taken for missing on disk and may not be
-  /// offered again.
-  void forEachCandidate(std::string_view reference,
-                        const std::function<bool(const std::string& path)>& visit);
+  /// Offers each candidate of `reference` to `visit` in walk order until one is taken or none is left. The
+  /// empty reference has none.
+  void forEachCandidate(std::string_view reference, const Visitor& visit);
 
  private:
+  using Entries = std::vector<FolderWalk::Index>;
+
+  [[nodiscard]] EndingTable& names();
+  [[nodiscard]] EndingTable& endings(std::size_t components);
+  void listRepeatedName(FolderWalk::Index entry);
+  [[nodiscard]] const Entries& repetitions(const std::string& reference, EndingTable& table);
+  [[nodiscard]] bool endsInReference(const std::string& path, std::string_view reference) const;
+
   FolderWalk walk_;
+  std::unique_ptr<EndingTable> names_;
+  std::map<std::size_t, EndingTable> endings_;
+  /// The entries that match a reference repeated, by reference: all there are for plain names, and for others
+  /// those asked for so far whose ending exists.
+  std::unordered_map<std::string, Entries> repetitions_;
 };
 
 }  // namespace quillmeter

@@ -4,8 +4,9 @@ namespace CLI {
 class App;
 }
 
-/// The commands of the tool, each in a source file of its own. Each function adds its command to `app`; when the user
-/// asks for it, parsing the command line runs it and leaves an `ExitStatus` in `status`, which must outlive `app`.
+/// The commands of the tool, each in a source file of its own. Each function adds its command to `app`; when
+/// the user asks for it, parsing the command line runs it and leaves an `ExitStatus` in `status`, which must
+/// outlive `app`.
 namespace quillmeter {
 
 void addMeasureCommand(CLI::App& app, int& status);

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <charconv>
+#include <cstdlib>
 
 namespace quillmeter {
 
@@ -11,11 +12,30 @@ struct DecimalFormatter::Implementation {
   icu::number::LocalizedNumberFormatter formatter;
 };
 
+namespace {
+
+/// The locale that numbers go by: the first of the process's variables that is set, as the C library chooses.
+std::string localeOfEnvironment() {
+  for (const char* variable : {"LC_ALL", "LC_NUMERIC", "LANG"}) {
+    const char* value = std::getenv(variable);
+    if (value != nullptr && *value != '\0') return value;
+  }
+  return "C";
+}
+
+icu::Locale localeNamed(std::string name) {
+  if (name.empty()) name = localeOfEnvironment();
+  // The POSIX locale knows no grouping; the program's texts are English, so its numbers are then too.
+  const bool posix = name == "C" || name == "POSIX" || name.starts_with("C.");
+  return posix ? icu::Locale::getUS() : icu::Locale::createCanonical(name.c_str());
+}
+
+}  // namespace
+
 DecimalFormatter::DecimalFormatter(int minimumFractionDigits, int maximumFractionDigits,
                                    const std::string& locale)
     : implementation_(new Implementation{
-          icu::number::NumberFormatter::withLocale(locale.empty() ? icu::Locale::getDefault()
-                                                                  : icu::Locale(locale.c_str()))
+          icu::number::NumberFormatter::withLocale(localeNamed(locale))
               .precision(icu::number::Precision::minMaxFraction(minimumFractionDigits, maximumFractionDigits))
               .roundingMode(UNUM_ROUND_HALFEVEN)}) {}
 

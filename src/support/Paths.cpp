@@ -22,6 +22,16 @@ std::string joinedPath(std::string_view folder, std::string_view name) {
   return result;
 }
 
+std::vector<std::string_view> pathComponents(std::string_view path) {
+  std::vector<std::string_view> components;
+  for (;;) {
+    const std::size_t slash = path.find('/');
+    components.push_back(path.substr(0, slash));
+    if (slash == std::string_view::npos) return components;
+    path.remove_prefix(slash + 1);
+  }
+}
+
 std::string_view textAfterLastDot(std::string_view text) {
   return text.substr(text.rfind('.') + 1);
 }

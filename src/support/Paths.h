@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// Paths are bytes as the file system has them; none of these touches the disk.
 namespace quillmeter {
@@ -12,6 +13,10 @@ namespace quillmeter {
 
 /// `folder` and `name` with exactly one "/" between them. An empty part gives the other one.
 [[nodiscard]] std::string joinedPath(std::string_view folder, std::string_view name);
+
+/// The pieces between the "/" of a path, so a first empty one for an absolute path; one empty piece for the
+/// empty path. They point into `path`.
+[[nodiscard]] std::vector<std::string_view> pathComponents(std::string_view path);
 
 /// The text behind the last "." of any string, the whole string when it has none: the rule that file kinds go
 /// by.

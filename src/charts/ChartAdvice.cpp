@@ -1,0 +1,57 @@
+#include "charts/ChartAdvice.h"
+
+#include "charts/ChartKind.h"
+#include "charts/Ratio.h"
+#include "support/NumberFormat.h"
+
+namespace quillmeter {
+namespace {
+
+constexpr double kTooLittle = 0.4;
+constexpr double kTooMuch = 2.0;
+
+/// A ratio that is not a number fails every comparison and so gets no advice.
+std::optional<std::string> codeAdvice(double share) {
+  if (share < kTooLittle) return "too little code/responsability; try adding more";
+  if (share <= kTooMuch) return "code level is in\nnormal range";
+  if (share > kTooMuch) return "too much code/responsability; try distributing it to other classes";
+  return std::nullopt;
+}
+
+std::optional<std::string> sizeAdvice(double share, std::int32_t graphType) {
+  if (share <= kTooMuch) return "size level is in\nnormal range";
+  if (!(share > kTooMuch)) return std::nullopt;
+  return graphType == kXIBFilesBars ? "size level is above average; try optimizing the XIB file"
+                                    : "size level is above average; try optimizing the image";
+}
+
+}  // namespace
+
+std::string chartSizeText(double bytes) {
+  const double kilobytes = bytes / 1024.0;
+  return kilobytes >= 1024.0 ? fixed(kilobytes / 1024.0, 1) + " MB" : fixed(kilobytes, 1) + " KB";
+}
+
+std::string barValueText(std::int32_t graphType, const FileObject& file) {
+  return graphType == kSourceFilesBars ? std::to_string(integerValue(file.noLinesTotal())) + " lines"
+                                       : chartSizeText(doubleValue(file.fileSize()));
+}
+
+std::optional<ChartAdvice> chartAdvice(std::int32_t graphType, const FileObject& file, double average) {
+  if (!isBarChart(graphType)) return std::nullopt;
+  ChartAdvice advice;
+  advice.fileName = file.fileName().value_or(std::string());
+  const double share = ratio(doubleValue(barMeasure(graphType, file)), average);
+  if (graphType == kSourceFilesBars) {
+    advice.value = "LOC: " + barValueText(graphType, file);
+    advice.average = "Average: " + fixed(average, 1) + " lines";
+    advice.advice = codeAdvice(share);
+  } else {
+    advice.value = "File size: " + barValueText(graphType, file);
+    advice.average = "Average: " + chartSizeText(average);
+    advice.advice = sizeAdvice(share, graphType);
+  }
+  return advice;
+}
+
+}  // namespace quillmeter

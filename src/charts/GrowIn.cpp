@@ -1,0 +1,27 @@
+#include "charts/GrowIn.h"
+
+#include "charts/ChartKind.h"
+#include "support/Number.h"
+
+namespace quillmeter {
+namespace {
+
+constexpr std::int32_t kBarSteps = 25;
+constexpr std::int32_t kPieSteps = 15;
+constexpr float kFullRadius = 200.0F;
+
+}  // namespace
+
+std::int32_t firstGrowInStep(std::int32_t graphType) {
+  return graphType > kFileKindsPie ? kBarSteps : kPieSteps;
+}
+
+float growInFactor(std::int32_t step) {
+  return static_cast<float>((25.0 - step) / 25.0);
+}
+
+std::int32_t pieRadius(std::int32_t step) {
+  return clampedToInt32(static_cast<double>(growInFactor(step) * kFullRadius));
+}
+
+}  // namespace quillmeter

@@ -1,0 +1,62 @@
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "cli/Commands.h"
+#include "cli/ExitStatus.h"
+#include "cli/Measurement.h"
+#include "cli/MeasurementFormats.h"
+#include "cli/Output.h"
+
+namespace quillmeter {
+namespace {
+
+struct MeasureOptions {
+  ReadOptions read;
+  std::string format = "table";
+  std::optional<std::string> outputPath;
+};
+
+int measure(const MeasureOptions& options) {
+  const auto project = readProject(options.read);
+  if (!project) return kNothingMeasured;
+  Output output(options.outputPath);
+  if (options.format == "json") {
+    writeJson(*project, output);
+  } else if (options.format == "csv") {
+    writeCsv(*project, output);
+  } else {
+    writeTable(*project, output);
+  }
+  const auto error = output.finish();
+  if (!error) return kSuccess;
+  complain(*error);
+  return kOutputFailed;
+}
+
+}  // namespace
+
+void addMeasureCommand(CLI::App& app, int& status) {
+  const auto options = std::make_shared<MeasureOptions>();
+  CLI::App* command = app.add_subcommand("measure", "Measure a project and show its totals or every file");
+  command
+      ->add_option("PROJECT", options->read.project,
+                   "A folder that holds an .xcodeproj bundle, or the bundle")
+      ->required();
+  command->add_option("--format", options->format, "table: totals to read; json, csv: every file")
+      ->check(CLI::IsMember({"table", "json", "csv"}))
+      ->capture_default_str();
+  command->add_option("-o,--output", options->outputPath, "Write to FILE instead of standard output")
+      ->type_name("FILE");
+  command->add_flag("--quiet", options->read.quiet, "Show no progress");
+  command->add_flag("--verbose", options->read.verbose, "Say on standard error what is being read");
+  command->footer(
+      "Examples:\n"
+      "  quillmeter-cli measure ~/Projects/Notebook\n"
+      "  quillmeter-cli measure --format json -o numbers.json Notebook.xcodeproj\n"
+      "  quillmeter-cli measure --format csv . > numbers.csv");
+  command->callback([options, &status] { status = measure(*options); });
+}
+
+}  // namespace quillmeter

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "analysis/ParseProject.h"
+
+namespace quillmeter {
+
+/// How a command reads a project for its user.
+struct ReadOptions {
+  std::string project;   ///< the argument as the user gave it
+  bool quiet = false;    ///< no progress bar
+  bool verbose = false;  ///< the reader's diagnostic lines on standard error
+};
+
+/// Reads the project. Null when not one file could be measured; the user has been told on standard error
+/// then.
+[[nodiscard]] std::unique_ptr<ParseProject> readProject(const ReadOptions& options);
+
+/// Writes a line for the user on standard error, behind the tool's name.
+void complain(const std::string& message);
+
+}  // namespace quillmeter

@@ -1,0 +1,100 @@
+#include "cli/MeasurementFormats.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "analysis/ParseProject.h"
+#include "cli/JsonWriter.h"
+#include "cli/Output.h"
+
+namespace quillmeter {
+namespace {
+
+using Counter = const std::optional<Number>& (FileObject::*)() const;
+
+struct CounterField {
+  std::string_view name;
+  Counter value;
+};
+
+constexpr std::array<CounterField, 7> kCounterFields = {{
+    {"fileSize", &FileObject::fileSize},
+    {"noLinesTotal", &FileObject::noLinesTotal},
+    {"noLinesComments", &FileObject::noLinesComments},
+    {"noLinesWithoutSpaces", &FileObject::noLinesWithoutSpaces},
+    {"noWords", &FileObject::noWords},
+    {"noCharactersWithoutSpaces", &FileObject::noCharactersWithoutSpaces},
+    {"noCharactersTotal", &FileObject::noCharactersTotal},
+}};
+
+void writeFile(const FileObject& file, JsonWriter& json) {
+  json.beginObject();
+  json.member("fileName", file.fileName());
+  json.member("filePath", file.filePath());
+  for (const CounterField& field : kCounterFields)
+    json.member(field.name, (file.*field.value)());
+  json.endObject();
+}
+
+void writeTotals(const ParseProject& project, JsonWriter& json) {
+  const auto count = [&json](std::string_view name, std::size_t value) {
+    json.member(name, static_cast<std::int64_t>(value));
+  };
+  json.beginObject();
+  count("getNumberCodeFiles", project.getNumberCodeFiles());
+  count("getNumberImageFiles", project.getNumberImageFiles());
+  count("getNumberXIBFiles", project.getNumberXIBFiles());
+  count("getNumberInstanceMethods", project.getNumberInstanceMethods());
+  count("getNumberStaticMethods", project.getNumberStaticMethods());
+  json.endObject();
+}
+
+void writeCsvField(std::string_view text, Output& output) {
+  if (text.find_first_of(",\"\r\n") == std::string_view::npos) return output.write(text);
+  output.write("\"");
+  for (std::size_t quote = text.find('"'); quote != std::string_view::npos; quote = text.find('"')) {
+    output.write(text.substr(0, quote + 1));
+    output.write("\"");
+    text.remove_prefix(quote + 1);
+  }
+  output.write(text);
+  output.write("\"");
+}
+
+}  // namespace
+
+void writeJson(const ParseProject& project, Output& output) {
+  JsonWriter json(output);
+  json.beginObject();
+  json.member("projectTitle", std::string_view(project.projectTitle()));
+  json.member("initialPath", std::string_view(project.initialPath()));
+  json.key("files");
+  json.beginArray();
+  for (const auto& file : project.files())
+    writeFile(*file, json);
+  json.endArray();
+  json.key("totals");
+  writeTotals(project, json);
+  json.endObject();
+}
+
+void writeCsv(const ParseProject& project, Output& output) {
+  output.write("fileName,filePath");
+  for (const CounterField& field : kCounterFields)
+    output.write(std::string(",").append(field.name));
+  output.write("\n");
+  for (const auto& file : project.files()) {
+    writeCsvField(file->fileName().value_or(""), output);
+    output.write(",");
+    writeCsvField(file->filePath().value_or(""), output);
+    for (const CounterField& field : kCounterFields) {
+      const std::optional<Number>& number = (*file.*field.value)();
+      output.write(number ? "," + number->stringValue() : ",");
+    }
+    output.write("\n");
+  }
+}
+
+}  // namespace quillmeter

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <chrono>
+
+#include "analysis/ParseProject.h"
+
+namespace quillmeter {
+
+/// Shows the progress of a read as one line on standard error that is drawn over and taken away at the end.
+/// It only appears when the read takes longer than a moment and standard error is a terminal.
+class ProgressBar final : public ParseProjectDelegate {
+ public:
+  explicit ProgressBar(bool enabled);
+
+  void progressParsingProjectStarted() override;
+  void progressParsingProject(double fraction) override;
+  void progressParsingProjectEnded() override;
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  bool enabled_;
+  bool shown_ = false;
+  Clock::time_point nextDrawing_;
+};
+
+}  // namespace quillmeter

@@ -1,0 +1,80 @@
+#include "stats/CleanUpToolViewController.h"
+
+#include <QGraphicsOpacityEffect>
+#include <chrono>
+
+#include "analysis/ParseProject.h"
+#include "stats/CleanUpTable.h"
+#include "stats/DetailsTable.h"
+#include "stats/StatsHost.h"
+#include "ui_CleanUpToolViewController.h"
+
+namespace quillmeter {
+namespace {
+
+constexpr std::chrono::milliseconds kBeforeSearch(1000);
+
+}  // namespace
+
+std::unique_ptr<CleanUpToolViewController> CleanUpToolViewController::create(StatsHost& host,
+                                                                             const Services& services) {
+  std::unique_ptr<CleanUpToolViewController> controller(new CleanUpToolViewController(host, services));
+  controller->initViewCustom();
+  return controller;
+}
+
+CleanUpToolViewController::CleanUpToolViewController(StatsHost& host, const Services& services)
+    : host_(host), services_(services), ui_(std::make_unique<Ui::CleanUpToolViewController>()) {
+  ui_->setupUi(this);
+  setAttribute(Qt::WA_StyledBackground);
+  ui_->tblFiles->setRevealButtonLook(RevealButtonLook::bullet);
+  ui_->tblFiles->setEmptyText(
+      tr("Search for source, image and interface files in the project's folder\n"
+         "that the project does not reference."));
+  QSizePolicy policy = ui_->progressIndicator->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  ui_->progressIndicator->setSizePolicy(policy);
+  ui_->progressIndicator->hide();
+  searchButtonOpacity_ = new QGraphicsOpacityEffect(ui_->btnSearchFiles);
+  searchButtonOpacity_->setOpacity(1.0);
+  ui_->btnSearchFiles->setGraphicsEffect(searchButtonOpacity_);
+  connect(ui_->btnSearchFiles, &QPushButton::clicked, this, &CleanUpToolViewController::tapSearchFiles);
+  connect(ui_->tblFiles, &FileTableView::revealRequested, this, &CleanUpToolViewController::tapViewInFinder);
+}
+
+CleanUpToolViewController::~CleanUpToolViewController() = default;
+
+void CleanUpToolViewController::initViewCustom() {}
+
+void CleanUpToolViewController::tapSearchFiles() {
+  if (searchButtonOpacity_->opacity() < 1.0) return;
+  searchButtonOpacity_->setOpacity(0.0);
+  ui_->progressIndicator->show();
+  services_.delayedCalls->performAfterDelay(this, kBeforeSearch, [this] { lookforFiles(); });
+}
+
+void CleanUpToolViewController::lookforFiles() {
+  const auto project = host_.parserProject();
+  ui_->tblFiles->setTable(cleanUpTable(project->allFilesInFolder(), project->files()));
+  ui_->tblFiles->setEmptyText(tr("No file was found that the project does not reference."));
+  ui_->lblRowCount->setText(
+      tr("%1 not referenced").arg(tableText(fileCountText(arrayDifferentFiles().size()))));
+  searchButtonOpacity_->setOpacity(1.0);
+  ui_->progressIndicator->hide();
+  if (arrayDifferentFiles().empty()) {
+    services_.alerts->runModal(window(), tableText(kCleanProjectText), {tr("Ok")});
+  }
+}
+
+const FileList& CleanUpToolViewController::arrayDifferentFiles() const {
+  return ui_->tblFiles->table().rows();
+}
+
+void CleanUpToolViewController::tapViewInFinder(int row) {
+  const FileList& files = arrayDifferentFiles();
+  if (row < 0 || static_cast<std::size_t>(row) >= files.size()) return;
+  const auto& path = files[static_cast<std::size_t>(row)]->filePath();
+  if (path) services_.fileBrowser->reveal(*path);
+}
+
+}  // namespace quillmeter

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "analysis/FileObject.h"
+#include "controls/Services.h"
+
+class QGraphicsOpacityEffect;
+
+namespace quillmeter {
+
+class StatsHost;
+namespace Ui {
+class CleanUpToolViewController;
+}
+
+/// The clean-up tool: looks for files in the project's folder that the project does not reference, and lists
+/// them. It holds no result until the first search; each search starts afresh. Its maker owns it. Main thread
+/// only: the search itself holds up the interface, so it begins when the indicator has had time to show.
+class CleanUpToolViewController final : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// A panel with an empty table without columns. `host` outlives it.
+  [[nodiscard]] static std::unique_ptr<CleanUpToolViewController> create(StatsHost& host,
+                                                                         const Services& services);
+  ~CleanUpToolViewController() override;
+
+  void initViewCustom();
+  /// Searches after a second. Nothing happens while a search is pending.
+  void tapSearchFiles();
+  /// Searches now; an alert says so when there is nothing to clean up.
+  void lookforFiles();
+  /// Reveals the file of a row; nothing happens for a row that is not there.
+  void tapViewInFinder(int row);
+
+  /// The unreferenced files in display order.
+  [[nodiscard]] const FileList& arrayDifferentFiles() const;
+
+ private:
+  CleanUpToolViewController(StatsHost& host, const Services& services);
+
+  StatsHost& host_;
+  Services services_;
+  std::unique_ptr<Ui::CleanUpToolViewController> ui_;
+  QGraphicsOpacityEffect* searchButtonOpacity_;
+};
+
+}  // namespace quillmeter

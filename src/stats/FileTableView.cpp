@@ -1,0 +1,155 @@
+#include "stats/FileTableView.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
+#include <algorithm>
+#include <utility>
+
+#include "controls/Theme.h"
+
+namespace quillmeter {
+
+FileTableView::FileTableView(QWidget* parent) : QTableView(parent), model_(new FileTableModel(this)) {
+  setModel(model_);
+  setSelectionBehavior(SelectRows);
+  setSelectionMode(ExtendedSelection);
+  setEditTriggers(NoEditTriggers);
+  setTextElideMode(Qt::ElideMiddle);
+  setWordWrap(false);
+  setShowGrid(false);
+  setAlternatingRowColors(true);
+  setTabKeyNavigation(false);
+  setMouseTracking(true);
+  setHorizontalScrollMode(ScrollPerPixel);
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(28);
+
+  QHeaderView* header = horizontalHeader();
+  header->setMinimumSectionSize(kMinimumColumnWidth);
+  header->setHighlightSections(false);
+  header->setSectionsClickable(true);
+  header->setSortIndicatorShown(true);
+  header->setSortIndicator(-1, Qt::AscendingOrder);
+  connect(header, &QHeaderView::sortIndicatorChanged, this, &FileTableView::sortByHeader);
+  connect(header, &QHeaderView::sectionResized, this,
+          [this](int section, int /*old*/, int width) { keepWidth(section, width); });
+  addActions();
+}
+
+void FileTableView::setRevealButtonLook(RevealButtonLook look) {
+  auto* delegate = new FileTableDelegate(look, this);
+  connect(delegate, &FileTableDelegate::revealRequested, this, &FileTableView::revealRequested);
+  setItemDelegate(delegate);
+}
+
+void FileTableView::addActions() {
+  setContextMenuPolicy(Qt::ActionsContextMenu);
+  auto* reveal = new QAction(tr("Show in file browser"), this);
+  reveal->setShortcuts({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
+  connect(reveal, &QAction::triggered, this, [this] {
+    if (currentIndex().isValid()) Q_EMIT revealRequested(currentIndex().row());
+  });
+  auto* copy = new QAction(tr("Copy"), this);
+  copy->setShortcut(QKeySequence::Copy);
+  connect(copy, &QAction::triggered, this, &FileTableView::copySelectedRows);
+  for (QAction* action : {reveal, copy}) {
+    action->setShortcutContext(Qt::WidgetShortcut);
+    addAction(action);
+  }
+}
+
+void FileTableView::setTable(FileTable table) {
+  {
+    const QScopedValueRollback fitting(isFitting_, true);
+    model_->setTable(std::move(table));
+  }
+  widths_.clear();
+  for (const FileTableColumn& column : this->table().columns())
+    widths_.push_back(column.width);
+  sortedSection_ = -1;
+  const QSignalBlocker quiet(horizontalHeader());
+  horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+  fitColumns();
+  scrollToTop();
+}
+
+void FileTableView::setEmptyText(const QString& text) {
+  emptyText_ = text;
+  viewport()->update();
+}
+
+void FileTableView::sortByHeader(int section, Qt::SortOrder order) {
+  if (section < 0) return;
+  const auto& columns = table().columns();
+  if (!columns[static_cast<std::size_t>(section)].isSortable()) {
+    const QSignalBlocker quiet(horizontalHeader());
+    horizontalHeader()->setSortIndicator(sortedSection_, sortOrder_);
+    return;
+  }
+  sortedSection_ = section;
+  sortOrder_ = order;
+  model_->sort(section, order);
+}
+
+void FileTableView::keepWidth(int section, int width) {
+  if (isFitting_ || static_cast<std::size_t>(section) >= widths_.size()) return;
+  const auto& column = table().columns()[static_cast<std::size_t>(section)];
+  const int allowed = std::min(width, column.maximumWidth.value_or(width));
+  const QScopedValueRollback fitting(isFitting_, true);
+  if (allowed != width) setColumnWidth(section, allowed);
+  for (int i = 0; i < model_->columnCount(); ++i)
+    widths_[static_cast<std::size_t>(i)] = columnWidth(i);
+}
+
+void FileTableView::fitColumns() {
+  const QScopedValueRollback fitting(isFitting_, true);
+  const std::vector<int> fitted = uniformWidths(table().columns(), widths_, viewport()->width());
+  for (int i = 0; i < model_->columnCount(); ++i)
+    setColumnWidth(i, fitted[static_cast<std::size_t>(i)]);
+}
+
+void FileTableView::keyboardSearch(const QString& search) {
+  const auto& columns = table().columns();
+  const auto name = std::find_if(columns.begin(), columns.end(),
+                                 [](const auto& column) { return column.field == FileTableField::fileName; });
+  if (name == columns.end() || model_->rowCount() == 0) return;
+  // The search goes through the column of the current cell and begins behind it, so that without a current
+  // row the last one makes it begin with the first.
+  const int row = currentIndex().isValid() ? currentIndex().row() : model_->rowCount() - 1;
+  const auto cell = model_->index(row, static_cast<int>(name - columns.begin()));
+  if (currentIndex() != cell) selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
+  QTableView::keyboardSearch(search);
+}
+
+void FileTableView::copySelectedRows() {
+  std::vector<std::size_t> rows;
+  const QModelIndexList selected = selectionModel()->selectedRows();
+  rows.reserve(static_cast<std::size_t>(selected.size()));
+  for (const QModelIndex& index : selected)
+    rows.push_back(static_cast<std::size_t>(index.row()));
+  if (rows.empty()) return;
+  std::sort(rows.begin(), rows.end());
+  QApplication::clipboard()->setText(tableText(table().tabSeparated(rows)));
+}
+
+void FileTableView::paintEvent(QPaintEvent* event) {
+  QTableView::paintEvent(event);
+  if (model_->rowCount() > 0 || emptyText_.isEmpty()) return;
+  QPainter painter(viewport());
+  painter.setPen(themeFor(palette()).mutedText);
+  painter.drawText(viewport()->rect().adjusted(kMargin, kMargin, -kMargin, -kMargin),
+                   Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+}
+
+void FileTableView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  fitColumns();
+}
+
+}  // namespace quillmeter

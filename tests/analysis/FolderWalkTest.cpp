@@ -1,0 +1,142 @@
+#include "analysis/FolderWalk.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <vector>
+
+#include "helpers/TemporaryFolder.h"
+#include "helpers/Unprivileged.h"
+
+namespace quillmeter {
+namespace {
+
+using testing::TemporaryFolder;
+
+std::vector<std::string> relativePaths(const TemporaryFolder& folder) {
+  const FolderWalk walk(folder.path());
+  std::vector<std::string> paths;
+  for (FolderWalk::Index i = 0; i < walk.size(); ++i)
+    paths.push_back(walk.path(i).substr(folder.path().size() + 1));
+  return paths;
+}
+
+std::size_t openDescriptors() {
+  std::size_t count = 0;
+  for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator("/proc/self/fd"))
+    ++count;
+  return count;
+}
+
+TEST(FolderWalk, ListsEntriesInByteOrderEachFolderFollowedByItsContents) {
+  const TemporaryFolder folder;
+  for (const char* file : {"b.m", "a/z.m", "a/B/c.m", "a.m", "Z.m", ".hidden/x", "ä.m"})
+    folder.file(file);
+  EXPECT_EQ(relativePaths(folder), (std::vector<std::string>{".hidden", ".hidden/x", "Z.m", "a", "a/B",
+                                                             "a/B/c.m", "a/z.m", "a.m", "b.m", "ä.m"}));
+}
+
+TEST(FolderWalk, LeavesTrailingSlashesOutOfThePaths) {
+  const TemporaryFolder folder;
+  folder.file("x.m");
+  EXPECT_EQ(FolderWalk(folder.path() + "//").path(0), folder / "x.m");
+}
+
+TEST(FolderWalk, ListsALinkToAFolderWithoutEnteringIt) {
+  const TemporaryFolder folder;
+  folder.file("real/x.m");
+  ASSERT_EQ(::symlink("real", (folder / "link").c_str()), 0);
+  ASSERT_EQ(::symlink(".", (folder / "loop").c_str()), 0);
+  EXPECT_EQ(relativePaths(folder), (std::vector<std::string>{"link", "loop", "real", "real/x.m"}));
+}
+
+TEST(FolderWalk, KnowsWhatKindOfEntryEachIs) {
+  const TemporaryFolder folder;
+  folder.folder("a");
+  folder.file("b");
+  ASSERT_EQ(::symlink("b", (folder / "c").c_str()), 0);
+  ASSERT_EQ(::mkfifo((folder / "d").c_str(), 0600), 0);
+  const FolderWalk walk(folder.path());
+  EXPECT_EQ(walk.type(0), FolderWalk::Type::folder);
+  EXPECT_EQ(walk.type(1), FolderWalk::Type::regular);
+  EXPECT_EQ(walk.type(2), FolderWalk::Type::link);
+  EXPECT_EQ(walk.type(3), FolderWalk::Type::other);
+}
+
+TEST(FolderWalk, HasNoEntriesForAMissingFolderOrAFile) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(FolderWalk(folder / "missing").size(), 0U);
+  EXPECT_EQ(FolderWalk(folder.file("x.m")).size(), 0U);
+}
+
+TEST(FolderWalk, PassesOverAnUnreadableFolderInTheMiddle) {
+  const TemporaryFolder folder;
+  for (const char* file : {"a/x.m", "b/hidden.m", "c/y.m"})
+    folder.file(file);
+  ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
+  ASSERT_EQ(::chmod((folder / "b").c_str(), 0), 0);
+  std::vector<std::string> paths;
+  {
+    const testing::Unprivileged unprivileged;
+    paths = relativePaths(folder);
+  }
+  ASSERT_EQ(::chmod((folder / "b").c_str(), 0755), 0);
+  EXPECT_EQ(paths, (std::vector<std::string>{"a", "a/x.m", "b", "c", "c/y.m"}));
+}
+
+TEST(FolderWalk, KeepsNamesThatAreNotUtf8) {
+  const TemporaryFolder folder;
+  folder.file("\xff\xfe.m");
+  EXPECT_EQ(relativePaths(folder), (std::vector<std::string>{"\xff\xfe.m"}));
+}
+
+/// Makes `levels` folders "d" inside each other, each with a file "z.m", and leaves them to `remove`.
+class DeepTree {
+ public:
+  DeepTree(const std::string& root, int levels) : root_(root) {
+    int folder = ::open(root.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    for (int i = 0; i < levels; ++i) {
+      EXPECT_EQ(::mkdirat(folder, "d", 0755), 0);
+      ::close(::openat(folder, "z.m", O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
+      const int next = ::openat(folder, "d", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+      ::close(folder);
+      folder = next;
+    }
+    ::close(folder);
+  }
+  ~DeepTree() {
+    // Deeper than a path can say, so folders are taken apart from the top: each is moved up and removed.
+    int number = 0;
+    std::string folder = root_ + "/d";
+    while (std::filesystem::exists(folder)) {
+      const std::string moved = root_ + "/moved" + std::to_string(++number);
+      if (std::filesystem::exists(folder + "/d")) std::filesystem::rename(folder + "/d", moved);
+      std::filesystem::remove(folder + "/z.m");
+      std::filesystem::remove(folder);
+      folder = moved;
+    }
+  }
+  DeepTree(const DeepTree&) = delete;
+  DeepTree& operator=(const DeepTree&) = delete;
+
+ private:
+  std::string root_;
+};
+
+TEST(FolderWalk, WalksFoldersNestedDeeperThanAPathMayBeLong) {
+  const TemporaryFolder folder;
+  constexpr int kLevels = 5000;
+  const DeepTree tree(folder.path(), kLevels);
+  const std::size_t open = openDescriptors();
+  const FolderWalk walk(folder.path());
+  EXPECT_EQ(openDescriptors(), open);
+  ASSERT_EQ(walk.size(), 2U * kLevels);
+  EXPECT_EQ(walk.path(kLevels - 1).size(), folder.path().size() + 2 * kLevels);
+  EXPECT_EQ(walk.name(kLevels), "z.m");
+}
+
+}  // namespace
+}  // namespace quillmeter

@@ -1,0 +1,252 @@
+#include "analysis/PathIndex.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <random>
+
+#include "analysis/LinearRule.h"
+#include "analysis/ParseProject.h"
+#include "helpers/ProjectFixture.h"
+
+namespace quillmeter {
+namespace {
+
+using testing::candidatesLinearly;
+using testing::resolvedLinearly;
+using testing::TemporaryFolder;
+
+using Texts = std::vector<std::string>;
+
+Texts pathsOf(const FolderWalk& walk) {
+  Texts paths;
+  for (FolderWalk::Index i = 0; i < walk.size(); ++i)
+    paths.push_back(walk.path(i));
+  return paths;
+}
+
+/// Every candidate that an index without a history offers.
+Texts candidatesIndexed(const std::string& root, const std::string& reference) {
+  PathIndex index{FolderWalk(root)};
+  Texts candidates;
+  index.forEachCandidate(reference, [&](const std::string& path) {
+    candidates.push_back(path);
+    return false;
+  });
+  return candidates;
+}
+
+Texts relativeCandidates(const TemporaryFolder& folder, const std::string& reference) {
+  Texts candidates = candidatesIndexed(folder.path(), reference);
+  for (std::string& path : candidates)
+    path.erase(0, folder.path().size() + 1);
+  return candidates;
+}
+
+TEST(PathIndex, FindsWholeNamesInAnyLetterCaseInWalkOrder) {
+  const TemporaryFolder folder;
+  for (const char* file : {"b/FOO.m", "a/foo.M", "Foo.m", "MyFoo.m", "a/Foo.mm"})
+    folder.file(file);
+  EXPECT_EQ(relativeCandidates(folder, "foo.m"), (Texts{"Foo.m", "a/foo.M", "b/FOO.m"}));
+}
+
+TEST(PathIndex, FindsPathsByTheirEndingInTheirOwnLetterCaseOnly) {
+  const TemporaryFolder folder;
+  for (const char* file : {"x/Sources/A.m", "Sources/A.m", "MySources/A.m", "sources/A.m", "Sources/a.m"}) {
+    folder.file(file);
+  }
+  EXPECT_EQ(relativeCandidates(folder, "Sources/A.m"), (Texts{"Sources/A.m", "x/Sources/A.m"}));
+}
+
+TEST(PathIndex, FindsANameThatRepeatsTheReference) {
+  const TemporaryFolder folder;
+  for (const char* file : {"Foo.mFoo.m", "Foo.mFoo.mFoo.m", "xFoo.mFoo.m", "foo.mFoo.m"})
+    folder.file(file);
+  EXPECT_EQ(relativeCandidates(folder, "Foo.m"), (Texts{"Foo.mFoo.m", "Foo.mFoo.mFoo.m"}));
+}
+
+TEST(PathIndex, FindsAPathThatRepeatsTheReference) {
+  const TemporaryFolder folder;
+  for (const char* file : {"s/a.ms/a.m", "t/a.ms/a.m", "s/a.ms/a.ms/a.m"})
+    folder.file(file);
+  EXPECT_EQ(relativeCandidates(folder, "s/a.m"), (Texts{"s/a.ms/a.m", "s/a.ms/a.ms/a.m"}));
+}
+
+TEST(PathIndex, RefusesAnEndingWhoseOccurrencesOverlap) {
+  const TemporaryFolder folder;
+  folder.file("m/m/m");
+  const Texts paths = pathsOf(FolderWalk(folder.path()));
+  EXPECT_EQ(candidatesIndexed(folder.path(), "m/m"), candidatesLinearly(paths, "m/m"));
+}
+
+TEST(PathIndex, FindsAnAbsoluteReferenceOnlyAsTheWholePath) {
+  const TemporaryFolder folder;
+  const std::string path = folder.file("a/x.m");
+  EXPECT_EQ(candidatesIndexed(folder.path(), path), Texts{path});
+  EXPECT_EQ(candidatesIndexed(folder.path(), "/x.m"), Texts{});
+  EXPECT_EQ(candidatesIndexed(folder.path(), "/elsewhere/x.m"), Texts{});
+}
+
+TEST(PathIndex, OffersTheNextCandidateWhenOneIsMissing) {
+  const TemporaryFolder folder;
+  folder.file("a/x.m");
+  folder.file("b/x.m");
+  PathIndex index{FolderWalk(folder.path())};
+  std::string taken;
+  const auto take = [&](const std::string& path) {
+    taken = path;
+    return !path.ends_with("a/x.m");
+  };
+  index.forEachCandidate("x.m", take);
+  EXPECT_EQ(taken, folder / "b/x.m");
+  taken.clear();
+  index.forEachCandidate("X.M", take);
+  EXPECT_EQ(taken, folder / "b/x.m");
+}
+
+TEST(PathIndex, HasNothingForTheEmptyReferenceOrAnEmptyWalk) {
+  const TemporaryFolder folder;
+  folder.file("x.m");
+  EXPECT_EQ(candidatesIndexed(folder.path(), ""), Texts{});
+  EXPECT_EQ(candidatesIndexed(folder / "missing", "x.m"), Texts{});
+}
+
+/// Trees and references from few, colliding, awkward names.
+class Generator {
+ public:
+  explicit Generator(unsigned seed) : random_(seed) {}
+
+  void makeTree(const TemporaryFolder& folder) {
+    const int files = below(24) + 2;
+    for (int i = 0; i < files; ++i) {
+      std::string path = "B";
+      for (int depth = below(4); depth > 0; --depth)
+        path += "/" + name();
+      addEntry(folder / path, name());
+    }
+    folder.folder("B/App.xcodeproj");
+    if (below(2) == 0) addEntry(folder.path(), name());
+  }
+
+  std::string reference(const Texts& paths) {
+    std::string result =
+        below(3) == 0 || paths.empty() ? joinedNames() : endingOf(paths[index(paths.size())]);
+    switch (below(12)) {
+      case 0:
+        return result + result;
+      case 1:
+        return lowerCased(result);
+      case 2:
+        return "../" + result;
+      case 3:
+        return "../../" + result;
+      case 4:
+        return "x" + result;
+      case 5:
+        return paths.empty() ? result : paths[index(paths.size())];
+      case 6:
+        return "/" + result;
+      case 7:
+        return result.substr(below(2) == 0 ? 1 : result.size() / 2);
+      case 8:
+        return climbing(below(60)) + result;
+      case 9:
+        return result + "/../" + name();
+      default:
+        return result;
+    }
+  }
+
+ private:
+  int below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(random_); }
+  std::size_t index(std::size_t size) {
+    return std::uniform_int_distribution<std::size_t>(0, size - 1)(random_);
+  }
+
+  static std::string climbing(int levels) {
+    std::string result;
+    for (int i = 0; i < levels; ++i)
+      result += "../";
+    return result;
+  }
+
+  std::string name() {
+    static constexpr std::array<const char*, 26> names = {
+        "a.m", "A.m",  "a.ma.m", "A.ma.m", "m",         "mm",  "x y.c", "Ä.m",   "ä.m",
+        "ß.h", "SS.h", "İ.m",    "b",      "B",         "a",   "aa",    "a.m.m", "..a.m",
+        ".m",  "c",    "ccc",    "c.c",    "e\u0301.m", "é.m", "b.mb",  "\xff.m"};
+    return names[index(names.size())];
+  }
+
+  std::string joinedNames() {
+    std::string result = name();
+    for (int i = below(3); i > 0; --i)
+      result += "/" + name();
+    return result;
+  }
+
+  std::string endingOf(const std::string& path) {
+    std::size_t start = path.rfind('/');
+    for (int i = below(3); i > 0 && start > 0; --i)
+      start = path.rfind('/', start - 1);
+    return path.substr(start + 1);
+  }
+
+  void addEntry(const std::string& folder, const std::string& entry) {
+    std::error_code taken;
+    std::filesystem::create_directories(folder, taken);
+    const std::string path = folder + "/" + entry;
+    if (below(8) == 0) {
+      std::filesystem::create_directory(path, taken);
+    } else if (below(8) == 0) {
+      std::filesystem::create_symlink("nowhere", path, taken);
+    } else if (std::ofstream file(path, std::ios::app); file.good()) {
+      file << "x";
+    }
+  }
+
+  std::mt19937 random_;
+};
+
+TEST(PathIndexAgainstTheLinearRule, OffersTheSameCandidates) {
+  for (unsigned seed = 0; seed < 300; ++seed) {
+    const TemporaryFolder folder;
+    Generator generator(seed);
+    generator.makeTree(folder);
+    const Texts paths = pathsOf(FolderWalk(folder / "B"));
+    for (int i = 0; i < 12; ++i) {
+      const std::string reference = generator.reference(paths);
+      ASSERT_EQ(candidatesIndexed(folder / "B", reference), candidatesLinearly(paths, reference))
+          << "seed " << seed << ", reference " << reference;
+    }
+  }
+}
+
+TEST(PathIndexAgainstTheLinearRule, ResolvesToTheSameFileThroughAWholeList) {
+  int found = 0;
+  for (unsigned seed = 1000; seed < 3000; ++seed) {
+    const TemporaryFolder folder;
+    Generator generator(seed);
+    generator.makeTree(folder);
+    const std::string bundle = folder / "B/App.xcodeproj";
+    folder.file("B/App.xcodeproj/project.pbxproj", testing::projectText({"nothing.m"}));
+    ParseProject project;
+    project.parseFileAtPathAndDelegate(bundle, nullptr);
+    const Texts paths = project.getAllFilesFromInitialPath(bundle);
+    for (int i = 0; i < 24; ++i) {
+      const std::string reference = generator.reference(paths);
+      const auto file = project.getFileInfoAtInitialPath(reference, bundle);
+      const auto expected = resolvedLinearly(paths, folder / "B", reference);
+      ASSERT_EQ(file ? file->filePath() : std::nullopt, expected)
+          << "seed " << seed << ", reference " << reference;
+      if (expected) ++found;
+    }
+  }
+  EXPECT_GT(found, 10000);
+}
+
+}  // namespace
+}  // namespace quillmeter
