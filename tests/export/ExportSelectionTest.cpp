@@ -85,5 +85,17 @@ TEST(ExportSelection, RecordsWithoutANameAreLeftOut) {
   EXPECT_THAT(names(filesToExport(files, ExportKinds::all())), ElementsAre("a.c"));
 }
 
+TEST(ExportSelection, KindsAreChosenByTheirNames) {
+  const auto two = exportKindsNamed("objc,c");
+  ASSERT_TRUE(two.has_value());
+  EXPECT_TRUE(two->c && two->objc);
+  EXPECT_FALSE(two->headers || two->images || two->xib);
+  const auto all = exportKindsNamed("c,headers,objc,images,xib");
+  ASSERT_TRUE(all.has_value());
+  EXPECT_TRUE(all->c && all->headers && all->objc && all->images && all->xib);
+  for (const char* wrong : {"", "c,", ",c", "swift", "C", "c headers", "c, headers"})
+    EXPECT_FALSE(exportKindsNamed(wrong).has_value()) << wrong;
+}
+
 }  // namespace
 }  // namespace quillmeter
