@@ -64,6 +64,8 @@ std::optional<int> runReportMode(int argc, char** argv) {
   if (argc < 2 || std::string_view(argv[1]) != "--report") return std::nullopt;
   const auto kinds = argc == kArguments ? exportKindsNamed(argv[3]) : std::nullopt;
   if (!kinds) return failed(kWrongUsage, "usage: quillmeter --report FILE KINDS BUNDLE");
+  // What the toolkit says of its surroundings (no run-time folder, no theme) helps nobody on a build server.
+  qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
   qputenv("QT_QPA_PLATFORM", "offscreen");
   int toolkitArguments = 1;
   const QApplication application(toolkitArguments, argv);
