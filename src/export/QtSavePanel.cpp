@@ -1,5 +1,6 @@
 #include "export/QtSavePanel.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -17,20 +18,31 @@ QString filterFor(const QString& type) {
   return QFileDialog::tr("%1 files (*.%2)").arg(type.toUpper(), type);
 }
 
+/// Where to begin: the folder of the last answer while it exists, else the user's documents or home.
+QString firstFolder(const QString& last) {
+  for (const QString& folder : {last, QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)}) {
+    if (!folder.isEmpty() && QFileInfo(folder).isDir()) return folder;
+  }
+  return QDir::homePath();
+}
+
 /// One save dialog on the screen. It belongs to the window it is a sheet of and deletes itself when answered.
 class Sheet final : public QFileDialog {
  public:
   using Completion = std::function<void(std::optional<std::string>)>;
 
-  Sheet(QWidget* window, const SavePanelRequest& request, Completion completion)
+  Sheet(QWidget* window, const SavePanelRequest& request, std::shared_ptr<QString> folder,
+        Completion completion)
       : QFileDialog(window, request.title),
         type_(request.allowedFileType),
+        folder_(std::move(folder)),
         completion_(std::move(completion)) {
     setAcceptMode(AcceptSave);
     setFileMode(AnyFile);
     setOption(DontConfirmOverwrite);
     setNameFilters({filterFor(type_), tr("All files (*)")});
-    setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    setDirectory(firstFolder(*folder_));
+    setLabelText(LookIn, tr("Save in:"));
     selectFile(request.suggestedName);
     connect(this, &QFileDialog::finished, this, &Sheet::finishWith);
   }
@@ -39,6 +51,7 @@ class Sheet final : public QFileDialog {
   void finishWith(int result) {
     const QStringList chosen = selectedFiles();
     if (result != Accepted || chosen.isEmpty()) return answer(std::nullopt);
+    *folder_ = QFileInfo(chosen.front()).absolutePath();
     const std::string path = QFile::encodeName(chosen.front()).toStdString();
     const QString written =
         QFile::decodeName(QByteArray::fromStdString(withDefaultExtension(path, type_.toStdString())));
@@ -67,6 +80,7 @@ class Sheet final : public QFileDialog {
   }
 
   QString type_;
+  std::shared_ptr<QString> folder_;
   Completion completion_;
 };
 
@@ -74,7 +88,7 @@ class Sheet final : public QFileDialog {
 
 void QtSavePanel::beginSheet(QWidget* window, const SavePanelRequest& request,
                              std::function<void(std::optional<std::string> path)> completion) {
-  auto* sheet = new Sheet(window, request, std::move(completion));
+  auto* sheet = new Sheet(window, request, folder_, std::move(completion));
   sheet->open();
 }
 

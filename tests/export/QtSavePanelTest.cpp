@@ -114,6 +114,14 @@ TEST_F(SavePanelSheet, KeepingTheFileOpensTheDialogAgain) {
   EXPECT_EQ(chosen, folder / "other.pdf");
 }
 
+TEST_F(SavePanelSheet, NextOneBeginsInTheFolderOfTheLast) {
+  choose(folder.folder("reports") + "/stats");
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  panel.beginSheet(&window, {}, [](const auto&) {});
+  ASSERT_NE(dialog(), nullptr);
+  EXPECT_EQ(dialog()->directory().absolutePath().toStdString(), folder / "reports");
+}
+
 TEST_F(SavePanelSheet, IsGoneAfterItsAnswer) {
   dialog()->reject();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
