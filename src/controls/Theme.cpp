@@ -56,6 +56,7 @@ QWidget[role="sidebar"] { background: @sidebar; }
 QFrame[role="popup"] { background: @sidebar; border-radius: @radiuspx; }
 QLabel { background: transparent; }
 QLabel[role="heading"] { font-size: @headingpx; font-weight: 600; }
+QLabel[role="subtitle"] { font-size: @bodypx; color: @mutedText; }
 QLabel[role="caption"] { font-size: @captionpx; color: @mutedText; }
 QLabel[role="figure"] { font-size: @figurepx; font-weight: 600; }
 QLabel[role="display"] { font-size: @displaypx; font-weight: 700; color: @text; }
@@ -70,9 +71,16 @@ QPushButton[role="primary"]:focus { border: 2px solid @text; }
 QWidget[role="sidebar"] QPushButton, QFrame[role="popup"] QPushButton {
   background: transparent; border: 2px solid transparent; color: @sidebarText; text-align: left; padding: 8px 12px; }
 QWidget[role="sidebar"] QPushButton:hover, QFrame[role="popup"] QPushButton:hover { background: @sidebarHover; }
+QWidget[role="sidebar"] QPushButton:pressed { background: @sidebarHover; }
 QWidget[role="sidebar"] QPushButton:checked, QFrame[role="popup"] QPushButton:checked { background: @accent; }
+QWidget[role="sidebar"] QPushButton:checked { font-weight: 600; background: qlineargradient(x1:0, y1:0, x2:1, y2:0,
+  stop:0 @sidebarText, stop:0.028 @sidebarText, stop:0.029 @accent, stop:1 @accent); }
 QWidget[role="sidebar"] QPushButton:focus, QFrame[role="popup"] QPushButton:focus { border: 2px solid @sidebarText; }
 QWidget[role="sidebar"] QLabel, QFrame[role="popup"] QLabel { color: @sidebarText; }
+QLabel[role="brand"] { font-size: @headingpx; font-weight: 700; padding-left: 8px; }
+QMenu { background: @card; color: @text; border: 1px solid @line; padding: 4px; }
+QMenu::item { padding: 8px 16px; border-radius: 6px; background: transparent; }
+QMenu::item:selected { background: @accent; color: white; }
 QCheckBox { spacing: 8px; padding: 3px; border: 2px solid transparent; border-radius: 6px; background: transparent; }
 QCheckBox:focus { border-color: @accent; }
 QTableView { background: @card; alternate-background-color: @background; border: 1px solid @line;
