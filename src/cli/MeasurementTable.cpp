@@ -1,12 +1,112 @@
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "analysis/FileKinds.h"
 #include "analysis/ParseProject.h"
 #include "cli/MeasurementFormats.h"
 #include "cli/Output.h"
+#include "stats/OverviewCaptions.h"
+#include "stats/OverviewFigures.h"
+#include "support/NumberFormat.h"
+#include "support/Text.h"
 
 namespace quillmeter {
+namespace {
+
+struct KindRow {
+  std::string_view name;
+  FileKind kind;
+  bool isText;  ///< images have no lines to show
+};
+
+constexpr std::array<KindRow, 3> kKinds = {{
+    {"Code", FileKind::code, true},
+    {"Interface files (XIB)", FileKind::interface, true},
+    {"Images", FileKind::image, false},
+}};
+
+using Row = std::vector<std::string>;
+
+/// Sums over the files of one kind.
+struct KindSums {
+  std::int64_t files = 0;
+  std::int64_t lines = 0;
+  std::int64_t nonEmptyLines = 0;
+  std::int64_t commentLines = 0;
+  std::int64_t words = 0;
+  std::int64_t characters = 0;
+  std::int64_t size = 0;
+};
+
+KindSums sumsOf(const ParseProject& project, FileKind kind) {
+  KindSums sums;
+  for (const auto& file : project.files()) {
+    if (fileKind(file->getFileExtension().value_or("")) != kind) continue;
+    ++sums.files;
+    sums.lines += integerValue(file->noLinesTotal());
+    sums.nonEmptyLines += integerValue(file->noLinesWithoutSpaces());
+    sums.commentLines += integerValue(file->noLinesComments());
+    sums.words += integerValue(file->noWords());
+    sums.characters += integerValue(file->noCharactersTotal());
+    sums.size += integerValue(file->fileSize());
+  }
+  return sums;
+}
+
+Row rowOf(const KindRow& kind, const ParseProject& project, const DecimalFormatter& formatter) {
+  const KindSums sums = sumsOf(project, kind.kind);
+  Row row{std::string(kind.name), formatter.format(sums.files)};
+  for (const std::int64_t count :
+       {sums.lines, sums.nonEmptyLines, sums.commentLines, sums.words, sums.characters}) {
+    row.push_back(kind.isText ? formatter.format(count) : "-");
+  }
+  row.push_back(sizeText(sums.size, formatter));
+  return row;
+}
+
+std::string padding(std::size_t width, std::string_view text) {
+  const std::size_t length = utf16Length(text);
+  return std::string(width > length ? width - length : 0, ' ');
+}
+
+/// Writes rows in columns: the first one to the left, the others to the right.
+void writeColumns(const std::vector<Row>& rows, Output& output) {
+  std::vector<std::size_t> widths(rows.front().size());
+  for (const Row& row : rows) {
+    for (std::size_t i = 0; i < row.size(); ++i)
+      widths[i] = std::max(widths[i], utf16Length(row[i]));
+  }
+  for (const Row& row : rows) {
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      if (i > 0) output.write("  ");
+      if (i == 0) output.write(row[i] + padding(widths[i], row[i]));
+      if (i > 0) output.write(padding(widths[i], row[i]) + row[i]);
+    }
+    output.write("\n");
+  }
+}
+
+}  // namespace
 
 void writeTable(const ParseProject& project, Output& output) {
-  output.write(project.projectTitle());
+  const DecimalFormatter formatter = overviewFormatter();
+  const OverviewFigureTexts texts = overviewFigureTexts(overviewFigures(project), formatter);
+  output.write(project.projectTitle() + "\n" + project.initialPath() + "\n\n");
+
+  std::vector<Row> overview;
+  for (std::size_t i = 0; i < kOverviewMetrics; ++i) {
+    overview.push_back({std::string(kOverviewCaptions[i].caption), texts.lblSizeMetrics[i]});
+  }
+  writeColumns(overview, output);
   output.write("\n");
+
+  std::vector<Row> kinds{{"Kind", "Files", "Lines", "Non-empty", "Comments", "Words", "Characters", "Size"}};
+  for (const KindRow& kind : kKinds)
+    kinds.push_back(rowOf(kind, project, formatter));
+  writeColumns(kinds, output);
 }
 
 }  // namespace quillmeter

@@ -7,7 +7,9 @@
 #include <filesystem>
 #include <fstream>
 
+#include "analysis/FileSystem.h"
 #include "analysis/ParseProject.h"
+#include "helpers/DeepTree.h"
 #include "helpers/ProjectFixture.h"
 
 /// Projects that no Xcode would write. Each is met in silence: no records, or only those that can be had.
@@ -126,6 +128,45 @@ TEST(BadProject, InAFolderWhoseNameIsNotUtf8IsRead) {
   project.parseFileAtPathAndDelegate(folder / "\xff\xfe/App.xcodeproj", nullptr);
   ASSERT_EQ(project.files().size(), 1U);
   EXPECT_EQ(project.files()[0]->filePath(), folder / "\xff\xfe/a.m");
+}
+
+TEST(BadProject, FindsAndMeasuresAFileWhosePathIsTooLongForOneCall) {
+  const TemporaryFolder folder;
+  constexpr int kLevels = 3000;
+  const testing::DeepTree tree(folder.path(), kLevels);
+  std::string deepest = "../";
+  for (int i = 0; i < kLevels - 1; ++i)
+    deepest += "d/";
+  folder.file("App.xcodeproj/project.pbxproj",
+              projectText({deepest.substr(3) + "z.m", deepest + "missing.m"}));
+  ParseProject project;
+  project.parseFileAtPathAndDelegate(folder / "App.xcodeproj", nullptr);
+  ASSERT_EQ(project.files().size(), 1U);
+  EXPECT_EQ(project.files()[0]->filePath()->size(), folder.path().size() + 1 + 2 * (kLevels - 1) + 3);
+  EXPECT_EQ(integerValue(project.files()[0]->noLinesTotal()), 1);
+}
+
+/// A disk on which one file is gone by the time it is looked at.
+class VanishingFileSystem final : public FileSystem {
+ public:
+  explicit VanishingFileSystem(std::string gone) : gone_(std::move(gone)) {}
+  [[nodiscard]] std::optional<FileStatus> status(const std::string& path) const override {
+    return path == gone_ ? std::nullopt : FileSystem::status(path);
+  }
+
+ private:
+  std::string gone_;
+};
+
+TEST(BadProject, TakesTheNextFileOfTheNameWhenOneVanishesBetweenWalkAndRead) {
+  const TemporaryFolder folder;
+  folder.file("a/x.m");
+  folder.file("b/x.m");
+  const VanishingFileSystem disk(folder / "a/x.m");
+  ParseProject project(disk);
+  project.parseFileAtPathAndDelegate(writeProject(folder, {"x.m", "a/x.m", "x.m"}), nullptr);
+  ASSERT_EQ(project.files().size(), 2U);
+  EXPECT_EQ(project.files()[0]->filePath(), folder / "b/x.m");
 }
 
 TEST(BadProject, LeaksNoDescriptors) {

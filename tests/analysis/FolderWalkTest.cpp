@@ -1,6 +1,5 @@
 #include "analysis/FolderWalk.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -8,12 +7,14 @@
 #include <filesystem>
 #include <vector>
 
+#include "helpers/DeepTree.h"
 #include "helpers/TemporaryFolder.h"
 #include "helpers/Unprivileged.h"
 
 namespace quillmeter {
 namespace {
 
+using testing::DeepTree;
 using testing::TemporaryFolder;
 
 std::vector<std::string> relativePaths(const TemporaryFolder& folder) {
@@ -92,39 +93,6 @@ TEST(FolderWalk, KeepsNamesThatAreNotUtf8) {
   folder.file("\xff\xfe.m");
   EXPECT_EQ(relativePaths(folder), (std::vector<std::string>{"\xff\xfe.m"}));
 }
-
-/// Makes `levels` folders "d" inside each other, each with a file "z.m", and leaves them to `remove`.
-class DeepTree {
- public:
-  DeepTree(const std::string& root, int levels) : root_(root) {
-    int folder = ::open(root.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    for (int i = 0; i < levels; ++i) {
-      EXPECT_EQ(::mkdirat(folder, "d", 0755), 0);
-      ::close(::openat(folder, "z.m", O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
-      const int next = ::openat(folder, "d", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-      ::close(folder);
-      folder = next;
-    }
-    ::close(folder);
-  }
-  ~DeepTree() {
-    // Deeper than a path can say, so folders are taken apart from the top: each is moved up and removed.
-    int number = 0;
-    std::string folder = root_ + "/d";
-    while (std::filesystem::exists(folder)) {
-      const std::string moved = root_ + "/moved" + std::to_string(++number);
-      if (std::filesystem::exists(folder + "/d")) std::filesystem::rename(folder + "/d", moved);
-      std::filesystem::remove(folder + "/z.m");
-      std::filesystem::remove(folder);
-      folder = moved;
-    }
-  }
-  DeepTree(const DeepTree&) = delete;
-  DeepTree& operator=(const DeepTree&) = delete;
-
- private:
-  std::string root_;
-};
 
 TEST(FolderWalk, WalksFoldersNestedDeeperThanAPathMayBeLong) {
   const TemporaryFolder folder;

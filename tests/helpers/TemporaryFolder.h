@@ -13,8 +13,9 @@ namespace quillmeter::testing {
 /// A fresh folder that is removed with its contents at the end of the test.
 class TemporaryFolder {
  public:
-  TemporaryFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "quillmeter-test-XXXXXX").string();
+  TemporaryFolder() : TemporaryFolder(std::filesystem::temp_directory_path()) {}
+  explicit TemporaryFolder(const std::filesystem::path& parent) {
+    std::string pattern = (parent / "quillmeter-test-XXXXXX").string();
     path_ = ::mkdtemp(pattern.data());
   }
   ~TemporaryFolder() {

@@ -1,0 +1,172 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <nlohmann/json.hpp>
+
+#include "cli/RunTool.h"
+#include "helpers/ProjectFixture.h"
+
+namespace quillmeter {
+namespace {
+
+using nlohmann::json;
+using testing::readFile;
+using testing::runTool;
+using testing::TemporaryFolder;
+using testing::ToolResult;
+using testing::writeProject;
+
+constexpr const char* kNothingMeasured =
+    "Error processing current folder. Please contact the Support team to assist you with importing this "
+    "project.";
+
+/// A project of a source and an image.
+class MeasureCommand : public ::testing::Test {
+ protected:
+  MeasureCommand() {
+    folder.file("a.m", "// one\nint  a;\n");
+    folder.file("b.png", "1234");
+    bundle = writeProject(folder, {"b.png", "a.m"});
+  }
+  TemporaryFolder folder;
+  std::string bundle;
+};
+
+TEST_F(MeasureCommand, WritesEveryFileAsJson) {
+  const ToolResult result = runTool({"measure", "--format", "json", folder.path()});
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.errors, "");
+  const json expected = {
+      {"projectTitle", "App"},
+      {"initialPath", bundle},
+      {"files",
+       {{{"fileName", "b.png"},
+         {"filePath", folder / "b.png"},
+         {"fileSize", 4},
+         {"noLinesTotal", 0},
+         {"noLinesComments", nullptr},
+         {"noLinesWithoutSpaces", 0},
+         {"noWords", nullptr},
+         {"noCharactersWithoutSpaces", nullptr},
+         {"noCharactersTotal", nullptr}},
+        {{"fileName", "a.m"},
+         {"filePath", folder / "a.m"},
+         {"fileSize", 15},
+         {"noLinesTotal", 3},
+         {"noLinesComments", 1},
+         {"noLinesWithoutSpaces", 2},
+         {"noWords", 5},
+         {"noCharactersWithoutSpaces", 10},
+         {"noCharactersTotal", 13}}}},
+      {"totals",
+       {{"getNumberCodeFiles", 1},
+        {"getNumberImageFiles", 1},
+        {"getNumberXIBFiles", 0},
+        {"getNumberInstanceMethods", 0},
+        {"getNumberStaticMethods", 0}}},
+  };
+  EXPECT_EQ(json::parse(result.output), expected);
+}
+
+TEST_F(MeasureCommand, WritesOneRowAFileAsCsv) {
+  EXPECT_EQ(runTool({"measure", "--format", "csv", folder.path()}).output,
+            "fileName,filePath,fileSize,noLinesTotal,noLinesComments,noLinesWithoutSpaces,noWords,"
+            "noCharactersWithoutSpaces,noCharactersTotal\n"
+            "b.png," +
+                folder / "b.png" + ",4,0,,0,,,\n" + "a.m," + folder / "a.m" + ",15,3,1,2,5,10,13\n");
+}
+
+TEST_F(MeasureCommand, QuotesCsvFieldsThatNeedIt) {
+  folder.file("App.xcodeproj/project.pbxproj", testing::projectText({"c,\"d.m"}));
+  folder.file("c,\"d.m", "");
+  EXPECT_NE(runTool({"measure", "--format", "csv", folder.path()}).output.find("\n\"c,\"\"d.m\",\""),
+            std::string::npos);
+}
+
+TEST_F(MeasureCommand, TakesBundlesRelativePathsAndTrailingSlashes) {
+  const std::string output = runTool({"measure", "--format", "json", folder.path()}).output;
+  EXPECT_EQ(runTool({"measure", "--format", "json", bundle}).output, output);
+  EXPECT_EQ(runTool({"measure", "--format", "json", bundle + "/"}).output, output);
+  EXPECT_EQ(runTool({"measure", "--format", "json", folder.path() + "//"}).output, output);
+  EXPECT_EQ(runTool({"measure", "--format", "json", "."}, {.folder = folder.path()}).output, output);
+  EXPECT_EQ(runTool({"measure", "--format", "json", "App.xcodeproj"}, {.folder = folder.path()}).output,
+            output);
+  EXPECT_EQ(runTool({"measure", "--format", "json", ".."}, {.folder = bundle}).output, output);
+}
+
+TEST_F(MeasureCommand, ShowsTotalsAsATableByDefault) {
+  const ToolResult result = runTool({"measure", folder.path()});
+  EXPECT_EQ(result.status, 0);
+  for (const char* text : {"App", "Code files", "Image files", "Lines"}) {
+    EXPECT_NE(result.output.find(text), std::string::npos) << text << " in\n" << result.output;
+  }
+}
+
+TEST_F(MeasureCommand, WritesToAFile) {
+  const ToolResult result =
+      runTool({"measure", "--format", "json", "-o", folder / "out.json", folder.path()});
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.output, "");
+  EXPECT_EQ(json::parse(readFile(folder / "out.json"))["projectTitle"], "App");
+}
+
+TEST_F(MeasureCommand, FailsWhenTheOutputCannotBeWritten) {
+  const ToolResult missing = runTool({"measure", "-o", folder / "missing/out", folder.path()});
+  EXPECT_EQ(missing.status, 4);
+  EXPECT_NE(missing.errors.find("cannot write"), std::string::npos);
+  const ToolResult full = runTool({"measure", folder.path()}, {.standardOutput = "/dev/full"});
+  EXPECT_EQ(full.status, 4);
+  EXPECT_NE(full.errors.find("No space left"), std::string::npos);
+}
+
+TEST_F(MeasureCommand, LeavesAnOldOutputFileWholeWhenNothingCouldBeMeasured) {
+  folder.file("out.json", "old");
+  const ToolResult result = runTool({"measure", "-o", folder / "out.json", folder / "missing"});
+  EXPECT_EQ(result.status, 3);
+  EXPECT_NE(result.errors.find(kNothingMeasured), std::string::npos);
+  EXPECT_EQ(result.output, "");
+  EXPECT_EQ(readFile(folder / "out.json"), "old");
+}
+
+TEST_F(MeasureCommand, EscapesNamesThatAreNotUtf8Reversibly) {
+  const TemporaryFolder odd;
+  odd.file("\xff\x80/App.xcodeproj/project.pbxproj", testing::projectText({"a.m"}));
+  odd.file("\xff\x80/a.m");
+  const std::string output = runTool({"measure", "--format", "json", odd / "\xff\x80"}).output;
+  EXPECT_NE(output.find(odd.path() + "/\\udcff\\udc80/a.m\""), std::string::npos) << output;
+}
+
+TEST_F(MeasureCommand, ShowsNoProgressWhereStandardErrorIsNoTerminal) {
+  EXPECT_EQ(runTool({"measure", folder.path()}).errors, "");
+  EXPECT_EQ(runTool({"measure", "--quiet", folder.path()}).errors, "");
+}
+
+TEST_F(MeasureCommand, SaysWhatItReadsWhenAsked) {
+  EXPECT_EQ(runTool({"measure", "--verbose", folder.path()}).errors,
+            "parsing file b.png\nparsing file a.m\n");
+}
+
+TEST(Tool, RefusesWrongUsage) {
+  for (const std::vector<std::string>& arguments : {std::vector<std::string>{},
+                                                    {"measure"},
+                                                    {"unknown"},
+                                                    {"measure", "--format", "xml", "/"},
+                                                    {"measure", "a", "b"}}) {
+    const ToolResult result = runTool(arguments);
+    EXPECT_EQ(result.status, 2);
+    EXPECT_NE(result.errors, "");
+  }
+}
+
+TEST(Tool, ExplainsItself) {
+  const ToolResult help = runTool({"--help"});
+  EXPECT_EQ(help.status, 0);
+  EXPECT_NE(help.output.find("measure"), std::string::npos);
+  EXPECT_NE(runTool({"measure", "--help"}).output.find("Examples:"), std::string::npos);
+  const ToolResult version = runTool({"--version"});
+  EXPECT_EQ(version.status, 0);
+  EXPECT_EQ(version.output.find("quillmeter-cli 1."), 0U);
+}
+
+}  // namespace
+}  // namespace quillmeter

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace quillmeter::testing {
+
+struct ToolResult {
+  int status = -1;  ///< the exit status; -1 when a signal ended the tool
+  std::string output;
+  std::string errors;
+};
+
+/// Where a tool is run.
+struct ToolSurroundings {
+  std::string folder = "/";                 ///< the working folder
+  std::string standardOutput = {};          ///< a file to open as standard output instead of collecting it
+  std::vector<std::string> variables = {};  ///< "NAME=value" on top of the test's own environment
+};
+
+/// Runs the built quillmeter-cli with `arguments` and waits for its end.
+inline ToolResult runTool(std::vector<std::string> arguments, const ToolSurroundings& surroundings = {}) {
+  std::array<int, 2> out{};
+  std::array<int, 2> err{};
+  EXPECT_EQ(::pipe2(out.data(), O_CLOEXEC), 0);
+  EXPECT_EQ(::pipe2(err.data(), O_CLOEXEC), 0);
+  const std::string tool = QUILLMETER_BINARY_DIR "/bin/quillmeter-cli";
+  arguments.insert(arguments.begin(), tool);
+  const pid_t child = ::fork();
+  if (child == 0) {
+    std::vector<char*> argv;
+    for (std::string& argument : arguments)
+      argv.push_back(argument.data());
+    argv.push_back(nullptr);
+    for (const std::string& variable : surroundings.variables)
+      ::putenv(const_cast<char*>(variable.c_str()));
+    if (::chdir(surroundings.folder.c_str()) != 0) ::_exit(126);
+    int standardOutput = out[1];
+    if (!surroundings.standardOutput.empty())
+      standardOutput = ::open(surroundings.standardOutput.c_str(), O_WRONLY);
+    ::dup2(standardOutput, STDOUT_FILENO);
+    ::dup2(err[1], STDERR_FILENO);
+    ::execv(tool.c_str(), argv.data());
+    ::_exit(127);
+  }
+  ::close(out[1]);
+  ::close(err[1]);
+  ToolResult result;
+  std::array<pollfd, 2> streams{{{out[0], POLLIN, 0}, {err[0], POLLIN, 0}}};
+  std::array<std::string*, 2> texts{&result.output, &result.errors};
+  for (int open = 2; open > 0;) {
+    ::poll(streams.data(), streams.size(), -1);
+    for (std::size_t i = 0; i < streams.size(); ++i) {
+      if (streams[i].revents == 0) continue;
+      std::array<char, 4096> buffer{};
+      const ssize_t count = ::read(streams[i].fd, buffer.data(), buffer.size());
+      if (count > 0) {
+        texts[i]->append(buffer.data(), static_cast<std::size_t>(count));
+      } else {
+        ::close(streams[i].fd);
+        streams[i].fd = -1;
+        --open;
+      }
+    }
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  if (WIFEXITED(status)) result.status = WEXITSTATUS(status);
+  return result;
+}
+
+}  // namespace quillmeter::testing
