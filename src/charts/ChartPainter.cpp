@@ -1,7 +1,6 @@
 #include "charts/ChartPainter.h"
 
 #include <QFontMetricsF>
-#include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPen>
@@ -112,10 +111,7 @@ void paintBar(QPainter& painter, const ChartRect& bar, const QColor& frame) {
   const double inset = std::min({kThinWidth / 2, bar.width / 2, bar.height / 2});
   painter.setPen(chartPen(frame, 2 * inset));
   painter.drawRect(rect.adjusted(inset, inset, -inset, -inset));
-  QLinearGradient gradient(rect.topLeft(), rect.bottomLeft());
-  gradient.setColorAt(0, toColor(kBarStartColor));
-  gradient.setColorAt(1, toColor(kBarEndColor));
-  painter.fillRect(rect, gradient);
+  paintRectGradient(painter, bar, kBarStartColor, kBarEndColor);
 }
 
 void paintSlice(QPainter& painter, const PieChartDrawing& pie, const ChartSlice& slice,

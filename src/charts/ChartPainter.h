@@ -48,4 +48,7 @@ void paintLegendRow(QPainter& painter, const ChartLegendRow& row, const QColor& 
 void paintRectShadow(QPainter& painter, const ChartRect& rect, const ChartShadow& shadow);
 void paintPathShadow(QPainter& painter, const QPainterPath& path, const ChartShadow& shadow);
 
+/// A rectangle filled with one colour at its top that turns into another one at its bottom.
+void paintRectGradient(QPainter& painter, const ChartRect& rect, ChartColor top, ChartColor bottom);
+
 }  // namespace quillmeter

@@ -98,10 +98,13 @@ void ChartsViewController::connectControls() {
 
 void ChartsViewController::setPictures() {
   ui_->btnInfo->setPicture(QStringLiteral("chart_info"), kInfoPictureSide);
-  ui_->btnSaveChart->setIcon(undimmedIcon(QStringLiteral("chart_save"), ui_->btnSaveChart->iconSize()));
+  const QString save = QStringLiteral("chart_save");
+  ui_->btnSaveChart->setIcon(undimmedIcon(save, namedImageSize(save)));
+  ui_->btnSaveChart->setIconSize(namedImageSize(save));
   for (std::int32_t chart = 0; chart < kChartButtons; ++chart) {
     const QString name = isPieChart(chart) ? QStringLiteral("chart_pie") : QStringLiteral("chart_bars");
     filterButton(chart)->setIcon(namedIcon(name));
+    filterButton(chart)->setIconSize(namedImageSize(name));
   }
 }
 
@@ -206,6 +209,8 @@ void ChartsViewController::doAnimationInfoButton() {
 
 void ChartsViewController::tapFilters() {
   dismissInfoForItem();
+  // A disabled control loses the keyboard focus; it goes into the panel and comes back from there.
+  const bool hadFocus = ui_->btnFilters->hasFocus();
   ui_->btnFilters->setEnabled(false);
   FadingPanel* panel = ui_->viewFilters;
   if (panel->alphaValue() < 1.0) {
@@ -218,9 +223,11 @@ void ChartsViewController::tapFilters() {
       filterButton(chart)->setChecked(chart == currentTableFilter_);
     }
     ui_->btnFilters->setChecked(true);
+    if (hadFocus) filterButton(currentTableFilter_)->setFocus();
   } else {
     fadeFiltersOut();
     ui_->btnFilters->setChecked(false);
+    returnsFocus_ = hadFocus || panel->isAncestorOf(focusWidget());
   }
   services_.delayedCalls->performAfterDelay(this, kFade, [this] { enableBackFilter(); });
 }
@@ -234,10 +241,12 @@ void ChartsViewController::tapSelectedFilter(const QPushButton* sender) {
   startAnimation();
   fadeFiltersOut();
   ui_->btnFilters->setChecked(false);
+  if (sender != nullptr && sender->hasFocus()) ui_->btnFilters->setFocus();
 }
 
 void ChartsViewController::enableBackFilter() {
   ui_->btnFilters->setEnabled(true);
+  if (std::exchange(returnsFocus_, false)) ui_->btnFilters->setFocus();
 }
 
 void ChartsViewController::fadeFiltersOut() {
@@ -337,7 +346,6 @@ void ChartsViewController::keyPressEvent(QKeyEvent* event) {
   const bool panelIsOpen = ui_->viewFilters->isVisible() && ui_->viewFilters->alphaValue() >= 1.0;
   if (event->key() == Qt::Key_Escape && panelIsOpen && ui_->btnFilters->isEnabled()) {
     tapFilters();
-    ui_->btnFilters->setFocus();
     return;
   }
   QWidget::keyPressEvent(event);

@@ -97,7 +97,8 @@ class ChartsViewController : public QWidget, private DrawingCanvasViewDelegate {
   std::int32_t currentTableFilter_ = kFileKindsPie;
   PieFractions fractions_;
   bool animationInfoButtonStartedOnce_ = false;
-  int filtersOpenings_ = 0;  ///< tells a hiding that was planned before the panel was opened again
+  bool returnsFocus_ = false;  ///< to the button of the panel, once it is enabled again
+  int filtersOpenings_ = 0;    ///< tells a hiding that was planned before the panel was opened again
 };
 
 }  // namespace quillmeter

@@ -27,6 +27,41 @@ Shades shades(double opacity) {
   return result;
 }
 
+double pixelScale(const QPainter& painter) {
+  return std::clamp(deviceScale(painter), 0.5, kFinestScale);
+}
+
+/// Puts pixels of which there are `scale` to a point at a place counted in them. On a device of that scale
+/// they are copied as they are, on the calling thread; for anything else the toolkit may use several, and
+/// waiting for these takes longer than the painting of a bar.
+void drawPixels(QPainter& painter, QPoint place, const QImage& pixels, double scale) {
+  painter.save();
+  painter.setRenderHint(QPainter::SmoothPixmapTransform, !qFuzzyCompare(scale, deviceScale(painter)));
+  painter.scale(1 / scale, 1 / scale);
+  painter.drawImage(place, pixels);
+  painter.restore();
+}
+
+/// How much of each of `count` pixels from `first` on lies in [from, to], all counted in pixels.
+std::vector<float> pixelCoverage(double from, double to, int first, int count) {
+  std::vector<float> coverage;
+  coverage.reserve(static_cast<std::size_t>(count));
+  for (int pixel = first; pixel < first + count; ++pixel) {
+    const double part = std::min<double>(pixel + 1, to) - std::max<double>(pixel, from);
+    coverage.push_back(static_cast<float>(std::clamp(part, 0.0, 1.0)));
+  }
+  return coverage;
+}
+
+QRgb covering(QRgb color, float coverage) {
+  return qPremultiply((color & RGB_MASK) | static_cast<QRgb>(coverage * 255.0F + 0.5F) << 24U);
+}
+
+QRgb mixed(ChartColor from, ChartColor to, double part) {
+  const auto channel = [part](int a, int b) { return qRound(a + (b - a) * part); };
+  return qRgb(channel(from.red, to.red), channel(from.green, to.green), channel(from.blue, to.blue));
+}
+
 /// A blurred rectangle on a grid of pixels that starts at the canvas's origin.
 class BlurredRect {
  public:
@@ -59,8 +94,7 @@ class BlurredRect {
         row[x] = shades_[static_cast<std::size_t>(across[x] * height + 0.5F)];
       }
     }
-    const QRectF target(QPointF(drawn.topLeft()) / scale_, QSizeF(drawn.size()) / scale_);
-    painter.drawImage(target, image);
+    drawPixels(painter, drawn.topLeft(), image, scale_);
   }
 
  private:
@@ -74,7 +108,7 @@ class BlurredRect {
 }  // namespace
 
 void paintRectShadow(QPainter& painter, const ChartRect& rect, const ChartShadow& shadow) {
-  const double scale = std::clamp(deviceScale(painter), 0.5, kFinestScale);
+  const double scale = pixelScale(painter);
   const BlurredRect blurred(rect, shadow, scale);
   const QRect area = blurred.area();
   // Whole pixels that the rectangle covers need no shadow below them.
@@ -95,6 +129,27 @@ void paintRectShadow(QPainter& painter, const ChartRect& rect, const ChartShadow
   right.setLeft(covered.right() + 1);
   blurred.paint(painter, left);
   blurred.paint(painter, right);
+}
+
+void paintRectGradient(QPainter& painter, const ChartRect& rect, ChartColor top, ChartColor bottom) {
+  const double scale = pixelScale(painter);
+  const QRectF scaled(rect.x * scale, rect.y * scale, rect.width * scale, rect.height * scale);
+  const QRect area = scaled.toAlignedRect();
+  QImage image(area.size(), QImage::Format_ARGB32_Premultiplied);
+  if (image.isNull()) return;
+  const auto across = pixelCoverage(scaled.left(), scaled.right(), area.left(), area.width());
+  const auto down = pixelCoverage(scaled.top(), scaled.bottom(), area.top(), area.height());
+  for (int y = 0; y < area.height(); ++y) {
+    const double part = (area.top() + y + 0.5 - scaled.top()) / scaled.height();
+    const QRgb color = mixed(top, bottom, std::clamp(part, 0.0, 1.0));
+    const float rowCoverage = down[static_cast<std::size_t>(y)];
+    auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+    std::fill_n(row, area.width(), covering(color, rowCoverage));
+    // Only the outermost columns can be covered in part.
+    row[0] = covering(color, rowCoverage * across.front());
+    row[area.width() - 1] = covering(color, rowCoverage * across.back());
+  }
+  drawPixels(painter, area.topLeft(), image, scale);
 }
 
 void paintPathShadow(QPainter& painter, const QPainterPath& path, const ChartShadow& shadow) {
