@@ -83,6 +83,10 @@ QMenu::item { padding: 8px 16px; border-radius: 6px; background: transparent; }
 QMenu::item:selected { background: @accent; color: white; }
 QCheckBox { spacing: 8px; padding: 3px; border: 2px solid transparent; border-radius: 6px; background: transparent; }
 QCheckBox:focus { border-color: @accent; }
+QCheckBox::indicator { width: 16px; height: 16px; border: 1px solid @mutedText; border-radius: 4px; background: @card; }
+QCheckBox::indicator:hover { border-color: @accent; }
+QCheckBox::indicator:checked { background: @accent; border-color: @accent; image: url(:/images/check.svg); }
+QCheckBox::indicator:disabled { border-color: @line; background: @background; }
 QTableView { background: @card; alternate-background-color: @background; border: 1px solid @line;
   border-radius: @radiuspx; gridline-color: @line; selection-background-color: @accent; selection-color: white; }
 QTableView:focus { border: 1px solid @accent; }

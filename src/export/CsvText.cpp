@@ -4,15 +4,12 @@
 #include <string_view>
 
 #include "support/NumberFormat.h"
-#include "support/Text.h"
-#include "support/Utf8.h"
 
 namespace quillmeter {
 namespace {
 
 constexpr std::string_view kHeader =
     R"header("Type","Filename","Lines of code","Lines of code without empty lines","Words","Chars","Size(KB)")header";
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 constexpr double kKilobytesPerByte = 0.0009765625;
 constexpr std::size_t kTypicalRowLength = 80;
 
@@ -30,18 +27,6 @@ std::string_view typeText(ExportKind kind) {
   return "source";
 }
 
-void appendName(std::string& text, std::string_view name) {
-  if (isValidUtf8(name)) {
-    text.append(name);
-    return;
-  }
-  while (!name.empty()) {
-    const Utf8Character character = firstCharacter(name);
-    text.append(character.valid ? name.substr(0, character.bytes) : kReplacement);
-    name.remove_prefix(character.bytes);
-  }
-}
-
 void appendCount(std::string& text, const std::optional<Number>& count) {
   text.append(",\"").append(std::to_string(integerValue(count))).append("\"");
 }
@@ -49,8 +34,7 @@ void appendCount(std::string& text, const std::optional<Number>& count) {
 void appendRow(std::string& text, const ExportedFile& exported) {
   const FileObject& file = *exported.file;
   text.append("\"").append(typeText(exported.kind)).append("\",\"");
-  appendName(text, file.fileName().value_or(""));
-  text.append("\"");
+  text.append(file.fileName().value_or("")).append("\"");
   if (exported.kind == ExportKind::source || exported.kind == ExportKind::header) {
     appendCount(text, file.noLinesTotal());
     appendCount(text, file.noLinesWithoutSpaces());

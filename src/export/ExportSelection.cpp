@@ -1,6 +1,7 @@
 #include "export/ExportSelection.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <utility>
 
@@ -20,6 +21,26 @@ std::optional<ExportKind> sourceKind(std::string_view extension, const ExportKin
 }
 
 }  // namespace
+
+std::optional<ExportKinds> exportKindsNamed(std::string_view list) {
+  ExportKinds kinds;
+  const std::array<std::pair<std::string_view, bool*>, 5> names = {{{"c", &kinds.c},
+                                                                    {"headers", &kinds.headers},
+                                                                    {"objc", &kinds.objc},
+                                                                    {"images", &kinds.images},
+                                                                    {"xib", &kinds.xib}}};
+  for (bool more = true; more;) {
+    const std::size_t comma = list.find(',');
+    const std::string_view name = list.substr(0, comma);
+    const auto known =
+        std::find_if(names.begin(), names.end(), [name](const auto& entry) { return entry.first == name; });
+    if (known == names.end()) return std::nullopt;
+    *known->second = true;
+    more = comma != std::string_view::npos;
+    if (more) list.remove_prefix(comma + 1);
+  }
+  return kinds;
+}
 
 std::optional<ExportKind> exportKind(const FileObject& file, const ExportKinds& kinds) {
   const auto extension = file.getFileExtension();

@@ -22,6 +22,10 @@ struct ExportKinds {
   [[nodiscard]] static ExportKinds all() { return {true, true, true, true, true}; }
 };
 
+/// The kinds that a list such as "c,headers,objc,images,xib" names; nothing when it is empty or names
+/// anything else.
+[[nodiscard]] std::optional<ExportKinds> exportKindsNamed(std::string_view list);
+
 enum class ExportKind { image, xib, source, header };
 
 struct ExportedFile {

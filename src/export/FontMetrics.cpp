@@ -1,7 +1,6 @@
 #include "export/FontMetrics.h"
 
 #include <hpdf.h>
-#include <unicode/uchar.h>
 
 #include <cstddef>
 #include <cstdlib>
@@ -9,13 +8,8 @@
 namespace quillmeter {
 namespace {
 
+// No font has a character there.
 constexpr char32_t kLastOfBasicPlane = 0xFFFF;
-
-bool showsNothing(char32_t character) {
-  const auto code = static_cast<UChar32>(character);
-  return u_charType(code) == U_NON_SPACING_MARK || u_charType(code) == U_CONTROL_CHAR ||
-         u_hasBinaryProperty(code, UCHAR_DEFAULT_IGNORABLE_CODE_POINT) != 0;
-}
 
 }  // namespace
 
@@ -52,11 +46,8 @@ int FontMetrics::width(char32_t character) const {
 
 int FontMetrics::widthFromFont(char32_t character) const {
   if (document_->font == nullptr) return 0;
-  if (character <= kLastOfBasicPlane) {
-    const int width = HPDF_Font_GetUnicodeWidth(document_->font, static_cast<HPDF_UNICODE>(character));
-    if (width > 0) return width;
-  }
-  return showsNothing(character) ? 0 : HPDF_Font_GetUnicodeWidth(document_->font, '0');
+  const char32_t known = character <= kLastOfBasicPlane ? character : kLastOfBasicPlane;
+  return HPDF_Font_GetUnicodeWidth(document_->font, static_cast<HPDF_UNICODE>(known));
 }
 
 }  // namespace quillmeter

@@ -15,8 +15,7 @@ class FontMetrics {
   FontMetrics(FontMetrics&&) noexcept;
   FontMetrics& operator=(FontMetrics&&) noexcept;
 
-  /// The advance of a character. One that the font lacks is as wide as a figure, or as nothing when it stands
-  /// on the character before it or does not show.
+  /// The advance of a character; one that the font lacks is as wide as a space.
   [[nodiscard]] int width(char32_t character) const;
   [[nodiscard]] int ascent() const { return ascent_; }
   /// Positive, below the base line.

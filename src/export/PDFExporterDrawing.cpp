@@ -7,6 +7,7 @@
 #include "export/ReportDate.h"
 #include "export/ReportGroups.h"
 #include "export/StringTools.h"
+#include "support/Addresses.h"
 
 /// The report's pages: where everything stands and how it looks.
 namespace quillmeter {
@@ -48,8 +49,6 @@ constexpr PdfColor kFrame{0.2, 0.2, 0.2, 0.5};
 constexpr PdfColor kColumnTitleFill{247.0 / 255, 250.0 / 255, 1.0, 1.0};
 constexpr PdfColor kRule{230.0 / 255, 235.0 / 255, 239.0 / 255, 1.0};
 constexpr PdfColor kFooterRule{0.8, 0.8, 0.8, 1.0};
-
-constexpr char kProductUrl[] = "https://quillmeter.example/";
 
 constexpr int kPieOfKinds = 1;
 constexpr int kPieRadius = 150;

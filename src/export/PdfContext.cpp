@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <map>
+#include <type_traits>
 #include <vector>
 
 namespace quillmeter {
@@ -14,7 +16,8 @@ namespace {
 constexpr HPDF_UINT kPagesInOneNode = 1024;
 constexpr std::size_t kLongestText = 32767;
 constexpr HPDF_UINT kBitsPerComponent = 8;
-constexpr std::size_t kBytesPerPixel = 4;
+constexpr std::size_t kColors = 3;
+constexpr std::size_t kBytesPerPixel = kColors + 1;
 
 HPDF_REAL real(double value) {
   return static_cast<HPDF_REAL>(value);
@@ -144,13 +147,12 @@ HPDF_Image PdfContext::Implementation::image(const ReportPicture& picture) const
   const std::size_t pixels =
       static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height);
   if (picture.rgba.size() != pixels * kBytesPerPixel) return nullptr;
-  std::vector<HPDF_BYTE> colors;
-  std::vector<HPDF_BYTE> alphas;
-  colors.reserve(pixels * 3);
-  alphas.reserve(pixels);
-  for (std::size_t at = 0; at < picture.rgba.size(); at += kBytesPerPixel) {
-    colors.insert(colors.end(), {picture.rgba[at], picture.rgba[at + 1], picture.rgba[at + 2]});
-    alphas.push_back(picture.rgba[at + 3]);
+  std::vector<HPDF_BYTE> colors(pixels * kColors);
+  std::vector<HPDF_BYTE> alphas(pixels);
+  const std::uint8_t* from = picture.rgba.data();
+  for (std::size_t pixel = 0; pixel < pixels; ++pixel, from += kBytesPerPixel) {
+    std::copy_n(from, kColors, &colors[pixel * kColors]);
+    alphas[pixel] = from[kColors];
   }
   const auto width = static_cast<HPDF_UINT>(picture.width);
   const auto height = static_cast<HPDF_UINT>(picture.height);
