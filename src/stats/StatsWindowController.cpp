@@ -19,6 +19,7 @@
 #include "controls/Theme.h"
 #include "export/ExportViewController.h"
 #include "reminder/DesktopReminder.h"
+#include "stats/CanvasReportChart.h"
 #include "stats/CleanUpToolViewController.h"
 #include "stats/DetailsViewController.h"
 #include "stats/OverviewViewController.h"
@@ -274,6 +275,10 @@ OverviewTexts StatsWindowController::overviewTexts() const {
   return {overviewController_->lblSizeMetrics7()->text().toStdString(),
           overviewController_->lblSizeMetrics8()->text().toStdString(),
           overviewController_->lblSizeMetrics9()->text().toStdString()};
+}
+
+std::shared_ptr<const ReportChart> StatsWindowController::reportChart() const {
+  return std::make_shared<CanvasReportChart>();
 }
 
 void StatsWindowController::setExportKinds(const std::array<bool, 5>& kinds) {

@@ -14,6 +14,7 @@
 #include "charts/FadingPanel.h"
 #include "controls/Theme.h"
 #include "export/ExportViewController.h"
+#include "export/ReportChart.h"
 #include "helpers/FakeServices.h"
 #include "helpers/ProjectFixture.h"
 #include "stats/CleanUpToolViewController.h"
@@ -396,6 +397,20 @@ TEST_F(StatsWindow, GivesTheOtherTabsTheOverviewsTotalsAndTexts) {
   EXPECT_EQ(texts.codeFiles, "1");
   EXPECT_EQ(texts.imageFiles, "1");
   EXPECT_EQ(texts.xibFiles, "1");
+}
+
+TEST_F(StatsWindow, GivesTheReportItsGraph) {
+  open();
+  ASSERT_NE(window->reportChart(), nullptr);
+  const ReportPicture picture = window->reportChart()->picture({.graphType = 1,
+                                                                .circleRadius = 60,
+                                                                .pieChart2Perc1 = 0.5,
+                                                                .pieChart2Perc2 = 0.2,
+                                                                .width = 300,
+                                                                .height = 200});
+  EXPECT_EQ(picture.width, 900);
+  EXPECT_EQ(picture.height, 600);
+  EXPECT_FALSE(picture.rgba.empty());
 }
 
 TEST_F(StatsWindow, KeepsItsProjectWhateverTheApplicationReadsMeanwhile) {
