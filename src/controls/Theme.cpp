@@ -29,7 +29,7 @@ const ThemeColors& darkColors() {
       .text = QColor(0xF2, 0xF6, 0xFA),
       .mutedText = QColor(0xA9, 0xB6, 0xC2),
       .accent = QColor(0x1F, 0x75, 0xDB),
-      .accentHover = QColor(0x37, 0x88, 0xEA),
+      .accentHover = QColor(0x1A, 0x68, 0xC6),
       .sidebar = QColor(0x12, 0x16, 0x1A),
       .sidebarText = QColor(0xF2, 0xF6, 0xFA),
       .sidebarHover = QColor(0x2C, 0x34, 0x3C),
@@ -72,7 +72,8 @@ QWidget[role="sidebar"] QPushButton, QFrame[role="popup"] QPushButton {
   background: transparent; border: 2px solid transparent; color: @sidebarText; text-align: left; padding: 8px 12px; }
 QWidget[role="sidebar"] QPushButton:hover, QFrame[role="popup"] QPushButton:hover { background: @sidebarHover; }
 QWidget[role="sidebar"] QPushButton:pressed { background: @sidebarHover; }
-QWidget[role="sidebar"] QPushButton:checked, QFrame[role="popup"] QPushButton:checked { background: @accent; }
+QWidget[role="sidebar"] QPushButton:checked, QFrame[role="popup"] QPushButton:checked {
+  background: @accent; color: white; }
 QWidget[role="sidebar"] QPushButton:checked { font-weight: 600; background: qlineargradient(x1:0, y1:0, x2:1, y2:0,
   stop:0 @sidebarText, stop:0.028 @sidebarText, stop:0.029 @accent, stop:1 @accent); }
 QWidget[role="sidebar"] QPushButton:focus, QFrame[role="popup"] QPushButton:focus { border: 2px solid @sidebarText; }
