@@ -1,9 +1,12 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <span>
+
+#include "analysis/TextScan.h"
 
 namespace quillmeter {
 
@@ -21,13 +24,11 @@ struct TextCounts {
 
 /// Measures a text that arrives in blocks of any size, in one pass over its bytes and in constant memory.
 /// Blocks may be cut anywhere, also inside a character. A byte-order mark at the very start is not text and
-/// counts nowhere.
+/// counts nowhere. A plain value of some hundred bytes: cheap enough to make one for each small file.
 class TextMeasurement {
  public:
-  TextMeasurement();
-  ~TextMeasurement();
-  TextMeasurement(TextMeasurement&&) noexcept;
-  TextMeasurement& operator=(TextMeasurement&&) noexcept;
+  /// On the machine's best instruction set, or on one of its others.
+  explicit TextMeasurement(const TextScanTarget& target = textScanTargets().front());
 
   void add(std::span<const char> block);
 
@@ -35,8 +36,15 @@ class TextMeasurement {
   [[nodiscard]] std::optional<TextCounts> finish();
 
  private:
-  struct State;
-  std::unique_ptr<State> state_;
+  [[nodiscard]] std::span<const char> completeHeld(std::span<const char> block);
+  void addWholeCharacters(std::span<const char> text);
+
+  TextScanFunction scanOn_;
+  TextScan scan_;
+  std::array<char, 4> held_{};  ///< the bytes so far of a character that goes on in the next block
+  std::size_t heldSize_ = 0;
+  bool atStart_ = true;
+  bool valid_ = true;
 };
 
 /// The same for a text that is there as a whole.

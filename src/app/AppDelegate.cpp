@@ -13,6 +13,7 @@
 #include "app/ProjectRead.h"
 #include "app/WindowButton.h"
 #include "controls/NamedImage.h"
+#include "stats/StatsWindowController.h"
 #include "support/Addresses.h"
 #include "support/Text.h"
 #include "ui_AppDelegate.h"
@@ -26,11 +27,9 @@ constexpr int kProgressHeight = 50;
 
 }  // namespace
 
-AppDelegate::AppDelegate(Services services, std::unique_ptr<OpenPanel> openPanel,
-                         StatsWindowMaker makeStatsWindow, LogSink log)
+AppDelegate::AppDelegate(Services services, std::unique_ptr<OpenPanel> openPanel, LogSink log)
     : services_(std::move(services)),
       openPanel_(std::move(openPanel)),
-      makeStatsWindow_(std::move(makeStatsWindow)),
       log_(std::move(log)),
       ui_(std::make_unique<Ui::AppDelegate>()) {
   auto* viewMain = new QWidget;
@@ -231,7 +230,7 @@ void AppDelegate::setReading(bool reading) {
 }
 
 void AppDelegate::showStatsWindow() {
-  controllerWindow_ = makeStatsWindow_(*this, services_);
+  controllerWindow_ = StatsWindowController::create(*this, services_);
   controllerWindow_->show();
   window_->hide();
 }
@@ -245,8 +244,8 @@ void AppDelegate::showBackMainWindow() {
 
 void AppDelegate::retireStatsWindow() {
   if (!controllerWindow_) return;
-  QWidget* retired = controllerWindow_.release();
-  retired->hide();
+  StatsWindowController* retired = controllerWindow_.release();
+  retired->closeWithoutAsking();
   retired->deleteLater();
 }
 

@@ -11,16 +11,17 @@
 #include "controls/Services.h"
 #include "stats/StatsHost.h"
 
+namespace quillmeter {
+
 namespace Ui {
 class AppDelegate;
 }
-
-namespace quillmeter {
 
 class CustomShapeWindow;
 class OpenPanel;
 class ParseProject;
 class ProjectRead;
+class StatsWindowController;
 class WindowButton;
 
 /// Runs the application: owns the main screen, takes a project from the user, has it read on a thread of its
@@ -36,10 +37,8 @@ class AppDelegate final : public QObject, public CustomDragViewDelegate, public 
  public:
   /// Gets plain diagnostic lines, also on readers' threads.
   using LogSink = std::function<void(std::string_view)>;
-  using StatsWindowMaker = std::function<std::unique_ptr<QWidget>(StatsHost&, const Services&)>;
 
-  AppDelegate(Services services, std::unique_ptr<OpenPanel> openPanel, StatsWindowMaker makeStatsWindow,
-              LogSink log = {});
+  AppDelegate(Services services, std::unique_ptr<OpenPanel> openPanel, LogSink log = {});
   ~AppDelegate() override;
 
   /// Sets the main screen up and shows it. To be called once.
@@ -75,7 +74,7 @@ class AppDelegate final : public QObject, public CustomDragViewDelegate, public 
   [[nodiscard]] CustomShapeWindow* window() const { return window_.get(); }
   void setParserProject(std::shared_ptr<const ParseProject> project) { parserProject_ = std::move(project); }
   /// The statistics window; null when there is none.
-  [[nodiscard]] QWidget* controllerWindow() const { return controllerWindow_.get(); }
+  [[nodiscard]] StatsWindowController* controllerWindow() const { return controllerWindow_.get(); }
   /// The outlets of the main screen.
   [[nodiscard]] const Ui::AppDelegate& outlets() const { return *ui_; }
   [[nodiscard]] WindowButton* closeButton() const { return closeButton_; }
@@ -103,12 +102,11 @@ class AppDelegate final : public QObject, public CustomDragViewDelegate, public 
 
   Services services_;
   std::unique_ptr<OpenPanel> openPanel_;
-  StatsWindowMaker makeStatsWindow_;
   LogSink log_;
   std::unique_ptr<Ui::AppDelegate> ui_;
   std::unique_ptr<CustomShapeWindow> window_;
   std::shared_ptr<const ParseProject> parserProject_;
-  std::unique_ptr<QWidget> controllerWindow_;
+  std::unique_ptr<StatsWindowController> controllerWindow_;
   WindowButton* closeButton_ = nullptr;  ///< these three belong to the main screen
   WindowButton* minimizeButton_ = nullptr;
   WindowButton* maximizeButton_ = nullptr;

@@ -1,7 +1,6 @@
 #include "app/Application.h"
 
 #include <QApplication>
-#include <QLabel>
 #include <QSettings>
 #include <csignal>
 #include <cstdio>
@@ -60,10 +59,7 @@ int runApplication(int argc, char** argv) {
     return kWrongUsage;
   }
   setUpToolkit();
-  AppDelegate delegate(
-      makeServices(), std::make_unique<QtOpenPanel>(),
-      [](StatsHost&, const Services&) { return std::make_unique<QLabel>(QStringLiteral("stats")); },
-      writeLogLine);
+  AppDelegate delegate(makeServices(), std::make_unique<QtOpenPanel>(), writeLogLine);
   QApplication::setQuitOnLastWindowClosed(delegate.applicationShouldTerminateAfterLastWindowClosed());
   delegate.applicationDidFinishLaunching();
   if (commandLine.project) delegate.fileSelected(*commandLine.project);

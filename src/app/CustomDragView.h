@@ -42,8 +42,6 @@ class CustomDragView : public QWidget {
   void dropEvent(QDropEvent* event) override;
 
  private:
-  void answer(QDropEvent* event) const;
-
   CustomDragViewDelegate* delegate_ = nullptr;
   std::uint32_t operation_ = 0;  ///< what the drag that is over the area was answered
 };

@@ -18,6 +18,7 @@ int main(int argc, char** argv) {
       "Exit status: 0 success, 1 a check found something, 2 wrong usage, 3 nothing could be measured,\n"
       "4 the output could not be written.");
   quillmeter::addMeasureCommand(app, status);
+  quillmeter::addCleanupCommand(app, status);
   quillmeter::addExportCommand(app, status);
   try {
     app.parse(argc, argv);

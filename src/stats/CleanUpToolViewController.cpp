@@ -50,6 +50,7 @@ void CleanUpToolViewController::tapSearchFiles() {
   if (searchButtonOpacity_->opacity() < 1.0) return;
   searchButtonOpacity_->setOpacity(0.0);
   ui_->progressIndicator->show();
+  ui_->lblRowCount->setText(tr("Searching…"));
   services_.delayedCalls->performAfterDelay(this, kBeforeSearch, [this] { lookforFiles(); });
 }
 

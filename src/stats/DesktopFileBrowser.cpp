@@ -8,7 +8,9 @@
 #include <QStringList>
 #include <QThread>
 #include <chrono>
+#include <filesystem>
 #include <mutex>
+#include <system_error>
 #include <utility>
 
 namespace quillmeter {
@@ -117,7 +119,9 @@ void DesktopFileBrowser::reveal(const std::string& path) {
 void DesktopFileBrowser::answered(quint64 request, bool isShown) {
   const auto waiting = waiting_.extract(request);
   if (waiting.empty() || isShown) return;
-  openFolder_(QUrl::fromEncoded(fileAddress(folderOf(waiting.mapped()))));
+  const std::string folder = folderOf(waiting.mapped());
+  std::error_code ignored;
+  if (std::filesystem::is_directory(folder, ignored)) openFolder_(QUrl::fromEncoded(fileAddress(folder)));
 }
 
 QByteArray fileAddress(const std::string& path) {

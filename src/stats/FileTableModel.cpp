@@ -61,7 +61,7 @@ QVariant FileTableModel::headerData(int section, Qt::Orientation orientation, in
     case Qt::ToolTipRole:
       return column(section).toolTip.empty() ? QVariant() : QVariant(tableText(column(section).toolTip));
     case Qt::TextAlignmentRole:
-      return QVariant::fromValue(Qt::Alignment(Qt::AlignCenter));
+      return int{Qt::AlignCenter} | int{Qt::TextWordWrap};
     default:
       return {};
   }

@@ -34,6 +34,7 @@ FileTableView::FileTableView(QWidget* parent) : QTableView(parent), model_(new F
   header->setMinimumSectionSize(kMinimumColumnWidth);
   header->setHighlightSections(false);
   header->setSectionsClickable(true);
+  header->setDefaultAlignment(Qt::AlignCenter | Qt::Alignment(Qt::TextWordWrap));
   header->setSortIndicatorShown(true);
   header->setSortIndicator(-1, Qt::AscendingOrder);
   connect(header, &QHeaderView::sortIndicatorChanged, this, &FileTableView::sortByHeader);
@@ -65,13 +66,13 @@ void FileTableView::addActions() {
 }
 
 void FileTableView::setTable(FileTable table) {
+  widths_.clear();
+  for (const FileTableColumn& column : table.columns())
+    widths_.push_back(column.width);
   {
     const QScopedValueRollback fitting(isFitting_, true);
     model_->setTable(std::move(table));
   }
-  widths_.clear();
-  for (const FileTableColumn& column : this->table().columns())
-    widths_.push_back(column.width);
   sortedSection_ = -1;
   const QSignalBlocker quiet(horizontalHeader());
   horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
@@ -149,7 +150,7 @@ void FileTableView::paintEvent(QPaintEvent* event) {
 
 void FileTableView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
-  fitColumns();
+  if (!isFitting_) fitColumns();
 }
 
 }  // namespace quillmeter

@@ -12,6 +12,8 @@
 namespace quillmeter {
 namespace {
 
+constexpr int kBackgroundStyleRaised = 2;
+
 QString fromUtf8(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
@@ -55,6 +57,9 @@ void OverviewViewController::initViewCustom() {
   const auto texts = overviewFigureTexts(figures_, overviewFormatter());
   for (std::size_t index = 0; index < kOverviewMetrics; ++index) {
     showFigure(index + 1, texts.lblSizeMetrics.at(index));
+  }
+  for (QLabel* const heading : {ui_->lblTextTitle1, ui_->lblTextTitle2, ui_->lblTextTitle3}) {
+    heading->setProperty("backgroundStyle", kBackgroundStyleRaised);
   }
 }
 

@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
+#include <QPainter>
 #include <QPointer>
 #include <QPushButton>
 #include <QShortcut>
@@ -18,6 +19,7 @@
 #include "controls/Theme.h"
 #include "export/ExportViewController.h"
 #include "reminder/DesktopReminder.h"
+#include "stats/CanvasReportChart.h"
 #include "stats/CleanUpToolViewController.h"
 #include "stats/DetailsViewController.h"
 #include "stats/OverviewViewController.h"
@@ -31,11 +33,17 @@ constexpr std::chrono::milliseconds kReminderDelay{4000};
 constexpr int kBackgroundStyleRaised = 2;
 constexpr int kYes = 0;
 
-/// A picture that is not dimmed while its button is disabled, for scale factors up to 3.
+/// Room between a button's picture and its title, which the toolkit has no measure for.
+constexpr int kPictureGap = 8;
+
+/// A picture with the gap to its right, not dimmed while its button is disabled, for scale factors up to 3.
 QIcon undimmedIcon(const QString& name, QSize size) {
   QIcon icon;
   for (const qreal scale : {1.0, 2.0, 3.0}) {
-    const QPixmap picture = namedImage(name, size, scale);
+    QPixmap picture((QSizeF(size) * scale).toSize());
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::transparent);
+    QPainter(&picture).drawPixmap(0, 0, namedImage(name, size - QSize(kPictureGap, 0), scale));
     icon.addPixmap(picture, QIcon::Normal);
     icon.addPixmap(picture, QIcon::Disabled);
   }
@@ -115,7 +123,10 @@ void StatsWindowController::connectControls() {
 
   auto* const tools = new QMenu(ui_->btnTools);
   tools->addAction(tr("Find unused files…"), this, [this] { tapCleanUpTool(); });
-  ui_->btnTools->setMenu(tools);
+  // Opened by hand above the button: a button that has a menu loses the padding of the style sheet.
+  connect(ui_->btnTools, &QPushButton::clicked, tools, [this, tools] {
+    tools->popup(ui_->btnTools->mapToGlobal(QPoint(0, -tools->sizeHint().height())));
+  });
 
   const auto shortcut = [this](const char* keys, void (StatsWindowController::*operation)()) {
     auto* const key = new QShortcut(QKeySequence(QLatin1String(keys)), this);
@@ -264,6 +275,10 @@ OverviewTexts StatsWindowController::overviewTexts() const {
   return {overviewController_->lblSizeMetrics7()->text().toStdString(),
           overviewController_->lblSizeMetrics8()->text().toStdString(),
           overviewController_->lblSizeMetrics9()->text().toStdString()};
+}
+
+std::shared_ptr<const ReportChart> StatsWindowController::reportChart() const {
+  return std::make_shared<CanvasReportChart>();
 }
 
 void StatsWindowController::setExportKinds(const std::array<bool, 5>& kinds) {

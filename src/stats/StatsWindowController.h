@@ -66,6 +66,7 @@ class StatsWindowController final : public QWidget, public ChartsHost, public Ex
   [[nodiscard]] std::shared_ptr<const ParseProject> parserProject() const override { return project_; }
   [[nodiscard]] SourceTotals sourceTotals() const override;
   [[nodiscard]] OverviewTexts overviewTexts() const override;
+  [[nodiscard]] std::shared_ptr<const ReportChart> reportChart() const override;
   void setExportKinds(const std::array<bool, 5>& kinds) override;
 
   [[nodiscard]] OverviewViewController* overviewController() const { return overviewController_.get(); }

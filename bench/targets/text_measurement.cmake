@@ -1,0 +1,1 @@
+quillmeter_benchmark(text_measurement_benchmark SOURCES TextMeasurementBenchmark.cpp LIBS quillmeter_analysis)

@@ -1,0 +1,105 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <memory>
+#include <string>
+
+#include "cli/Commands.h"
+#include "cli/ExitStatus.h"
+#include "cli/JsonWriter.h"
+#include "cli/Measurement.h"
+#include "cli/Output.h"
+#include "stats/CleanUpTable.h"
+#include "support/Text.h"
+
+namespace quillmeter {
+namespace {
+
+struct CleanupOptions {
+  ReadOptions read;
+  std::string format = "table";
+  bool check = false;
+};
+
+void writeJson(const FileTable& table, Output& output) {
+  JsonWriter json(output);
+  json.beginObject();
+  json.key("files");
+  json.beginArray();
+  for (const auto& file : table.rows()) {
+    json.beginObject();
+    json.member("fileName", file->fileName());
+    json.member("filePath", file->filePath());
+    json.member("fileSize", file->fileSize());
+    json.endObject();
+  }
+  json.endArray();
+  json.endObject();
+  output.write("\n");
+}
+
+/// Sizes and paths in two columns, a file a line.
+void writeTable(const FileTable& table, Output& output) {
+  if (table.rows().empty()) {
+    output.write(std::string(kCleanProjectText) + "\n");
+    return;
+  }
+  constexpr std::size_t pathColumn = 3;
+  constexpr std::size_t sizeColumn = 4;
+  const std::string_view sizeHeader = table.columns()[sizeColumn].header();
+  std::size_t width = sizeHeader.size();
+  for (std::size_t row = 0; row < table.rows().size(); ++row)
+    width = std::max(width, utf16Length(table.cellText(row, sizeColumn)));
+  const auto writeRow = [&](std::string_view size, std::string_view path) {
+    output.write(std::string(width - utf16Length(size), ' '));
+    output.write(size);
+    output.write("  ");
+    output.write(path);
+    output.write("\n");
+  };
+  writeRow(sizeHeader, table.columns()[pathColumn].header());
+  for (std::size_t row = 0; row < table.rows().size(); ++row)
+    writeRow(table.cellText(row, sizeColumn), onOneLine(table.cellText(row, pathColumn)));
+}
+
+int cleanup(const CleanupOptions& options) {
+  const auto project = readProject(options.read);
+  if (!project) return kNothingMeasured;
+  const FileTable table = cleanUpTable(project->allFilesInFolder(), project->files());
+  Output output(std::nullopt);
+  if (options.format == "json") {
+    writeJson(table, output);
+  } else {
+    writeTable(table, output);
+  }
+  if (const auto error = output.finish()) {
+    complain(*error);
+    return kOutputFailed;
+  }
+  return options.check && !table.rows().empty() ? kFindings : kSuccess;
+}
+
+}  // namespace
+
+void addCleanupCommand(CLI::App& app, int& status) {
+  const auto options = std::make_shared<CleanupOptions>();
+  CLI::App* command = app.add_subcommand(
+      "cleanup", "List the files in a project's folder that the project does not reference");
+  command
+      ->add_option("PROJECT", options->read.project,
+                   "A folder that holds an .xcodeproj bundle, or the bundle")
+      ->required();
+  command->add_option("--format", options->format, "table: sizes in KB (1000 bytes) and paths; json: bytes")
+      ->check(CLI::IsMember({"table", "json"}))
+      ->capture_default_str();
+  command->add_flag("--check", options->check, "Exit with status 1 when there is any such file");
+  command->add_flag("--quiet", options->read.quiet, "Show no progress");
+  command->add_flag("--verbose", options->read.verbose, "Say on standard error what is being read");
+  command->footer(
+      "Source files, images and interface files are looked for; hidden files are left out.\n\n"
+      "Examples:\n"
+      "  quillmeter-cli cleanup ~/Projects/Notebook\n"
+      "  quillmeter-cli cleanup --check --format json Notebook.xcodeproj > leftovers.json");
+  command->callback([options, &status] { status = cleanup(*options); });
+}
+
+}  // namespace quillmeter
