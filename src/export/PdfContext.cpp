@@ -61,6 +61,7 @@ PdfContext::~PdfContext() = default;
 
 void PdfContext::beginPage() {
   implementation_->page = HPDF_AddPage(implementation_->doc());
+  if (implementation_->page == nullptr) return;
   HPDF_Page_SetWidth(implementation_->page, implementation_->pageWidth);
   HPDF_Page_SetHeight(implementation_->page, implementation_->pageHeight);
 }
@@ -90,6 +91,7 @@ void PdfContext::Implementation::setStrokeAlpha(double alpha) {
   HPDF_ExtGState& state = strokeAlphas[alpha];
   if (state == nullptr) {
     state = HPDF_CreateExtGState(doc());
+    if (state == nullptr) return;
     HPDF_ExtGState_SetAlphaStroke(state, real(alpha));
   }
   HPDF_Page_SetExtGState(page, state);
@@ -160,6 +162,7 @@ HPDF_Image PdfContext::Implementation::image(const ReportPicture& picture) const
       HPDF_LoadRawImageFromMem(doc(), alphas.data(), width, height, HPDF_CS_DEVICE_GRAY, kBitsPerComponent);
   HPDF_Image const image =
       HPDF_LoadRawImageFromMem(doc(), colors.data(), width, height, HPDF_CS_DEVICE_RGB, kBitsPerComponent);
+  if (image == nullptr || mask == nullptr) return nullptr;
   HPDF_Image_AddSMask(image, mask);
   return image;
 }
@@ -167,7 +170,7 @@ HPDF_Image PdfContext::Implementation::image(const ReportPicture& picture) const
 void PdfContext::addLink(const std::string& address, const PdfRect& rect) {
   const HPDF_Rect area{real(rect.x), real(rect.y), real(rect.x + rect.width), real(rect.y + rect.height)};
   HPDF_Annotation const link = HPDF_Page_CreateURILinkAnnot(implementation_->page, area, address.c_str());
-  HPDF_LinkAnnot_SetBorderStyle(link, 0, 0, 0);
+  if (link != nullptr) HPDF_LinkAnnot_SetBorderStyle(link, 0, 0, 0);
 }
 
 std::optional<std::string> PdfContext::document() {
