@@ -93,7 +93,7 @@ class ChartsViewController : public QWidget, private DrawingCanvasViewDelegate {
 
   ChartsHost& host_;
   Services services_;
-  std::unique_ptr<Ui::ChartsViewController> ui_;
+  std::unique_ptr<::Ui::ChartsViewController> ui_;
   FileList currentArrayValuesBarChart_;
   std::int32_t currentTableFilter_ = kFileKindsPie;
   PieFractions fractions_;

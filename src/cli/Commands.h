@@ -9,6 +9,7 @@ class App;
 /// outlive `app`.
 namespace quillmeter {
 
+void addExportCommand(CLI::App& app, int& status);
 void addMeasureCommand(CLI::App& app, int& status);
 void addCleanupCommand(CLI::App& app, int& status);
 void addMethodsCommand(CLI::App& app, int& status);

@@ -19,6 +19,7 @@ int main(int argc, char** argv) {
       "4 the output could not be written.");
   quillmeter::addMeasureCommand(app, status);
   quillmeter::addCleanupCommand(app, status);
+  quillmeter::addExportCommand(app, status);
   quillmeter::addMethodsCommand(app, status);
   try {
     app.parse(argc, argv);

@@ -3,9 +3,11 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
-/// The linker keeps the pictures in a static library only when something asks for them. (Outside any namespace, as
-/// the macro wants it.)
-static void registerImages() { Q_INIT_RESOURCE(images); }
+/// The linker keeps the pictures in a static library only when something asks for them. (Outside any
+/// namespace, as the macro wants it.)
+static void registerImages() {
+  Q_INIT_RESOURCE(images);
+}
 
 namespace quillmeter {
 namespace {

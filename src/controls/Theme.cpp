@@ -29,7 +29,7 @@ const ThemeColors& darkColors() {
       .text = QColor(0xF2, 0xF6, 0xFA),
       .mutedText = QColor(0xA9, 0xB6, 0xC2),
       .accent = QColor(0x1F, 0x75, 0xDB),
-      .accentHover = QColor(0x37, 0x88, 0xEA),
+      .accentHover = QColor(0x1A, 0x68, 0xC6),
       .sidebar = QColor(0x12, 0x16, 0x1A),
       .sidebarText = QColor(0xF2, 0xF6, 0xFA),
       .sidebarHover = QColor(0x2C, 0x34, 0x3C),
@@ -56,6 +56,7 @@ QWidget[role="sidebar"] { background: @sidebar; }
 QFrame[role="popup"] { background: @sidebar; border-radius: @radiuspx; }
 QLabel { background: transparent; }
 QLabel[role="heading"] { font-size: @headingpx; font-weight: 600; }
+QLabel[role="subtitle"] { font-size: @bodypx; color: @mutedText; }
 QLabel[role="caption"] { font-size: @captionpx; color: @mutedText; }
 QLabel[role="figure"] { font-size: @figurepx; font-weight: 600; }
 QLabel[role="display"] { font-size: @displaypx; font-weight: 700; color: @text; }
@@ -70,9 +71,17 @@ QPushButton[role="primary"]:focus { border: 2px solid @text; }
 QWidget[role="sidebar"] QPushButton, QFrame[role="popup"] QPushButton {
   background: transparent; border: 2px solid transparent; color: @sidebarText; text-align: left; padding: 8px 12px; }
 QWidget[role="sidebar"] QPushButton:hover, QFrame[role="popup"] QPushButton:hover { background: @sidebarHover; }
-QWidget[role="sidebar"] QPushButton:checked, QFrame[role="popup"] QPushButton:checked { background: @accent; }
+QWidget[role="sidebar"] QPushButton:pressed { background: @sidebarHover; }
+QWidget[role="sidebar"] QPushButton:checked, QFrame[role="popup"] QPushButton:checked {
+  background: @accent; color: white; }
+QWidget[role="sidebar"] QPushButton:checked { font-weight: 600; background: qlineargradient(x1:0, y1:0, x2:1, y2:0,
+  stop:0 @sidebarText, stop:0.028 @sidebarText, stop:0.029 @accent, stop:1 @accent); }
 QWidget[role="sidebar"] QPushButton:focus, QFrame[role="popup"] QPushButton:focus { border: 2px solid @sidebarText; }
 QWidget[role="sidebar"] QLabel, QFrame[role="popup"] QLabel { color: @sidebarText; }
+QLabel[role="brand"] { font-size: @headingpx; font-weight: 700; padding-left: 8px; }
+QMenu { background: @card; color: @text; border: 1px solid @line; padding: 4px; }
+QMenu::item { padding: 8px 16px; border-radius: 6px; background: transparent; }
+QMenu::item:selected { background: @accent; color: white; }
 QCheckBox { spacing: 8px; padding: 3px; border: 2px solid transparent; border-radius: 6px; background: transparent; }
 QCheckBox:focus { border-color: @accent; }
 QCheckBox::indicator { width: 16px; height: 16px; border: 1px solid @mutedText; border-radius: 4px; background: @card; }

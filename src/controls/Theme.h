@@ -27,11 +27,11 @@ struct ThemeColors {
 [[nodiscard]] const ThemeColors& themeFor(const QPalette& palette);
 
 /// Points of the type scale, as pixels at 1 ×.
-inline constexpr int kCaptionSize = 12;
+inline constexpr int kCaptionSize = 13;
 inline constexpr int kBodySize = 14;
 inline constexpr int kHeadingSize = 18;
-inline constexpr int kFigureSize = 24;
-inline constexpr int kDisplaySize = 56;
+inline constexpr int kFigureSize = 28;
+inline constexpr int kDisplaySize = 64;
 
 /// Steps of the spacing grid in pixels at 1 ×; margins and gaps are multiples of the first.
 inline constexpr int kSpace = 4;
@@ -41,8 +41,8 @@ inline constexpr int kMargin = 24;
 inline constexpr int kCornerRadius = 8;
 
 /// The style sheet that all windows share: buttons, check boxes, tables, tool tips, focus rings. Widgets take
-/// a part by the dynamic property "role": "card", "sidebar", "popup", "primary" (the main button of a page),
-/// "heading", "caption", "figure", "display".
+/// a part by the dynamic property "role": "page", "card", "sidebar", "popup", "primary" (the main button of a
+/// page), "brand" (the product's name), "subtitle", "heading", "caption", "figure", "display".
 [[nodiscard]] QString styleSheetFor(const ThemeColors& colors);
 
 }  // namespace quillmeter

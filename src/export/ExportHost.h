@@ -6,6 +6,7 @@
 namespace quillmeter {
 
 class ParseProject;
+class ReportChart;
 
 /// The overview's figures as it shows them, for the totals of the report.
 struct OverviewTexts {
@@ -21,6 +22,8 @@ class ExportHost {
   /// The project shown; never null.
   [[nodiscard]] virtual std::shared_ptr<const ParseProject> parserProject() const = 0;
   [[nodiscard]] virtual OverviewTexts overviewTexts() const = 0;
+  /// What paints the report's graph; null leaves the graph out.
+  [[nodiscard]] virtual std::shared_ptr<const ReportChart> reportChart() const { return nullptr; }
 };
 
 }  // namespace quillmeter

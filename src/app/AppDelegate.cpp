@@ -1,0 +1,256 @@
+#include "app/AppDelegate.h"
+
+#include <QEvent>
+#include <QShortcut>
+#include <QUrl>
+#include <chrono>
+#include <utility>
+
+#include "analysis/ParseProject.h"
+#include "analysis/ProjectChooser.h"
+#include "app/CustomShapeWindow.h"
+#include "app/OpenPanel.h"
+#include "app/ProjectRead.h"
+#include "app/WindowButton.h"
+#include "controls/NamedImage.h"
+#include "stats/StatsWindowController.h"
+#include "support/Addresses.h"
+#include "support/Text.h"
+#include "ui_AppDelegate.h"
+
+namespace quillmeter {
+namespace {
+
+constexpr std::chrono::milliseconds kOpenDelay{500};
+constexpr int kWindowButtonsBottom = 330;  // above the lower edge of the main screen
+constexpr int kProgressHeight = 50;
+
+}  // namespace
+
+AppDelegate::AppDelegate(Services services, std::unique_ptr<OpenPanel> openPanel, LogSink log)
+    : services_(std::move(services)),
+      openPanel_(std::move(openPanel)),
+      log_(std::move(log)),
+      ui_(std::make_unique<Ui::AppDelegate>()) {
+  auto* viewMain = new QWidget;
+  ui_->setupUi(viewMain);
+  window_ = std::make_unique<CustomShapeWindow>(QRect(QPoint(), viewMain->size()));
+  window_->setContentView(viewMain);
+  window_->setWindowTitle(QStringLiteral("Quillmeter"));
+  ui_->viewDrag->setDelegate(this);
+  ui_->viewDrag->awakeFromNib();
+  connectControls();
+  setReading(false);
+}
+
+AppDelegate::~AppDelegate() {
+  // Readers first: whatever they have still posted must not find a half-destroyed application.
+  qDeleteAll(findChildren<ProjectRead*>(Qt::FindDirectChildrenOnly));
+  ui_->viewDrag->setDelegate(nullptr);
+}
+
+void AppDelegate::connectControls() {
+  connect(ui_->btnOpenProject, &QPushButton::clicked, this, &AppDelegate::tapOpenFile);
+  connect(ui_->btnRateOnStore, &QPushButton::clicked, this, &AppDelegate::tapRateOnStore);
+  connect(ui_->tapViewOnline, &QPushButton::clicked, this, &AppDelegate::tapViewOnline);
+  const auto addShortcut = [this](QKeySequence keys, auto action) {
+    auto* shortcut = new QShortcut(keys, window_.get());
+    connect(shortcut, &QShortcut::activated, this, action);
+  };
+  addShortcut(QKeySequence(Qt::CTRL | Qt::Key_O), &AppDelegate::tapOpenFile);
+  addShortcut(QKeySequence(Qt::CTRL | Qt::Key_W), [this] { window_->close(); });
+  addShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { window_->close(); });
+}
+
+void AppDelegate::applicationDidFinishLaunching() {
+  window_->installEventFilter(this);
+  window_->setFixedSize(window_->frameGeometry().size());
+  window_->setAcceptDrops(true);
+  ui_->btnOpenProject->setButtonType(NSButtonWithHover::ButtonType::momentaryChange);
+  makeWindowButtons();
+  showImages(QStringLiteral("window_middle_part"), QStringLiteral("drag_normal"));
+  ui_->indicatorProgress->resize(ui_->indicatorProgress->width(), kProgressHeight);
+
+  window_->setOutline(
+      outlineOfPicture(namedImage(QStringLiteral("window_middle_part"), ui_->imgMiddle->size()).toImage()));
+  window_->show();
+}
+
+void AppDelegate::makeWindowButtons() {
+  const auto make = [this](WindowButton::Kind kind, int x, const QString& name,
+                           const QString& accessibleName) {
+    QWidget* viewMain = window_->contentView();
+    auto* button = new WindowButton(kind, viewMain);
+    // Below the upper edge by as much as keeps it above the lower one: the view never changes its size.
+    button->move(x, viewMain->height() - kWindowButtonsBottom - button->height());
+    button->setObjectName(name);
+    button->setAccessibleName(accessibleName);
+    button->setToolTip(accessibleName);
+    button->show();
+    return button;
+  };
+  closeButton_ = make(WindowButton::Kind::close, 20, QStringLiteral("closeButton"), QStringLiteral("Close"));
+  minimizeButton_ =
+      make(WindowButton::Kind::minimize, 40, QStringLiteral("minimizeButton"), QStringLiteral("Minimise"));
+  maximizeButton_ =
+      make(WindowButton::Kind::zoom, 60, QStringLiteral("maximizeButton"), QStringLiteral("Zoom"));
+  maximizeButton_->setEnabled(false);
+  connect(closeButton_, &QAbstractButton::clicked, window_.get(), &QWidget::close);
+  connect(minimizeButton_, &QAbstractButton::clicked, window_.get(), &QWidget::showMinimized);
+}
+
+bool AppDelegate::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == window_.get() && event->type() == QEvent::WindowActivate) mainWindowChanged();
+  return QObject::eventFilter(watched, event);
+}
+
+void AppDelegate::mainWindowChanged() {
+  for (WindowButton* button : {closeButton_, minimizeButton_, maximizeButton_})
+    button->update();
+}
+
+void AppDelegate::tapOpenFile() {
+  const std::optional<std::string> folder = openPanel_->runModal(window_.get());
+  if (folder) chooseProjectIn(std::string(trimmed(*folder)));
+}
+
+void AppDelegate::tapRateOnStore() {
+  services_.urlOpener->open(QUrl(QString::fromUtf8(kReviewUrl)));
+}
+
+void AppDelegate::tapViewOnline() {
+  services_.urlOpener->open(QUrl(QString::fromUtf8(kProductUrl)));
+}
+
+void AppDelegate::draggingEntered(CustomDragView* /*view*/) {
+  showImages(QStringLiteral("window_middle_part_over"), QStringLiteral("drag_over"));
+  showHint(QStringLiteral("Let go to measure it"), QStringLiteral("This folder holds an Xcode project"));
+  ui_->btnOpenProject->hide();
+}
+
+void AppDelegate::draggingInvalid(CustomDragView* /*view*/) {
+  showImages(QStringLiteral("window_middle_part_invalid"), QStringLiteral("drag_invalid"));
+  showHint(QStringLiteral("No project in there"),
+           QStringLiteral("Drop the folder around the .xcodeproj bundle"));
+  ui_->btnOpenProject->hide();
+}
+
+void AppDelegate::draggingExited(CustomDragView* /*view*/) {
+  showImages(QStringLiteral("window_middle_part"), QStringLiteral("drag_normal"));
+  showHint(QStringLiteral("Drop a project folder here"),
+           QStringLiteral("the one that holds the .xcodeproj bundle"));
+  ui_->btnOpenProject->show();
+}
+
+void AppDelegate::showImages(const QString& middle, const QString& middleOver) {
+  ui_->imgMiddle->setImageName(middle);
+  ui_->imgMiddleOver->setImageName(middleOver);
+}
+
+void AppDelegate::showHint(const QString& hint, const QString& caption) {
+  ui_->lblDropHint->setText(hint);
+  ui_->lblDropCaption->setText(caption);
+}
+
+void AppDelegate::fileSelected(const std::string& folder) {
+  chooseProjectIn(folder);
+}
+
+void AppDelegate::chooseProjectIn(const std::string& folder) {
+  services_.delayedCalls->performAfterDelay(
+      this, kOpenDelay, [this, project = chosenProject(folder)] { openParsingFile(project); });
+}
+
+void AppDelegate::openParsingFile(const std::string& path) {
+  if (!read_.isNull()) {
+    read_->disconnect(this);
+    read_->stop();
+    connect(read_, &ProjectRead::ended, read_, &QObject::deleteLater);
+  }
+  read_ = new ProjectRead([path, log = log_](ProjectRead& read) { openParsingFileDelayed(path, log, read); },
+                          this);
+  connect(read_, &ProjectRead::started, this, &AppDelegate::progressParsingProjectStarted);
+  connect(read_, &ProjectRead::progress, this, &AppDelegate::progressParsingProject);
+  connect(read_, &ProjectRead::ended, this, &AppDelegate::progressParsingProjectEnded);
+  read_->start();
+}
+
+void AppDelegate::openParsingFileDelayed(const std::string& path, const LogSink& log, ProjectRead& read) {
+  read.project().setLogSink(log);
+  read.project().parseFileAtPathAndDelegate(path, read.delegate());
+}
+
+void AppDelegate::progressParsingProjectStarted() {
+  log("started parsing");
+  setReading(true);
+  ui_->indicatorProgress->setDoubleValue(0.0);
+  ui_->indicatorProgress->setMinValue(0.0);
+  ui_->indicatorProgress->setMaxValue(1.0);
+  ui_->indicatorProgress->setIndeterminate(true);
+  if (controllerWindow_) {
+    window_->show();  // first, or the application would be left without a window
+    retireStatsWindow();
+  }
+}
+
+void AppDelegate::progressParsingProject(double fraction) {
+  ui_->indicatorProgress->setDoubleValue(fraction);
+  ui_->indicatorProgress->update();
+}
+
+void AppDelegate::progressParsingProjectEnded(const std::shared_ptr<ParseProject>& project) {
+  log("ended parsing");
+  read_->deleteLater();
+  read_.clear();
+  setReading(false);
+  parserProject_ = project;
+  if (project == nullptr || project->files().empty()) {
+    services_.alerts->runModal(
+        window_.get(),
+        QStringLiteral(
+            "Error processing current folder. Please contact the Support team to assist you with importing "
+            "this project."),
+        {QStringLiteral("Ok")});
+    return;
+  }
+  showStatsWindow();
+}
+
+void AppDelegate::setReading(bool reading) {
+  ui_->indicatorProgress->setVisible(reading);
+  ui_->lblProcessing->setVisible(reading);
+  ui_->btnOpenProject->setVisible(!reading);
+  for (QWidget* dropPicture :
+       {static_cast<QWidget*>(ui_->imgMiddleOver), static_cast<QWidget*>(ui_->lblDropHint),
+        static_cast<QWidget*>(ui_->lblDropCaption)}) {
+    dropPicture->setVisible(!reading);
+  }
+  ui_->imgMiddle->setImageName(reading ? QStringLiteral("window_middle_part_over")
+                                       : QStringLiteral("window_middle_part"));
+}
+
+void AppDelegate::showStatsWindow() {
+  controllerWindow_ = StatsWindowController::create(*this, services_);
+  controllerWindow_->show();
+  window_->hide();
+}
+
+void AppDelegate::showBackMainWindow() {
+  window_->show();
+  window_->raise();
+  window_->activateWindow();
+  retireStatsWindow();
+}
+
+void AppDelegate::retireStatsWindow() {
+  if (!controllerWindow_) return;
+  StatsWindowController* retired = controllerWindow_.release();
+  retired->closeWithoutAsking();
+  retired->deleteLater();
+}
+
+void AppDelegate::log(std::string_view line) const {
+  if (log_) log_(line);
+}
+
+}  // namespace quillmeter

@@ -1,0 +1,69 @@
+#include "app/Application.h"
+
+#include <QApplication>
+#include <QSettings>
+#include <csignal>
+#include <cstdio>
+#include <memory>
+#include <span>
+#include <string>
+
+#include "app/AppDelegate.h"
+#include "app/CommandLine.h"
+#include "app/MakeServices.h"
+#include "app/OpenPanel.h"
+#include "controls/NamedImage.h"
+#include "support/Addresses.h"
+
+namespace quillmeter {
+namespace {
+
+constexpr int kWrongUsage = 2;
+
+void setUpToolkit() {
+  QApplication::setApplicationName(QStringLiteral("Quillmeter"));
+  QApplication::setOrganizationName(QStringLiteral("Quillmeter"));
+  QApplication::setApplicationVersion(QString::fromUtf8(kVersion));
+  QApplication::setDesktopFileName(QStringLiteral("quillmeter"));
+  QApplication::setWindowIcon(namedIcon(QStringLiteral("quillmeter")));
+  // The toolkit's file dialogs remember folders in a file of their own; this program writes no file but its
+  // defaults.
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+  // Diagnostic lines go to standard error; a terminal that has gone must not take the windows with it.
+  std::signal(SIGPIPE, SIG_IGN);
+}
+
+/// One call a line, so that lines of several threads do not mix.
+void writeLogLine(std::string_view line) {
+  std::string text(line);
+  text += '\n';
+  std::fwrite(text.data(), 1, text.size(), stderr);
+}
+
+std::span<const char* const> argumentsOf(int argc, char** argv) {
+  return {argv + 1, static_cast<std::size_t>(argc > 0 ? argc - 1 : 0)};
+}
+
+}  // namespace
+
+int runApplication(int argc, char** argv) {
+  // Help is given without a display, too.
+  if (const auto output = readCommandLine(argumentsOf(argc, argv)).output) {
+    std::fputs(output->c_str(), stdout);
+    return 0;
+  }
+  const QApplication application(argc, argv);  // takes the toolkit's own options out of the arguments
+  const CommandLine commandLine = readCommandLine(argumentsOf(argc, argv));
+  if (commandLine.error) {
+    std::fprintf(stderr, "quillmeter: %s\nTry 'quillmeter --help'.\n", commandLine.error->c_str());
+    return kWrongUsage;
+  }
+  setUpToolkit();
+  AppDelegate delegate(makeServices(), std::make_unique<QtOpenPanel>(), writeLogLine);
+  QApplication::setQuitOnLastWindowClosed(delegate.applicationShouldTerminateAfterLastWindowClosed());
+  delegate.applicationDidFinishLaunching();
+  if (commandLine.project) delegate.fileSelected(*commandLine.project);
+  return QApplication::exec();
+}
+
+}  // namespace quillmeter

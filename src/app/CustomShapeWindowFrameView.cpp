@@ -1,0 +1,35 @@
+#include "app/CustomShapeWindowFrameView.h"
+
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWindow>
+
+namespace quillmeter {
+
+CustomShapeWindowFrameView::CustomShapeWindowFrameView(QWidget* parent) : QWidget(parent) {}
+
+void CustomShapeWindowFrameView::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  painter.setCompositionMode(QPainter::CompositionMode_Source);
+  painter.fillRect(event->rect(), Qt::transparent);
+}
+
+void CustomShapeWindowFrameView::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+    if (QWindow* handle = window()->windowHandle()) handle->startSystemMove();
+    return;
+  }
+  press_ = Press{event->globalPosition(), window()->pos()};
+}
+
+void CustomShapeWindowFrameView::mouseMoveEvent(QMouseEvent* event) {
+  if (press_) window()->move(press_->window + (event->globalPosition() - press_->mouse).toPoint());
+}
+
+void CustomShapeWindowFrameView::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) press_.reset();
+}
+
+}  // namespace quillmeter

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+class QWidget;
+
+namespace quillmeter {
+
+/// The panel in which the user picks a folder to open.
+class OpenPanel {
+ public:
+  virtual ~OpenPanel() = default;
+  /// Blocks until the user has chosen a folder; files cannot be chosen. Gives its path in the file system's
+  /// bytes, or nothing when the user cancelled.
+  [[nodiscard]] virtual std::optional<std::string> runModal(QWidget* parent) = 0;
+};
+
+/// The desktop's own folder dialog, or the toolkit's where the desktop has none.
+class QtOpenPanel final : public OpenPanel {
+ public:
+  [[nodiscard]] std::optional<std::string> runModal(QWidget* parent) override;
+};
+
+}  // namespace quillmeter

@@ -1,0 +1,77 @@
+#include "app/ProjectRead.h"
+
+#include <QMetaObject>
+#include <exception>
+#include <utility>
+
+#include "app/StoppableFileSystem.h"
+
+namespace quillmeter {
+namespace {
+
+/// A project together with the file system that it reads through for as long as it lives.
+struct ProjectOnFileSystem {
+  explicit ProjectOnFileSystem(std::shared_ptr<StoppableFileSystem> given)
+      : fileSystem(std::move(given)), project(*fileSystem) {}
+  std::shared_ptr<StoppableFileSystem> fileSystem;
+  ParseProject project;
+};
+
+}  // namespace
+
+ProjectRead::ProjectRead(std::function<void(ProjectRead&)> body, QObject* parent)
+    : QObject(parent), body_(std::move(body)), fileSystem_(std::make_shared<StoppableFileSystem>()) {
+  const auto owner = std::make_shared<ProjectOnFileSystem>(fileSystem_);
+  project_ = {owner, &owner->project};
+}
+
+ProjectRead::~ProjectRead() {
+  stop();
+  if (thread_.joinable()) thread_.join();
+}
+
+void ProjectRead::start() {
+  thread_ = std::thread([this] { run(); });
+}
+
+void ProjectRead::stop() {
+  fileSystem_->stop();
+}
+
+void ProjectRead::run() {
+  bool succeeded = false;
+  try {
+    body_(*this);
+    succeeded = true;
+  } catch (const std::exception&) {
+    // No memory for the project, say. The user learns of it as of any project that cannot be read.
+  }
+  postEnded(succeeded);
+}
+
+void ProjectRead::progressParsingProjectStarted() {
+  post([this] { Q_EMIT started(); });
+}
+
+void ProjectRead::progressParsingProject(double fraction) {
+  latestProgress_ = fraction;
+  if (progressIsPosted_.exchange(true)) return;
+  post([this] {
+    progressIsPosted_ = false;
+    Q_EMIT progress(latestProgress_);
+  });
+}
+
+void ProjectRead::postEnded(bool succeeded) {
+  post([this, succeeded] {
+    project_->setDelegate(nullptr);
+    Q_EMIT ended(succeeded ? project_ : nullptr);
+  });
+}
+
+/// The message is dropped with this object, and no thread is left then that could post another one.
+void ProjectRead::post(std::function<void()> message) {
+  QMetaObject::invokeMethod(this, std::move(message), Qt::QueuedConnection);
+}
+
+}  // namespace quillmeter

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QObject>
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <thread>
+
+#include "analysis/ParseProject.h"
+
+namespace quillmeter {
+
+class StoppableFileSystem;
+
+/// One read of one project, on a thread of its own. What the reader reports on its thread comes out as
+/// signals on the main thread, in the same order; the reader never waits for them. Progress that the main
+/// thread has not yet come around to is overtaken by newer progress, so that a hundred thousand reports cost
+/// it no more than a few. The project itself crosses over with `ended` and is not touched by the reader any
+/// more from then on, so nothing needs a lock.
+///
+/// Lives on the main thread. Destroying it stops the reader and waits for it: as long as one call to the file
+/// system takes and the rest of the lines are run through with every file missing, which is some milliseconds
+/// on a disk that answers.
+class ProjectRead final : public QObject, private ParseProjectDelegate {
+  Q_OBJECT
+
+ public:
+  /// `body` runs on the reader's thread; it reads `project()` with `delegate()`. If it throws, the read ends
+  /// without a project.
+  explicit ProjectRead(std::function<void(ProjectRead&)> body, QObject* parent = nullptr);
+  ~ProjectRead() override;
+
+  void start();
+  /// Lets the reader run dry; `ended` still comes.
+  void stop();
+
+  /// For the body.
+  [[nodiscard]] ParseProject& project() { return *project_; }
+  [[nodiscard]] ParseProjectDelegate* delegate() { return this; }
+
+ Q_SIGNALS:
+  void started();
+  void progress(double fraction);
+  /// The last message. `project` is null when the read failed altogether.
+  void ended(const std::shared_ptr<quillmeter::ParseProject>& project);
+
+ private:
+  void progressParsingProjectStarted() override;
+  void progressParsingProject(double fraction) override;
+  void progressParsingProjectEnded() override {}  // sent once the reader has let go of the project
+
+  void run();
+  void postEnded(bool succeeded);
+  void post(std::function<void()> message);
+
+  std::function<void(ProjectRead&)> body_;
+  std::shared_ptr<StoppableFileSystem> fileSystem_;
+  std::shared_ptr<ParseProject> project_;
+  std::atomic<double> latestProgress_ = 0.0;
+  std::atomic<bool> progressIsPosted_ = false;
+  std::thread thread_;
+};
+
+}  // namespace quillmeter

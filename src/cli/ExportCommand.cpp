@@ -1,0 +1,89 @@
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "cli/Application.h"
+#include "cli/Commands.h"
+#include "cli/ExitStatus.h"
+#include "cli/Measurement.h"
+#include "cli/Output.h"
+#include "export/CsvText.h"
+
+namespace quillmeter {
+namespace {
+
+struct ExportOptions {
+  ReadOptions read;
+  std::optional<std::string> csv;
+  std::optional<std::string> pdf;
+  std::string kinds = "c,headers,objc,images,xib";
+};
+
+/// What is wrong with the options together; nothing when they make sense.
+std::optional<std::string> misuse(const ExportOptions& options) {
+  if (!options.csv && !options.pdf) return "export: name an output with --csv or --pdf";
+  if (options.csv == "-" && options.pdf == "-") return "export: only one output can be standard output";
+  if (!exportKindsNamed(options.kinds)) {
+    return "export: --kinds takes a list of c, headers, objc, images and xib, separated by commas";
+  }
+  return std::nullopt;
+}
+
+int exportCsvTo(const std::string& path, const ParseProject& project, const ExportKinds& kinds) {
+  Output output(path);
+  output.write(csvText(filesToExport(project.files(), kinds)));
+  const auto error = output.finish();
+  if (!error) return kSuccess;
+  complain(*error);
+  return kOutputFailed;
+}
+
+int exportFiles(const ExportOptions& options) {
+  if (const auto mistake = misuse(options)) {
+    complain(*mistake);
+    return kWrongUsage;
+  }
+  const auto project = readProject(options.read);
+  if (!project) return kNothingMeasured;
+  int status = kSuccess;
+  if (options.csv) status = exportCsvTo(*options.csv, *project, *exportKindsNamed(options.kinds));
+  if (options.pdf) {
+    const int reported = runApplication({"--report", *options.pdf, options.kinds, project->initialPath()});
+    if (status == kSuccess) status = reported;
+  }
+  return status;
+}
+
+}  // namespace
+
+void addExportCommand(CLI::App& app, int& status) {
+  const auto options = std::make_shared<ExportOptions>();
+  CLI::App* command =
+      app.add_subcommand("export", "Export a project's files as a CSV table or as a PDF report, or both");
+  command
+      ->add_option("PROJECT", options->read.project,
+                   "A folder that holds an .xcodeproj bundle, or the bundle")
+      ->required();
+  command->add_option("--csv", options->csv, "Write the table to FILE; '-' is standard output")
+      ->type_name("FILE");
+  command
+      ->add_option(
+          "--pdf", options->pdf,
+          "Write the report to FILE; '-' is standard output. Needs the application beside this tool, "
+          "but no display")
+      ->type_name("FILE");
+  command->add_option("--kinds", options->kinds, "What to export, a list of c, headers, objc, images and xib")
+      ->type_name("KINDS")
+      ->capture_default_str();
+  command->add_flag("--quiet", options->read.quiet, "Show no progress");
+  command->add_flag("--verbose", options->read.verbose, "Say on standard error what is being read");
+  command->footer(
+      "Examples:\n"
+      "  quillmeter-cli export --csv files.csv ~/Projects/Notebook\n"
+      "  quillmeter-cli export --pdf report.pdf --kinds c,headers,objc Notebook.xcodeproj\n"
+      "  quillmeter-cli export --csv - . | sort");
+  command->callback([options, &status] { status = exportFiles(*options); });
+}
+
+}  // namespace quillmeter

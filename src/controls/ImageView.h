@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QLabel>
+#include <QPixmap>
+#include <QString>
+
+namespace quillmeter {
+
+/// Shows a picture by name, scaled to the view and crisp at every scale factor. Lets mouse presses through to
+/// the view below.
+class ImageView : public QLabel {
+  Q_OBJECT
+
+ public:
+  explicit ImageView(QWidget* parent = nullptr);
+
+  [[nodiscard]] const QString& imageName() const { return imageName_; }
+  void setImageName(const QString& name);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QString imageName_;
+  QPixmap drawn_;  ///< the picture at the size and scale at which it was last shown
+};
+
+}  // namespace quillmeter

@@ -1,0 +1,127 @@
+#include "export/ExportViewController.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <utility>
+
+#include "analysis/ParseProject.h"
+#include "export/Export.h"
+#include "export/ExportHost.h"
+#include "export/ReportChart.h"
+#include "support/Paths.h"
+#include "ui_ExportViewController.h"
+
+namespace quillmeter {
+namespace {
+
+constexpr std::chrono::milliseconds kSaveDoneDelay{1000};
+constexpr int kBackgroundStyleRaised = 2;
+
+bool isOn(const QCheckBox* checkbox) {
+  return checkbox != nullptr && checkbox->checkState() == Qt::Checked;
+}
+
+}  // namespace
+
+std::unique_ptr<ExportViewController> ExportViewController::create(ExportHost& host,
+                                                                   const Services& services) {
+  std::unique_ptr<ExportViewController> controller(new ExportViewController(host, services));
+  controller->initViewCustom();
+  return controller;
+}
+
+ExportViewController::ExportViewController(ExportHost& host, Services services)
+    : host_(host), services_(std::move(services)), ui_(std::make_unique<Ui::ExportViewController>()) {
+  ui_->setupUi(this);
+  checkboxes_ = {ui_->checkbox1, ui_->checkbox2, ui_->checkbox3, ui_->checkbox4, ui_->checkbox5};
+  for (const QCheckBox* button : {ui_->btnTypePDF, ui_->btnTypeCSV}) {
+    connect(button, &QCheckBox::clicked, this, [this, button] { tapExportType(button); });
+  }
+  connect(ui_->btnGenerate, &QPushButton::clicked, this, &ExportViewController::tapGenerate);
+}
+
+ExportViewController::~ExportViewController() = default;
+
+void ExportViewController::initViewCustom() {
+  ui_->btnTypePDF->setChecked(true);
+  ui_->btnTypeCSV->setChecked(false);
+  ui_->lblTextTitle1->setProperty("backgroundStyle", kBackgroundStyleRaised);
+}
+
+QCheckBox* ExportViewController::btnTypePDF() const {
+  return ui_->btnTypePDF;
+}
+
+QCheckBox* ExportViewController::btnTypeCSV() const {
+  return ui_->btnTypeCSV;
+}
+
+QPushButton* ExportViewController::btnGenerate() const {
+  return ui_->btnGenerate;
+}
+
+QLabel* ExportViewController::lblTextTitle1() const {
+  return ui_->lblTextTitle1;
+}
+
+void ExportViewController::tapExportType(const QObject* sender) {
+  const auto choose = [](QCheckBox& tapped, QCheckBox& other) {
+    if (!tapped.isChecked()) {
+      tapped.setChecked(true);
+    } else {
+      other.setChecked(false);
+    }
+  };
+  if (sender == ui_->btnTypePDF) {
+    choose(*ui_->btnTypePDF, *ui_->btnTypeCSV);
+  } else if (sender == ui_->btnTypeCSV) {
+    choose(*ui_->btnTypeCSV, *ui_->btnTypePDF);
+  }
+}
+
+ExportKinds ExportViewController::kinds() const {
+  return {.c = isOn(checkbox1()),
+          .headers = isOn(checkbox2()),
+          .objc = isOn(checkbox3()),
+          .images = isOn(checkbox4()),
+          .xib = isOn(checkbox5())};
+}
+
+void ExportViewController::tapGenerate() {
+  if (kinds().none()) {
+    services_.alerts->runModal(window(), tr("Please select at least one of the export options."), {tr("Ok")});
+    return;
+  }
+  const bool pdf = isOn(ui_->btnTypePDF);
+  const SavePanelRequest request{.title = QStringLiteral("Export"),
+                                 .allowedFileType = pdf ? QStringLiteral("pdf") : QStringLiteral("csv"),
+                                 .suggestedName = QStringLiteral("statistics")};
+  services_.savePanel->beginSheet(window(), request,
+                                  [self = QPointer(this), pdf](const std::optional<std::string>& path) {
+                                    if (self != nullptr) self->save(path, pdf);
+                                  });
+}
+
+void ExportViewController::save(const std::optional<std::string>& chosenPath, bool pdf) {
+  if (!chosenPath) return;
+  const std::string path = withDefaultExtension(*chosenPath, pdf ? "pdf" : "csv");
+  const auto project = host_.parserProject();
+  if (!project) return;
+  // Whatever came of it, the user is told that the export has finished.
+  if (pdf) {
+    ReportSource source;
+    source.project = project;
+    source.overviewTexts = host_.overviewTexts();
+    source.chart = host_.reportChart();
+    static_cast<void>(exportPdf(source, kinds(), path));
+  } else {
+    static_cast<void>(exportCsv(*project, kinds(), path));
+  }
+  services_.delayedCalls->performAfterDelay(this, kSaveDoneDelay, [this] { showSaveDone(); });
+}
+
+void ExportViewController::showSaveDone() {
+  services_.alerts->runModal(window(), tr("Exporting successfully finished."), {tr("Ok")});
+}
+
+}  // namespace quillmeter

@@ -1,0 +1,300 @@
+#include "stats/StatsWindowController.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QFile>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMenu>
+#include <QPainter>
+#include <QPointer>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+#include <chrono>
+
+#include "analysis/ParseProject.h"
+#include "charts/ChartsViewController.h"
+#include "controls/NamedImage.h"
+#include "controls/Theme.h"
+#include "export/ExportViewController.h"
+#include "reminder/DesktopReminder.h"
+#include "stats/CanvasReportChart.h"
+#include "stats/CleanUpToolViewController.h"
+#include "stats/DetailsViewController.h"
+#include "stats/OverviewViewController.h"
+#include "stats/StatsHost.h"
+#include "ui_StatsWindowController.h"
+
+namespace quillmeter {
+namespace {
+
+constexpr std::chrono::milliseconds kReminderDelay{4000};
+constexpr int kBackgroundStyleRaised = 2;
+constexpr int kYes = 0;
+
+/// Room between a button's picture and its title, which the toolkit has no measure for.
+constexpr int kPictureGap = 8;
+
+/// A picture with the gap to its right, not dimmed while its button is disabled, for scale factors up to 3.
+QIcon undimmedIcon(const QString& name, QSize size) {
+  QIcon icon;
+  for (const qreal scale : {1.0, 2.0, 3.0}) {
+    QPixmap picture((QSizeF(size) * scale).toSize());
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::transparent);
+    QPainter(&picture).drawPixmap(0, 0, namedImage(name, size - QSize(kPictureGap, 0), scale));
+    icon.addPixmap(picture, QIcon::Normal);
+    icon.addPixmap(picture, QIcon::Disabled);
+  }
+  return icon;
+}
+
+/// A project's title is the name of a folder: bytes that need not be UTF-8.
+QString titleOf(const ParseProject& project) {
+  return QFile::decodeName(QByteArray::fromStdString(project.projectTitle()));
+}
+
+}  // namespace
+
+std::unique_ptr<StatsWindowController> StatsWindowController::create(StatsHost& host,
+                                                                     const Services& services) {
+  std::unique_ptr<StatsWindowController> window(new StatsWindowController(host, services));
+  window->windowDidLoad();
+  return window;
+}
+
+StatsWindowController::StatsWindowController(StatsHost& host, const Services& services)
+    : host_(host),
+      services_(services),
+      project_(host.parserProject()),
+      ui_(std::make_unique<Ui::StatsWindowController>()) {
+  ui_->setupUi(this);
+  setWindowTitle(QStringLiteral("Quillmeter – ") + titleOf(*project_));
+  connectControls();
+  applyTheme();
+}
+
+StatsWindowController::~StatsWindowController() {
+  cleanUpTool_.reset();
+  detailsViewController_.reset();
+  overviewController_.reset();
+  chartsViewController_.reset();
+  exportViewController_.reset();
+}
+
+void StatsWindowController::windowDidLoad() {
+  overviewController_ = OverviewViewController::create(host_);
+  addToViewRight(overviewController_.get());
+  detailsViewController_ = DetailsViewController::create(*this, services_);
+  chartsViewController_ = ChartsViewController::create(*this, services_);
+  exportViewController_ = ExportViewController::create(*this, services_);
+
+  ui_->btnLeft1->setChecked(true);
+  for (QPushButton* const button : {ui_->btnLeft2, ui_->btnLeft3, ui_->btnLeft4})
+    button->setChecked(false);
+  setPictures();
+
+  const QString title = titleOf(*project_);
+  ui_->lblProjectTitle->setText(QStringLiteral("Current project: ") + title);
+  ui_->lblProjectTitle->setToolTip(QStringLiteral("<p>%1</p>").arg(title.toHtmlEscaped()));
+  ui_->lblProjectTitle->setProperty("backgroundStyle", kBackgroundStyleRaised);
+  showRatingsReminderWindow();
+}
+
+void StatsWindowController::setPictures() {
+  const auto set = [](QPushButton* button, const QString& name) {
+    button->setIcon(undimmedIcon(name, button->iconSize()));
+  };
+  set(ui_->btnLeft1, QStringLiteral("tab_overview"));
+  set(ui_->btnLeft2, QStringLiteral("tab_details"));
+  set(ui_->btnLeft3, QStringLiteral("tab_charts"));
+  set(ui_->btnLeft4, QStringLiteral("tab_export"));
+  set(ui_->btnLeft5, QStringLiteral("tab_close"));
+  set(ui_->btnTools, QStringLiteral("tab_tools"));
+}
+
+void StatsWindowController::connectControls() {
+  connect(ui_->btnLeft1, &QPushButton::clicked, this, [this] { tapOverviewTab(); });
+  connect(ui_->btnLeft2, &QPushButton::clicked, this, [this] { tapDetailsTab(); });
+  connect(ui_->btnLeft3, &QPushButton::clicked, this, [this] { tapChartsTab(); });
+  connect(ui_->btnLeft4, &QPushButton::clicked, this, [this] { tapExportTab(); });
+  connect(ui_->btnLeft5, &QPushButton::clicked, this, [this] { tapCloseTab(); });
+
+  auto* const tools = new QMenu(ui_->btnTools);
+  tools->addAction(tr("Find unused files…"), this, [this] { tapCleanUpTool(); });
+  // Opened by hand above the button: a button that has a menu loses the padding of the style sheet.
+  connect(ui_->btnTools, &QPushButton::clicked, tools, [this, tools] {
+    tools->popup(ui_->btnTools->mapToGlobal(QPoint(0, -tools->sizeHint().height())));
+  });
+
+  const auto shortcut = [this](const char* keys, void (StatsWindowController::*operation)()) {
+    auto* const key = new QShortcut(QKeySequence(QLatin1String(keys)), this);
+    connect(key, &QShortcut::activated, this, operation);
+  };
+  shortcut("Ctrl+1", &StatsWindowController::tapOverviewTab);
+  shortcut("Ctrl+2", &StatsWindowController::tapDetailsTab);
+  shortcut("Ctrl+3", &StatsWindowController::tapChartsTab);
+  shortcut("Ctrl+4", &StatsWindowController::tapExportTab);
+  shortcut("Ctrl+W", &StatsWindowController::tapCloseTab);
+}
+
+void StatsWindowController::showRatingsReminderWindow() {
+  services_.delayedCalls->performAfterDelay(this, kReminderDelay,
+                                            [this] { showRatingsReminderWindowThread(); });
+}
+
+void StatsWindowController::showRatingsReminderWindowThread() {
+  remindOfRatings(services_, isVisible() ? this : nullptr);
+}
+
+void StatsWindowController::tapOverviewTab() {
+  showTab(ui_->btnLeft1,
+          {exportViewController_.get(), detailsViewController_.get(), chartsViewController_.get()},
+          overviewController_.get());
+}
+
+void StatsWindowController::tapDetailsTab() {
+  showTab(ui_->btnLeft2,
+          {exportViewController_.get(), overviewController_.get(), chartsViewController_.get()},
+          detailsViewController_.get());
+}
+
+void StatsWindowController::tapChartsTab() {
+  showTab(ui_->btnLeft3,
+          {exportViewController_.get(), detailsViewController_.get(), overviewController_.get()},
+          chartsViewController_.get());
+  chartsViewController_->startAnimation();
+}
+
+void StatsWindowController::tapExportTab() {
+  showTab(ui_->btnLeft4,
+          {detailsViewController_.get(), overviewController_.get(), chartsViewController_.get()},
+          exportViewController_.get());
+}
+
+void StatsWindowController::showTab(QPushButton* button, std::initializer_list<QWidget*> others,
+                                    QWidget* view) {
+  for (QPushButton* const tab : {ui_->btnLeft1, ui_->btnLeft2, ui_->btnLeft3, ui_->btnLeft4}) {
+    tab->setChecked(tab == button);
+  }
+  // A tab that goes must not take the keyboard with it.
+  if (const QWidget* const focused = focusWidget();
+      focused != nullptr && !view->isAncestorOf(focused) && ui_->viewRight->isAncestorOf(focused)) {
+    button->setFocus(Qt::OtherFocusReason);
+  }
+  for (QWidget* const other : others) {
+    if (other->parentWidget() == ui_->viewRight) other->setParent(nullptr);
+  }
+  addToViewRight(view);
+  detailsViewController_->forcePopupClose();
+  chartsViewController_->forcePopupClose();
+}
+
+void StatsWindowController::addToViewRight(QWidget* view) {
+  ui_->viewRight->layout()->addWidget(view);
+  view->raise();
+  view->show();
+}
+
+void StatsWindowController::tapCloseTab() {
+  if (!userConfirmsClosing()) return;
+  const QPointer<StatsWindowController> self(this);
+  host_.showBackMainWindow();
+  if (self != nullptr) closeWithoutAsking();
+}
+
+void StatsWindowController::closeWithoutAsking() {
+  closesWithoutAsking_ = true;
+  close();
+  // `close` does nothing while the window manager's request to close waits for the user's answer.
+  hide();
+}
+
+bool StatsWindowController::userConfirmsClosing() {
+  const QPointer<StatsWindowController> self(this);
+  const auto answer = services_.alerts->runModal(
+      this,
+      QStringLiteral("Are you sure you want to close the statistics window and return to the main screen?"),
+      {QStringLiteral("Yes"), QStringLiteral("No")});
+  return self != nullptr && !closesWithoutAsking_ && answer == kYes;
+}
+
+void StatsWindowController::closeEvent(QCloseEvent* event) {
+  event->setAccepted(closesWithoutAsking_);
+  if (closesWithoutAsking_) return;
+  const QPointer<StatsWindowController> self(this);
+  if (userConfirmsClosing()) {
+    host_.showBackMainWindow();
+    if (self != nullptr) closesWithoutAsking_ = true;
+  }
+  event->setAccepted(self == nullptr || closesWithoutAsking_);
+}
+
+void StatsWindowController::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  if (cleanUpTool_ != nullptr && !event->spontaneous()) cleanUpTool_->hide();
+}
+
+void StatsWindowController::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::PaletteChange) {
+    applyTheme();
+  }
+}
+
+void StatsWindowController::applyTheme() {
+  const ThemeColors& theme = themeFor(QGuiApplication::palette());
+  // Setting a style sheet changes palettes in its turn.
+  if (theme_ == &theme) return;
+  theme_ = &theme;
+  setStyleSheet(styleSheetFor(theme));
+}
+
+void StatsWindowController::tapCleanUpTool() {
+  if (cleanUpTool_ == nullptr) {
+    cleanUpTool_ = CleanUpToolViewController::create(host_, services_);
+    cleanUpTool_->setParent(this, Qt::Dialog);
+    cleanUpTool_->setWindowTitle(QStringLiteral("Unused files – ") + titleOf(*project_));
+    for (const char* const keys : {"Esc", "Ctrl+W"}) {
+      auto* const key = new QShortcut(QKeySequence(QLatin1String(keys)), cleanUpTool_.get());
+      connect(key, &QShortcut::activated, cleanUpTool_.get(), &QWidget::hide);
+    }
+  }
+  cleanUpTool_->show();
+  cleanUpTool_->raise();
+  cleanUpTool_->activateWindow();
+}
+
+SourceTotals StatsWindowController::sourceTotals() const {
+  return {overviewController_->totalNumberLines(), overviewController_->totalNumberLinesWithSpaces(),
+          overviewController_->totalNumberLinesWithComments()};
+}
+
+OverviewTexts StatsWindowController::overviewTexts() const {
+  return {overviewController_->lblSizeMetrics7()->text().toStdString(),
+          overviewController_->lblSizeMetrics8()->text().toStdString(),
+          overviewController_->lblSizeMetrics9()->text().toStdString()};
+}
+
+std::shared_ptr<const ReportChart> StatsWindowController::reportChart() const {
+  return std::make_shared<CanvasReportChart>();
+}
+
+void StatsWindowController::setExportKinds(const std::array<bool, 5>& kinds) {
+  const ExportViewController& tab = *exportViewController_;
+  const std::array<QCheckBox*, 5> boxes{tab.checkbox1(), tab.checkbox2(), tab.checkbox3(), tab.checkbox4(),
+                                        tab.checkbox5()};
+  for (std::size_t index = 0; index < boxes.size(); ++index)
+    boxes.at(index)->setChecked(kinds.at(index));
+}
+
+QWidget* StatsWindowController::viewLeft() const {
+  return ui_->viewLeft;
+}
+
+QWidget* StatsWindowController::viewRight() const {
+  return ui_->viewRight;
+}
+
+}  // namespace quillmeter

@@ -1,0 +1,53 @@
+#include "app/CommandLine.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <vector>
+
+#include "support/Addresses.h"
+
+namespace quillmeter {
+namespace {
+
+CommandLine read(const std::vector<const char*>& arguments) {
+  return readCommandLine(arguments);
+}
+
+TEST(CommandLine, NothingAsksForNothing) {
+  const CommandLine line = read({});
+  EXPECT_FALSE(line.project || line.output || line.error);
+}
+
+TEST(CommandLine, ProjectBecomesAnAbsolutePathWithoutASlashAtTheEnd) {
+  const std::string here = std::filesystem::current_path().string();
+  EXPECT_EQ(read({"/a/b//"}).project, "/a/b");
+  EXPECT_EQ(read({"."}).project, here);
+  EXPECT_EQ(read({"./x/../y"}).project, here + "/y");
+  EXPECT_EQ(read({"/"}).project, "/");
+}
+
+TEST(CommandLine, BytesOfAPathAreKept) {
+  EXPECT_EQ(read({"/latin\xE4"}).project, "/latin\xE4");
+}
+
+TEST(CommandLine, HelpAndVersionAreWritten) {
+  EXPECT_THAT(read({"--help"}).output.value(), ::testing::StartsWith("Usage: quillmeter [PROJECT]"));
+  EXPECT_EQ(read({"/a", "-h"}).output, read({"--help"}).output);
+  EXPECT_EQ(read({"--version"}).output, std::string("quillmeter ") + kVersion + "\n");
+}
+
+TEST(CommandLine, PathBehindTwoDashesMayLookLikeAnOption) {
+  EXPECT_EQ(read({"--", "/a"}).project, "/a");
+  EXPECT_THAT(read({"--", "--help"}).project.value(), ::testing::EndsWith("/--help"));
+}
+
+TEST(CommandLine, WrongUsageIsTold) {
+  EXPECT_EQ(read({"--colour"}).error, "unknown option: --colour");
+  EXPECT_EQ(read({"/a", "/b"}).error, "only one project can be opened");
+  EXPECT_EQ(read({""}).error, "the project's path is empty");
+}
+
+}  // namespace
+}  // namespace quillmeter

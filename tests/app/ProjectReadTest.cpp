@@ -1,0 +1,158 @@
+#include "app/ProjectRead.h"
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QTest>
+#include <atomic>
+#include <future>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "helpers/ProjectFixture.h"
+
+namespace quillmeter {
+namespace {
+
+using testing::TemporaryFolder;
+
+/// Writes down what a read reports, on the main thread.
+struct Record {
+  explicit Record(ProjectRead& read) {
+    QObject::connect(&read, &ProjectRead::started, &read, [this] { messages.push_back("started"); });
+    QObject::connect(&read, &ProjectRead::progress, &read, [this](double fraction) {
+      messages.push_back("progress");
+      latest = fraction;
+    });
+    QObject::connect(&read, &ProjectRead::ended, &read,
+                     [this](const std::shared_ptr<ParseProject>& handedOver) {
+                       messages.push_back("ended");
+                       project = handedOver;
+                     });
+  }
+  [[nodiscard]] bool waitForEnd() const {
+    return QTest::qWaitFor([this] { return !messages.empty() && messages.back() == "ended"; }, 60'000);
+  }
+  std::vector<std::string> messages;
+  double latest = -1;
+  std::shared_ptr<ParseProject> project;
+};
+
+auto readAt(const std::string& bundle) {
+  return [bundle](ProjectRead& read) { read.project().parseFileAtPathAndDelegate(bundle, read.delegate()); };
+}
+
+std::string projectOf(const TemporaryFolder& folder, int files) {
+  std::vector<std::string> names;
+  for (int number = 0; number < files; ++number) {
+    names.push_back("f" + std::to_string(number) + ".c");
+    folder.file(names.back(), "int x;\n// comment\n");
+  }
+  return testing::writeProject(folder, names);
+}
+
+TEST(ProjectRead, MessagesComeInOrderAndTheProjectWithTheLastOne) {
+  const TemporaryFolder folder;
+  ProjectRead read(readAt(projectOf(folder, 20)));
+  const Record record(read);
+  read.start();
+  ASSERT_TRUE(record.waitForEnd());
+  ASSERT_GE(record.messages.size(), 3U);
+  EXPECT_EQ(record.messages.front(), "started");
+  EXPECT_EQ(std::count(record.messages.begin(), record.messages.end(), "started"), 1);
+  EXPECT_EQ(std::count(record.messages.begin(), record.messages.end(), "ended"), 1);
+  EXPECT_EQ(record.latest, 1.0);
+  ASSERT_NE(record.project, nullptr);
+  EXPECT_EQ(record.project->files().size(), 20U);
+}
+
+TEST(ProjectRead, ProjectOutlivesItsRead) {
+  const TemporaryFolder folder;
+  const std::string bundle = projectOf(folder, 3);
+  std::shared_ptr<ParseProject> project;
+  {
+    ProjectRead read(readAt(bundle));
+    const Record record(read);
+    read.start();
+    ASSERT_TRUE(record.waitForEnd());
+    project = record.project;
+  }
+  EXPECT_EQ(project->files().size(), 3U);
+  EXPECT_EQ(project->delegate(), nullptr);
+}
+
+TEST(ProjectRead, SingleLineGivesANumberThatIsNone) {
+  const TemporaryFolder folder;
+  folder.file("App.xcodeproj/project.pbxproj",
+              "/* Begin PBXFileReference section */ path = a.c; /* End PBXFileReference section */");
+  ProjectRead read(readAt(folder / "App.xcodeproj"));
+  const Record record(read);
+  read.start();
+  ASSERT_TRUE(record.waitForEnd());
+  EXPECT_TRUE(record.latest != record.latest);
+}
+
+TEST(ProjectRead, ManyReportsAreOvertakenByTheNewest) {
+  constexpr int kReports = 100'000;
+  ProjectRead read([](ProjectRead& running) {
+    for (int report = 1; report <= kReports; ++report) {
+      running.delegate()->progressParsingProject(static_cast<double>(report) / kReports);
+    }
+  });
+  const Record record(read);
+  read.start();
+  ASSERT_TRUE(record.waitForEnd());
+  EXPECT_EQ(record.latest, 1.0);
+  EXPECT_LT(record.messages.size(), static_cast<std::size_t>(kReports));
+}
+
+TEST(ProjectRead, FailureOnTheThreadEndsTheReadWithoutAProject) {
+  ProjectRead read([](ProjectRead&) { throw std::runtime_error("out of everything"); });
+  const Record record(read);
+  read.start();
+  ASSERT_TRUE(record.waitForEnd());
+  EXPECT_EQ(record.project, nullptr);
+}
+
+TEST(ProjectRead, StoppedReadStillEnds) {
+  const TemporaryFolder folder;
+  const std::string bundle = projectOf(folder, 10);
+  std::promise<void> stopped;
+  ProjectRead read([&](ProjectRead& running) {
+    stopped.get_future().wait();
+    running.project().parseFileAtPathAndDelegate(bundle, running.delegate());
+  });
+  const Record record(read);
+  read.start();
+  read.stop();
+  stopped.set_value();
+  ASSERT_TRUE(record.waitForEnd());
+  EXPECT_TRUE(record.project->files().empty());
+}
+
+TEST(ProjectRead, DestroyedInTheMiddleItStopsTheReaderAndDropsItsMessages) {
+  const TemporaryFolder folder;
+  const std::string bundle = projectOf(folder, 300);
+  for (int time = 0; time < 20; ++time) {
+    std::atomic<bool> finished = false;
+    {
+      ProjectRead read([&](ProjectRead& running) {
+        running.project().parseFileAtPathAndDelegate(bundle, running.delegate());
+        finished = true;
+      });
+      QObject::connect(&read, &ProjectRead::ended, [] { FAIL() << "message of a read that is gone"; });
+      read.start();
+      std::this_thread::sleep_for(std::chrono::microseconds(200 * time));
+    }
+    EXPECT_TRUE(finished);
+    QCoreApplication::processEvents();
+  }
+}
+
+TEST(ProjectRead, NeverStartedItJustGoes) {
+  const ProjectRead read([](ProjectRead&) { FAIL(); });
+}
+
+}  // namespace
+}  // namespace quillmeter

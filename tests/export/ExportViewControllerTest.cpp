@@ -1,0 +1,243 @@
+#include "export/ExportViewController.h"
+
+#include <gmock/gmock.h>
+
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "export/ExportHost.h"
+#include "export/FakeReportChart.h"
+#include "helpers/FakeServices.h"
+#include "helpers/ProjectFixture.h"
+
+namespace quillmeter {
+namespace {
+
+using ::testing::IsEmpty;
+using testing::readFile;
+using testing::record;
+using ::testing::SizeIs;
+using ::testing::StartsWith;
+using namespace std::chrono_literals;
+
+class FakeExportHost final : public ExportHost {
+ public:
+  [[nodiscard]] std::shared_ptr<const ParseProject> parserProject() const override { return project; }
+  [[nodiscard]] OverviewTexts overviewTexts() const override { return {"2", "1", "0"}; }
+  [[nodiscard]] std::shared_ptr<const ReportChart> reportChart() const override { return chart; }
+
+  std::shared_ptr<const ParseProject> project =
+      testing::projectWith({record({.name = "b.m"}), record({.name = "A.h"}), record({.name = "c.png"})});
+  std::shared_ptr<testing::FakeReportChart> chart = std::make_shared<testing::FakeReportChart>();
+};
+
+class ExportTab : public ::testing::Test {
+ protected:
+  ExportTab() : tab(ExportViewController::create(host, fakes.services())) {}
+
+  [[nodiscard]] std::vector<QCheckBox*> kinds() const {
+    return {tab->checkbox1(), tab->checkbox2(), tab->checkbox3(), tab->checkbox4(), tab->checkbox5()};
+  }
+  void chooseNothing() const {
+    for (QCheckBox* kind : kinds())
+      kind->setChecked(false);
+  }
+  void chooseCsv() const { tab->btnTypeCSV()->click(); }
+
+  testing::TemporaryFolder folder;
+  FakeExportHost host;
+  testing::FakeServices fakes;
+  std::unique_ptr<ExportViewController> tab;
+};
+
+TEST_F(ExportTab, BeginsWithAPdfReportOfEverything) {
+  EXPECT_TRUE(tab->btnTypePDF()->isChecked());
+  EXPECT_FALSE(tab->btnTypeCSV()->isChecked());
+  for (const QCheckBox* kind : kinds())
+    EXPECT_TRUE(kind->isChecked()) << kind->objectName().toStdString();
+  EXPECT_EQ(tab->lblTextTitle1()->text(), QStringLiteral("Export"));
+  EXPECT_EQ(tab->lblTextTitle1()->property("backgroundStyle").toInt(), 2);
+}
+
+TEST_F(ExportTab, OneFormIsChosenAtAnyTime) {
+  tab->btnTypeCSV()->click();
+  EXPECT_FALSE(tab->btnTypePDF()->isChecked());
+  EXPECT_TRUE(tab->btnTypeCSV()->isChecked());
+  tab->btnTypeCSV()->click();
+  EXPECT_FALSE(tab->btnTypePDF()->isChecked());
+  EXPECT_TRUE(tab->btnTypeCSV()->isChecked());
+  tab->btnTypePDF()->click();
+  EXPECT_TRUE(tab->btnTypePDF()->isChecked());
+  EXPECT_FALSE(tab->btnTypeCSV()->isChecked());
+  tab->btnTypePDF()->click();
+  EXPECT_TRUE(tab->btnTypePDF()->isChecked());
+  EXPECT_FALSE(tab->btnTypeCSV()->isChecked());
+}
+
+TEST_F(ExportTab, OtherSendersChooseNoForm) {
+  tab->btnTypePDF()->setChecked(false);
+  tab->tapExportType(tab->btnGenerate());
+  tab->tapExportType(nullptr);
+  EXPECT_FALSE(tab->btnTypePDF()->isChecked());
+  EXPECT_FALSE(tab->btnTypeCSV()->isChecked());
+}
+
+TEST_F(ExportTab, FormIsChosenWithTheKeyboardToo) {
+  tab->show();
+  tab->btnTypeCSV()->setFocus();
+  QTest::keyClick(tab->btnTypeCSV(), Qt::Key_Space);
+  EXPECT_TRUE(tab->btnTypeCSV()->isChecked());
+  EXPECT_FALSE(tab->btnTypePDF()->isChecked());
+}
+
+TEST_F(ExportTab, TabKeyVisitsTheControlsFromTopToBottom) {
+  const std::vector<QWidget*> order = {tab->checkbox1(),  tab->checkbox2(),  tab->checkbox3(),
+                                       tab->checkbox4(),  tab->checkbox5(),  tab->btnTypePDF(),
+                                       tab->btnTypeCSV(), tab->btnGenerate()};
+  for (std::size_t at = 0; at + 1 < order.size(); ++at) {
+    const QWidget* next = order[at]->nextInFocusChain();
+    while (next->focusPolicy() == Qt::NoFocus)
+      next = next->nextInFocusChain();
+    EXPECT_EQ(next, order[at + 1]) << at;
+  }
+}
+
+TEST_F(ExportTab, NothingChosenIsAnAlert) {
+  chooseNothing();
+  tab->btnGenerate()->click();
+  ASSERT_THAT(fakes.alerts->shown, SizeIs(1));
+  EXPECT_EQ(fakes.alerts->shown[0].message,
+            QStringLiteral("Please select at least one of the export options."));
+  EXPECT_EQ(fakes.alerts->shown[0].buttons, QStringList{QStringLiteral("Ok")});
+  EXPECT_THAT(fakes.savePanel->requests, IsEmpty());
+}
+
+TEST_F(ExportTab, AnyOneKindIsEnough) {
+  for (QCheckBox* kind : kinds()) {
+    chooseNothing();
+    kind->setChecked(true);
+    tab->tapGenerate();
+  }
+  EXPECT_THAT(fakes.alerts->shown, IsEmpty());
+  EXPECT_THAT(fakes.savePanel->requests, SizeIs(5));
+}
+
+TEST_F(ExportTab, AsksForAFileOfTheChosenForm) {
+  tab->tapGenerate();
+  chooseCsv();
+  tab->tapGenerate();
+  ASSERT_THAT(fakes.savePanel->requests, SizeIs(2));
+  EXPECT_EQ(fakes.savePanel->requests[0].title, QStringLiteral("Export"));
+  EXPECT_EQ(fakes.savePanel->requests[0].suggestedName, QStringLiteral("statistics"));
+  EXPECT_EQ(fakes.savePanel->requests[0].allowedFileType, QStringLiteral("pdf"));
+  EXPECT_EQ(fakes.savePanel->requests[1].allowedFileType, QStringLiteral("csv"));
+}
+
+TEST_F(ExportTab, CancelledSheetWritesAndSaysNothing) {
+  tab->tapGenerate();
+  fakes.delayedCalls->advance(10s);
+  EXPECT_THAT(fakes.alerts->shown, IsEmpty());
+  EXPECT_EQ(fakes.delayedCalls->pendingCount(), 0U);
+}
+
+TEST_F(ExportTab, NameWithoutExtensionGetsOne) {
+  fakes.savePanel->answer = folder / "stats";
+  tab->tapGenerate();
+  EXPECT_THAT(readFile(folder / "stats.pdf"), StartsWith("%PDF-"));
+  chooseCsv();
+  tab->tapGenerate();
+  EXPECT_THAT(readFile(folder / "stats.csv"), StartsWith("\"Type\""));
+}
+
+TEST_F(ExportTab, AnyOtherExtensionIsKept) {
+  fakes.savePanel->answer = folder / "stats.txt";
+  chooseCsv();
+  tab->tapGenerate();
+  EXPECT_THAT(readFile(folder / "stats.txt"), StartsWith("\"Type\""));
+}
+
+TEST_F(ExportTab, ChosenKindsGoIntoTheFile) {
+  fakes.savePanel->answer = folder / "stats.csv";
+  chooseCsv();
+  chooseNothing();
+  tab->checkbox2()->setChecked(true);
+  tab->checkbox3()->setChecked(true);
+  tab->tapGenerate();
+  const std::string text = readFile(folder / "stats.csv");
+  EXPECT_THAT(text, ::testing::EndsWith("\n\"header\",\"A.h\",\"0\",\"0\",\"0\",\"0\",\"0.00\""
+                                        "\n\"source\",\"b.m\",\"0\",\"0\",\"0\",\"0\",\"0.00\""));
+}
+
+TEST_F(ExportTab, ReportIsRenderedTwiceWithTheHostsChart) {
+  fakes.savePanel->answer = folder / "stats.pdf";
+  tab->tapGenerate();
+  EXPECT_THAT(host.chart->requests, SizeIs(2));
+}
+
+TEST_F(ExportTab, SuccessIsToldAfterASecond) {
+  fakes.savePanel->answer = folder / "stats.pdf";
+  tab->tapGenerate();
+  fakes.delayedCalls->advance(999ms);
+  EXPECT_THAT(fakes.alerts->shown, IsEmpty());
+  fakes.delayedCalls->advance(1ms);
+  ASSERT_THAT(fakes.alerts->shown, SizeIs(1));
+  EXPECT_EQ(fakes.alerts->shown[0].message, QStringLiteral("Exporting successfully finished."));
+  EXPECT_EQ(fakes.alerts->shown[0].buttons, QStringList{QStringLiteral("Ok")});
+}
+
+TEST_F(ExportTab, SuccessIsToldWhateverHappened) {
+  fakes.savePanel->answer = folder / "missing/stats.pdf";
+  tab->tapGenerate();
+  chooseCsv();
+  tab->tapGenerate();
+  fakes.delayedCalls->advance(1s);
+  EXPECT_THAT(fakes.alerts->shown, SizeIs(2));
+}
+
+TEST_F(ExportTab, FormIsThatOfTheMomentTheSheetOpened) {
+  fakes.savePanel->answersAtOnce = false;
+  fakes.savePanel->answer = folder / "stats";
+  tab->tapGenerate();
+  chooseCsv();
+  fakes.savePanel->finish();
+  EXPECT_THAT(readFile(folder / "stats.pdf"), StartsWith("%PDF-"));
+}
+
+TEST_F(ExportTab, ProjectReadAnewWhileTheSheetIsOpenIsTheOneWritten) {
+  fakes.savePanel->answersAtOnce = false;
+  fakes.savePanel->answer = folder / "stats.csv";
+  chooseCsv();
+  tab->tapGenerate();
+  host.project = testing::projectWith({record({.name = "new.c"})});
+  fakes.savePanel->finish();
+  EXPECT_THAT(readFile(folder / "stats.csv"), ::testing::HasSubstr("\"new.c\""));
+}
+
+TEST_F(ExportTab, TabThatIsGoneWhenTheSheetEndsWritesNothing) {
+  fakes.savePanel->answersAtOnce = false;
+  fakes.savePanel->answer = folder / "stats.csv";
+  tab->tapGenerate();
+  tab.reset();
+  fakes.savePanel->finish();
+  EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+}
+
+TEST_F(ExportTab, TabThatIsGoneWithinTheSecondSaysNothing) {
+  fakes.savePanel->answer = folder / "stats.csv";
+  tab->tapGenerate();
+  tab.reset();
+  fakes.delayedCalls->advance(2s);
+  EXPECT_THAT(fakes.alerts->shown, IsEmpty());
+}
+
+TEST_F(ExportTab, ProjectThatWasNeverReadIsExportedAsAnEmptyOne) {
+  host.project = std::make_shared<ParseProject>();
+  fakes.savePanel->answer = folder / "stats";
+  tab->tapGenerate();
+  EXPECT_THAT(readFile(folder / "stats.pdf"), StartsWith("%PDF-"));
+}
+
+}  // namespace
+}  // namespace quillmeter

@@ -1,0 +1,37 @@
+#include "reminder/DesktopReminder.h"
+
+#include <gtest/gtest.h>
+
+#include "helpers/FakeServices.h"
+#include "support/Addresses.h"
+
+namespace quillmeter {
+namespace {
+
+TEST(DesktopReminder, AsksOverTheDesktopsServicesAtTheThirdShowing) {
+  testing::FakeServices fakes;
+  for (int showing = 0; showing < 2; ++showing)
+    remindOfRatings(fakes.services(), nullptr);
+  EXPECT_TRUE(fakes.alerts->shown.empty());
+  fakes.alerts->answers = {0};
+  remindOfRatings(fakes.services(), nullptr);
+  ASSERT_EQ(fakes.alerts->shown.size(), 1U);
+  EXPECT_EQ(fakes.alerts->shown[0].buttons,
+            (QStringList{QStringLiteral("Review Now!"), QStringLiteral("Remind Later!"),
+                         QStringLiteral("No Thanks!")}));
+  ASSERT_EQ(fakes.urlOpener->opened.size(), 1U);
+  EXPECT_EQ(fakes.urlOpener->opened[0], QUrl(QString::fromUtf8(kReviewUrl)));
+}
+
+TEST(DesktopReminder, MemoryIsNamedAfterTheRunningVersion) {
+  testing::FakeServices fakes;
+  remindOfRatings(fakes.services(), nullptr);
+  ASSERT_EQ(fakes.userDefaults->values.size(), 2U);
+  EXPECT_TRUE(
+      fakes.userDefaults->boolForKey(std::string("quillmeter.ratings_reminder.should_remind_") + kVersion));
+  EXPECT_EQ(fakes.userDefaults->integerForKey(std::string("quillmeter.ratings_reminder.counter_") + kVersion),
+            1);
+}
+
+}  // namespace
+}  // namespace quillmeter
