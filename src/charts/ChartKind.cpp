@@ -19,6 +19,24 @@ std::string_view chartTitle(std::int32_t graphType) {
   }
 }
 
+std::string_view chartHint(std::int32_t graphType, bool chartIsEmpty) {
+  if (!chartIsEmpty) return isBarChart(graphType) ? "Press a magnifying glass for details about a file." : "";
+  switch (graphType) {
+    case kCodeLinesPie:
+      return "This project has no source lines.";
+    case kFileKindsPie:
+      return "This project has no files.";
+    case kSourceFilesBars:
+      return "This project has no source files.";
+    case kXIBFilesBars:
+      return "This project has no XIB files.";
+    case kImageFilesBars:
+      return "This project has no image files (.icns are left out).";
+    default:
+      return {};
+  }
+}
+
 const std::optional<Number>& barMeasure(std::int32_t graphType, const FileObject& file) {
   return graphType == kSourceFilesBars ? file.noLinesTotal() : file.fileSize();
 }

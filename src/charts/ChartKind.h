@@ -29,6 +29,10 @@ inline constexpr std::size_t kMostBars = 15;
 /// The title drawn above a chart; empty for no chart.
 [[nodiscard]] std::string_view chartTitle(std::int32_t graphType);
 
+/// A line that helps with a chart on screen: why it is empty, or how to get at the details of its bars. Empty
+/// for a pie that has something to show.
+[[nodiscard]] std::string_view chartHint(std::int32_t graphType, bool chartIsEmpty);
+
 /// What a bar of the chart stands for: lines in the chart of source files, bytes in the other two.
 [[nodiscard]] const std::optional<Number>& barMeasure(std::int32_t graphType, const FileObject& file);
 

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <cmath>
 #include <string_view>
 #include <utility>
 
@@ -35,7 +36,7 @@ constexpr int kJpegQuality = 90;
 constexpr int kInfoPictureSide = 20;
 constexpr int kChartButtons = 5;
 
-/// Above the canvas's magnifiers in its own space; the panel hangs below them.
+/// The top of the details panel in the canvas's space: just below the magnifiers.
 constexpr int kDetailsY = 503;
 
 const QColor kTitleColor(Qt::white);
@@ -77,6 +78,7 @@ std::unique_ptr<ChartsViewController> ChartsViewController::create(ChartsHost& h
 ChartsViewController::ChartsViewController(ChartsHost& host, const Services& services)
     : host_(host), services_(services), ui_(std::make_unique<Ui::ChartsViewController>()) {
   ui_->setupUi(this);
+  setAttribute(Qt::WA_StyledBackground);
   ui_->viewBarChart->setDelegate(this);
   connectControls();
   setPictures();
@@ -169,6 +171,7 @@ void ChartsViewController::startAnimation() {
   canvas->setGraphType(currentTableFilter_);
   canvas->setArrayValues(std::nullopt);
   canvas->update();
+  showHint();
   const std::int32_t first = firstGrowInStep(currentTableFilter_);
   services_.delayedCalls->performAfterDelay(this, kGrowInDelay,
                                             [this, first] { doAnimationBarChart(first); });
@@ -179,6 +182,14 @@ void ChartsViewController::setBarChartValues() {
   currentArrayValuesBarChart_ = std::move(values.files);
   ui_->viewBarChart->setAverageNumberOfLines(values.averageNumberOfLines);
   ui_->viewBarChart->setMaxNumberOfLines(values.maxNumberOfLines);
+}
+
+void ChartsViewController::showHint() {
+  const bool isEmpty = isBarChart(currentTableFilter_)        ? currentArrayValuesBarChart_.empty()
+                       : currentTableFilter_ == kCodeLinesPie ? std::isnan(fractions_.pieChart1Perc1)
+                                                              : std::isnan(fractions_.pieChart2Perc1);
+  const std::string_view hint = chartHint(currentTableFilter_, isEmpty);
+  ui_->lblHint->setText(QString::fromUtf8(hint.data(), static_cast<qsizetype>(hint.size())));
 }
 
 void ChartsViewController::doAnimationBarChart(std::int32_t remaining) {

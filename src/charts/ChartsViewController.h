@@ -85,6 +85,7 @@ class ChartsViewController : public QWidget, private DrawingCanvasViewDelegate {
   void setPictures();
   void setFractions();
   void setBarChartValues();
+  void showHint();
   void fadeFiltersOut();
   void hideFiltersLater();
   void placeFilters();

@@ -256,6 +256,21 @@ TEST_F(ChartsTab, ProjectThatWasNeverReadIsShownAsEmpty) {
   EXPECT_TRUE(canvas()->arrayValues()->empty());
 }
 
+TEST_F(ChartsTab, ChartWithoutContentsSaysWhy) {
+  open({record({.name = "a.png", .size = 5})}, {});
+  const auto* hint = tab->findChild<QLabel*>(QStringLiteral("lblHint"));
+  choose(0);
+  EXPECT_EQ(hint->text(), QStringLiteral("This project has no source lines."));
+  choose(1);
+  EXPECT_EQ(hint->text(), QString());
+  choose(2);
+  EXPECT_EQ(hint->text(), QStringLiteral("This project has no source files."));
+  choose(3);
+  EXPECT_EQ(hint->text(), QStringLiteral("This project has no XIB files."));
+  choose(4);
+  EXPECT_EQ(hint->text(), QStringLiteral("Press a magnifying glass for details about a file."));
+}
+
 TEST_F(ChartsTab, BarsOfFilesWithoutLinesCanStillBeAsked) {
   open({record({.name = "empty.m"}), record({.name = "also.m"})}, {});
   chooseAndGrow(2);
