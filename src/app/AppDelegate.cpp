@@ -1,6 +1,8 @@
 #include "app/AppDelegate.h"
 
 #include <QEvent>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QShortcut>
 #include <QUrl>
 #include <chrono>
@@ -73,6 +75,11 @@ void AppDelegate::applicationDidFinishLaunching() {
 
   window_->setOutline(
       outlineOfPicture(namedImage(QStringLiteral("window_middle_part"), ui_->imgMiddle->size()).toImage()));
+  if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+    QRect frame(QPoint(), window_->size());
+    frame.moveCenter(screen->availableGeometry().center());
+    window_->move(frame.topLeft());
+  }
   window_->show();
 }
 

@@ -104,8 +104,9 @@ class ShellTest(unittest.TestCase):
     def launch(self, *arguments, screen=True):
         self.application = self.desktop.start([APPLICATION, *arguments], env=self.desktop.environment, stderr=self.log)
         if screen:
-            self.screen = wait_for(self.main_screen, "the main screen")
-            time.sleep(0.4)
+            wait_for(self.main_screen, "the main screen")
+            time.sleep(0.4)  # the window manager may still place it
+            self.screen = self.main_screen()
 
     def main_screen(self):
         for geometry in self.desktop.windows("Quillmeter").values():
@@ -132,7 +133,8 @@ class ShellTest(unittest.TestCase):
                 stream.write("int x;\n// words\n")
         with open(path + b"/App.xcodeproj/project.pbxproj", "w") as stream:
             stream.write("/* Begin PBXFileReference section */\n")
-            stream.writelines("\t\t1 = {isa = PBXFileReference; path = %s; sourceTree = x; };\n" % name for name in names)
+            stream.writelines("\t\t1 /* %s */ = {isa = PBXFileReference; path = %s; sourceTree = x; };\n" % (name, name)
+                              for name in names)
             stream.write("/* End PBXFileReference section */\n")
         return path
 
@@ -251,7 +253,7 @@ class ShellTest(unittest.TestCase):
     def test_pictures_make_the_outline(self):
         self.launch()
         x, y, width, height = self.screen
-        background = self.desktop.pixel(x - 20, y - 20)
+        background = self.desktop.pixel(1270, 890)
         corners = [(1, 1), (width - 2, 1), (1, height - 2), (width - 2, height - 2)]
         for dx, dy in corners:
             there = self.desktop.pixel(x + dx, y + dy)
