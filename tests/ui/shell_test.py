@@ -46,7 +46,9 @@ class Desktop:
             if name in os.environ:
                 self.environment[name] = os.environ[name]
         os.mkdir(self.home + "/run", 0o700)
-        self.start(["openbox", "--config-file", "/dev/null"], env=self.environment)
+        with open(self.home + "/rc.xml", "w") as stream:
+            stream.write('<openbox_config xmlns="http://openbox.org/3.4/rc"/>')
+        self.start(["openbox", "--config-file", self.home + "/rc.xml"], env=self.environment)
         wait_for(lambda: "window id" in self.output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "window manager")
         if compositor:
             self.start(["picom", "--config", "/dev/null", "--backend", "xrender"], env=self.environment)
