@@ -161,7 +161,8 @@ void AppDelegate::showHint(const QString& hint, const QString& caption) {
 }
 
 void AppDelegate::showOpenButton(bool shown) {
-  // A button that hides would hand the keyboard on to a link that nobody chose. The drop area keeps it meanwhile.
+  // A button that hides would hand the keyboard on to a link that nobody chose. The drop area keeps it
+  // meanwhile.
   const bool focused = window_->focusWidget() == ui_->btnOpenProject;
   if (!shown && focused) ui_->viewDrag->setFocus();
   ui_->btnOpenProject->setVisible(shown);
