@@ -2,7 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -33,9 +33,13 @@ class EndingTable {
   [[nodiscard]] FolderWalk::Index next(FolderWalk::Index entry) const { return next_[entry]; }
 
  private:
-  [[nodiscard]] bool readEnding(FolderWalk::Index entry, std::string& ending) const;
-  [[nodiscard]] Group& slotFor(std::string_view ending, std::uint32_t hash);
-  void insert(FolderWalk::Index entry, std::string_view ending);
+  [[nodiscard]] bool hasEnding(FolderWalk::Index entry, std::string_view ending) const;
+  [[nodiscard]] std::optional<std::uint32_t> hashOfEnding(FolderWalk::Index entry) const;
+  [[nodiscard]] bool haveSameEnding(FolderWalk::Index left, FolderWalk::Index right) const;
+  void insert(FolderWalk::Index entry, std::uint32_t hash);
+
+  template <class IsGroup>
+  [[nodiscard]] Group& slotFor(std::uint32_t hash, const IsGroup& isGroup);
 
   const FolderWalk& walk_;
   std::size_t components_;
@@ -43,7 +47,6 @@ class EndingTable {
   std::vector<std::string_view> rootComponents_;
   std::vector<Group> slots_;
   std::vector<FolderWalk::Index> next_;
-  std::string scratch_;
 };
 
 }  // namespace quillmeter

@@ -38,14 +38,18 @@ std::optional<ShortenedPath> shortened(std::string_view path) {
   return result;
 }
 
-std::optional<FileStatus> statusOf(int folder, const char* path) {
-  struct stat status {};
-  if (::fstatat(folder, path, &status, 0) != 0) return std::nullopt;
+FileStatus meaningOf(const struct stat& status) {
   FileStatus result;
   if (S_ISREG(status.st_mode)) result.type = FileStatus::Type::regular;
   if (S_ISDIR(status.st_mode)) result.type = FileStatus::Type::folder;
   result.size = static_cast<std::uint64_t>(status.st_size);
   return result;
+}
+
+std::optional<FileStatus> statusOf(int folder, const char* path) {
+  struct stat status {};
+  if (::fstatat(folder, path, &status, 0) != 0) return std::nullopt;
+  return meaningOf(status);
 }
 
 }  // namespace
@@ -73,6 +77,12 @@ std::optional<FileStatus> FileSystem::status(const std::string& path) const {
   if (path.size() < PATH_MAX) return statusOf(AT_FDCWD, path.c_str());
   const auto parts = shortened(path);
   return parts ? statusOf(parts->folderValue(), parts->rest.c_str()) : std::nullopt;
+}
+
+std::optional<FileStatus> FileSystem::statusOfOpen(const Descriptor& file) const {
+  struct stat status {};
+  if (::fstat(file.value(), &status) != 0) return std::nullopt;
+  return meaningOf(status);
 }
 
 std::optional<std::vector<std::string>> FileSystem::listFolder(const std::string& path) const {

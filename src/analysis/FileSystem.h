@@ -46,6 +46,9 @@ class FileSystem {
   /// nowhere).
   [[nodiscard]] virtual std::optional<FileStatus> status(const std::string& path) const;
 
+  /// The same for an open file.
+  [[nodiscard]] virtual std::optional<FileStatus> statusOfOpen(const Descriptor& file) const;
+
   /// The names directly inside a folder, without "." and "..", in ascending byte order; absent when it cannot
   /// be read.
   [[nodiscard]] virtual std::optional<std::vector<std::string>> listFolder(const std::string& path) const;

@@ -105,10 +105,12 @@ std::shared_ptr<FileObject> ParseProject::getFileInfoAtInitialPath(const std::st
                                                                    const std::string& path) {
   std::shared_ptr<FileObject> file;
   if (allAvailableFilesPaths_) {
-    allAvailableFilesPaths_->forEachCandidate(reference, [&](const std::string& candidate) {
-      file = getFileStats(candidate);
-      return file != nullptr;
-    });
+    allAvailableFilesPaths_->forEachCandidate(
+        reference, [&](const std::string& candidate, FolderWalk::Type type) {
+          file = type == FolderWalk::Type::regular ? regularFileStats(*fileSystem_, candidate)
+                                                   : getFileStats(candidate);
+          return file != nullptr;
+        });
   }
   if (file || !reference.starts_with(kUp)) return file;
   return linkedFile(reference, path);

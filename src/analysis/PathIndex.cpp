@@ -9,6 +9,9 @@
 namespace quillmeter {
 namespace {
 
+/// How many entries of one name are looked at one by one.
+constexpr std::size_t kFew = 16;
+
 /// What R = A/…/Z repeated must end in: ZA/…/Z.
 std::string joinOfRepetition(std::string_view reference) {
   return std::string(reference.substr(reference.rfind('/') + 1)).append(reference);
@@ -26,6 +29,9 @@ PathIndex::PathIndex(FolderWalk walk) : walk_(std::move(walk)) {}
 void PathIndex::forEachCandidate(std::string_view reference, const Visitor& visit) {
   if (reference.empty()) return;
   const bool isName = reference.find('/') == std::string_view::npos;
+  if (!isName) {
+    if (const auto few = fewNamedLike(reference)) return visitSorted(*few, reference, visit);
+  }
   EndingTable& table = isName ? names() : endings(pathComponents(reference).size());
   EndingTable::Group* group = isName ? table.find(lowerCased(reference)) : table.find(reference);
   const Entries& repeated = repetitions(std::string(reference), table);
@@ -40,13 +46,32 @@ void PathIndex::forEachCandidate(std::string_view reference, const Visitor& visi
     if (entry == FolderWalk::kNone) return;
     const std::string path = walk_.path(entry);
     const bool matches = (isName && entry == single) || endsInReference(path, reference);
-    if (matches && visit(path)) return;
+    if (matches && visit(path, walk_.type(entry))) return;
     if (entry == single) {
       group->candidate = table.next(single);
     } else {
       ++nextRepeated;
     }
   }
+}
+
+void PathIndex::visitSorted(const Entries& entries, std::string_view reference, const Visitor& visit) const {
+  for (const FolderWalk::Index entry : entries) {
+    const std::string path = walk_.path(entry);
+    if (endsInReference(path, reference) && visit(path, walk_.type(entry))) return;
+  }
+}
+
+/// The entries that have the name at the reference's end, in any letter case; absent when they are many.
+std::optional<PathIndex::Entries> PathIndex::fewNamedLike(std::string_view reference) {
+  Entries entries;
+  const EndingTable::Group* group = names().find(lowerCased(reference.substr(reference.rfind('/') + 1)));
+  if (group == nullptr) return entries;
+  for (FolderWalk::Index entry = group->chain; entry != FolderWalk::kNone; entry = names().next(entry)) {
+    if (entries.size() == kFew) return std::nullopt;
+    entries.push_back(entry);
+  }
+  return entries;
 }
 
 EndingTable& PathIndex::names() {

@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -23,14 +24,14 @@ namespace quillmeter {
 ///
 /// Why an index can give exactly these: when C matches by its ending, the occurrences removed at C's end
 /// spell R repeated k times, k ≥ 1, and begin at C's start or behind a "/".
-///  - For k = 1, C ends in whole components that spell R: a table from endings of so many components finds
-///  it. There
-///    is one table for each number of components that references have, made when first needed.
-///  - For k ≥ 2 and R a plain name, C's last component is R repeated: such names are listed when the names
-///  are read.
-///  - For k ≥ 2 and R = A/…/Z, C also ends in ZA/…/Z, which the same table finds (and next to no project
-///  has).
-/// What is found for an ending is still tested by the rule itself. A group of entries belongs to one
+///  - R without "/": C's last component is R or R repeated. A table of all names finds the first, and names
+///  that are
+///    repetitions are listed beside it.
+///  - R = A/…/Z: C's last component is Z. Where the table of names has few entries of that name, which is
+///  nearly
+///    always so, they are all looked at. Otherwise C ends in whole components that spell R (k = 1) or ZA/…/Z
+///    (k ≥ 2), and a table of endings of so many components, made when first needed, finds those.
+/// What is found for an ending is still tested by the rule itself. A long group of entries belongs to one
 /// reference only, and what was missing or failed the test is dropped from it, so that all questions together
 /// stay linear.
 ///
@@ -41,9 +42,9 @@ class PathIndex {
   PathIndex(const PathIndex&) = delete;
   PathIndex& operator=(const PathIndex&) = delete;
 
-  /// Takes a candidate by returning true. A candidate that it refuses is taken for missing on disk and may
-  /// not be offered again.
-  using Visitor = std::function<bool(const std::string& path)>;
+  /// Takes a candidate (its path, and what the walk found there) by returning true. A candidate that it refuses
+  /// is taken for missing on disk and may not be offered again.
+  using Visitor = std::function<bool(const std::string& path, FolderWalk::Type type)>;
 
   /// Offers each candidate of `reference` to `visit` in walk order until one is taken or none is left. The
   /// empty reference has none.
@@ -52,6 +53,8 @@ class PathIndex {
  private:
   using Entries = std::vector<FolderWalk::Index>;
 
+  void visitSorted(const Entries& entries, std::string_view reference, const Visitor& visit) const;
+  [[nodiscard]] std::optional<Entries> fewNamedLike(std::string_view reference);
   [[nodiscard]] EndingTable& names();
   [[nodiscard]] EndingTable& endings(std::size_t components);
   void listRepeatedName(FolderWalk::Index entry);

@@ -85,7 +85,7 @@ struct CommentState {
     const std::uint64_t opens = (block.opens & event) != 0 ? 1 : 0;
     const std::uint64_t lines = linesBefore + count(block.lines & before);
     state.commentLines += count(single & before) & (state.inside - 1);
-    const std::uint64_t change = opens != 0 ? 1 - lines : lines;
+    const std::uint64_t change = (lines ^ (0 - opens)) + 2 * opens;  // "lines", or "1 - lines" where it opens
     state.commentLines += change & (0 - (opens ^ state.inside));
     state.inside = opens;
     single &= ~before;

@@ -12,5 +12,6 @@ namespace quillmeter {
 void addExportCommand(CLI::App& app, int& status);
 void addMeasureCommand(CLI::App& app, int& status);
 void addCleanupCommand(CLI::App& app, int& status);
+void addMethodsCommand(CLI::App& app, int& status);
 
 }  // namespace quillmeter

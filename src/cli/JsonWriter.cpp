@@ -30,9 +30,10 @@ std::string escapedControl(unsigned char byte) {
   }
 }
 
-bool standsAsItIs(Utf8Character character) {
-  return character.valid && character.codePoint >= 0x20 && character.codePoint != '"' &&
-         character.codePoint != '\\' && character.codePoint != 0x7F;
+/// Whether a byte is a character that stands in a JSON text as it is.
+bool isPlainAscii(char byte) {
+  const auto value = static_cast<unsigned char>(byte);
+  return value >= 0x20 && value < 0x7F && value != '"' && value != '\\';
 }
 
 }  // namespace
@@ -72,10 +73,10 @@ void JsonWriter::endArray() {
 }
 
 void JsonWriter::key(std::string_view name) {
-  if (!levels_.back().isEmpty) output_.write(", ");
+  output_.write(levels_.back().isEmpty ? "\"" : ", \"");
   levels_.back().isEmpty = false;
-  writeText(name);
-  output_.write(": ");
+  output_.write(name);
+  output_.write("\": ");
   afterKey_ = true;
 }
 
@@ -107,8 +108,12 @@ void JsonWriter::writeText(std::string_view text) {
   output_.write("\"");
   std::size_t plain = 0;
   while (plain < text.size()) {
+    if (isPlainAscii(text[plain])) {
+      ++plain;
+      continue;
+    }
     const Utf8Character character = firstCharacter(text.substr(plain));
-    if (standsAsItIs(character)) {
+    if (character.valid && character.codePoint > 0x7F) {
       plain += character.bytes;
       continue;
     }

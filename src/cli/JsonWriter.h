@@ -25,6 +25,7 @@ class JsonWriter {
   void endObject();
   void beginArray();
   void endArray();
+  /// `name` is plain ASCII without quotes.
   void key(std::string_view name);
   void value(std::string_view text);
   void value(const std::optional<std::string>& text);

@@ -20,6 +20,7 @@ int main(int argc, char** argv) {
   quillmeter::addMeasureCommand(app, status);
   quillmeter::addCleanupCommand(app, status);
   quillmeter::addExportCommand(app, status);
+  quillmeter::addMethodsCommand(app, status);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -153,6 +153,9 @@ class VanishingFileSystem final : public FileSystem {
   [[nodiscard]] std::optional<FileStatus> status(const std::string& path) const override {
     return path == gone_ ? std::nullopt : FileSystem::status(path);
   }
+  [[nodiscard]] Descriptor open(const std::string& path) const override {
+    return path == gone_ ? Descriptor() : FileSystem::open(path);
+  }
 
  private:
   std::string gone_;

@@ -32,7 +32,7 @@ Texts pathsOf(const FolderWalk& walk) {
 Texts candidatesIndexed(const std::string& root, const std::string& reference) {
   PathIndex index{FolderWalk(root)};
   Texts candidates;
-  index.forEachCandidate(reference, [&](const std::string& path) {
+  index.forEachCandidate(reference, [&](const std::string& path, FolderWalk::Type /*type*/) {
     candidates.push_back(path);
     return false;
   });
@@ -96,7 +96,7 @@ TEST(PathIndex, OffersTheNextCandidateWhenOneIsMissing) {
   folder.file("b/x.m");
   PathIndex index{FolderWalk(folder.path())};
   std::string taken;
-  const auto take = [&](const std::string& path) {
+  const auto take = [&](const std::string& path, FolderWalk::Type /*type*/) {
     taken = path;
     return !path.ends_with("a/x.m");
   };

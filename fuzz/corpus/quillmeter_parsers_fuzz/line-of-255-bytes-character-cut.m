@@ -1,0 +1,4 @@
+- (void)draw                                                                                                                  　                                                                                                                             {
+}
+- (void)hide {
+}

@@ -1,0 +1,183 @@
+#include <CLI/CLI.hpp>
+#include <cerrno>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "analysis/FileSystem.h"
+#include "cli/Commands.h"
+#include "cli/ExitStatus.h"
+#include "cli/JsonWriter.h"
+#include "cli/Measurement.h"
+#include "cli/Output.h"
+#include "parsers/RegulatorParser.h"
+
+namespace quillmeter {
+namespace {
+
+struct MethodsOptions {
+  std::vector<std::string> files;
+  std::string format = "table";
+};
+
+struct MethodCounts {
+  std::int64_t methods = 0;
+  std::int64_t staticMethods = 0;
+  std::int64_t instanceMethods = 0;
+};
+
+/// What a format does with the result of each file, in the order of the arguments.
+class CountsFormat {
+ public:
+  virtual ~CountsFormat() = default;
+  virtual void begin() = 0;
+  /// `counts` are absent for a file without a parser and for one that cannot be opened.
+  virtual void file(const std::string& path, const std::optional<MethodCounts>& counts) = 0;
+  virtual void end() = 0;
+};
+
+class JsonFormat final : public CountsFormat {
+ public:
+  explicit JsonFormat(Output& output) : writer_(output) {}
+
+  void begin() override {
+    writer_.beginObject();
+    writer_.key("files");
+    writer_.beginArray();
+  }
+
+  void file(const std::string& path, const std::optional<MethodCounts>& counts) override {
+    writer_.beginObject();
+    writer_.member("filePath", std::string_view(path));
+    count("noMethods", counts, &MethodCounts::methods);
+    count("noStaticMethods", counts, &MethodCounts::staticMethods);
+    count("noInstanceMethods", counts, &MethodCounts::instanceMethods);
+    writer_.endObject();
+  }
+
+  void end() override {
+    writer_.endArray();
+    writer_.endObject();
+  }
+
+ private:
+  void count(std::string_view name, const std::optional<MethodCounts>& counts,
+             std::int64_t MethodCounts::*field) {
+    writer_.key(name);
+    if (counts) {
+      writer_.value((*counts).*field);
+    } else {
+      writer_.null();
+    }
+  }
+
+  JsonWriter writer_;
+};
+
+class TableFormat final : public CountsFormat {
+ public:
+  explicit TableFormat(Output& output) : output_(output) {}
+
+  void begin() override { row("Instance", "Static", "Methods", "File"); }
+
+  void file(const std::string& path, const std::optional<MethodCounts>& counts) override {
+    if (!counts) return row("-", "-", "-", path);
+    row(*counts, path);
+    sum_.methods += counts->methods;
+    sum_.staticMethods += counts->staticMethods;
+    sum_.instanceMethods += counts->instanceMethods;
+  }
+
+  void end() override { row(sum_, "in sum"); }
+
+ private:
+  void row(const MethodCounts& counts, std::string_view label) {
+    row(std::to_string(counts.instanceMethods), std::to_string(counts.staticMethods),
+        std::to_string(counts.methods), label);
+  }
+
+  void row(std::string_view instance, std::string_view staticOnes, std::string_view methods,
+           std::string_view label) {
+    for (const std::string_view cell : {instance, staticOnes, methods}) {
+      constexpr std::size_t width = 8;
+      if (cell.size() < width) output_.write(std::string(width - cell.size(), ' '));
+      output_.write(cell);
+      output_.write("  ");
+    }
+    output_.write(label);
+    output_.write("\n");
+  }
+
+  Output& output_;
+  MethodCounts sum_;
+};
+
+/// Why the file at `path` cannot be opened for counting; nothing when it can.
+std::optional<std::string> obstacleTo(const std::string& path) {
+  const Descriptor file = FileSystem::real().open(path);
+  if (!file) return std::strerror(errno);
+  const auto status = FileSystem::real().status(path);
+  if (status && status->type == FileStatus::Type::folder) return std::strerror(EISDIR);
+  if (!status || status->type != FileStatus::Type::regular) return "Not a regular file";
+  return std::nullopt;
+}
+
+std::optional<MethodCounts> countsOf(const std::string& path) {
+  // An Objective-C parser reads one file only.
+  RegulatorParser parser;
+  const auto stats = parser.parseFile(path);
+  if (!stats) return std::nullopt;
+  return MethodCounts{stats->noMethods(), stats->noStaticMethods(), stats->noInstanceMethods()};
+}
+
+std::unique_ptr<CountsFormat> formatNamed(const std::string& name, Output& output) {
+  if (name == "json") return std::make_unique<JsonFormat>(output);
+  return std::make_unique<TableFormat>(output);
+}
+
+int countMethods(const MethodsOptions& options) {
+  int status = kSuccess;
+  Output output(std::nullopt);
+  const auto format = formatNamed(options.format, output);
+  format->begin();
+  for (const std::string& path : options.files) {
+    const auto obstacle = obstacleTo(path);
+    if (obstacle) {
+      complain(path + ": " + *obstacle);
+      status = kNothingMeasured;
+    }
+    format->file(path, obstacle ? std::nullopt : countsOf(path));
+  }
+  format->end();
+  const auto error = output.finish();
+  if (!error) return status;
+  complain(*error);
+  return kOutputFailed;
+}
+
+}  // namespace
+
+void addMethodsCommand(CLI::App& app, int& status) {
+  const auto options = std::make_shared<MethodsOptions>();
+  CLI::App* command =
+      app.add_subcommand("methods", "Count the methods and functions that source files define");
+  command->add_option("FILE", options->files, "C, C++ and Objective-C sources: .c, .cpp, .m, .mm")
+      ->required();
+  command->add_option("--format", options->format, "table: to read; json: to process further")
+      ->check(CLI::IsMember({"table", "json"}))
+      ->capture_default_str();
+  command->footer(
+      "Functions declared static and methods with a \"+\" count as static, all others as instance\n"
+      "methods. A file of another kind has no counts. Exit status 3 when a file cannot be opened.\n"
+      "\n"
+      "Examples:\n"
+      "  quillmeter-cli methods Classes/*.m\n"
+      "  quillmeter-cli methods --format json main.c | jq '.files[].noMethods'");
+  command->callback([options, &status] { status = countMethods(*options); });
+}
+
+}  // namespace quillmeter

@@ -1,0 +1,15 @@
+@implementation Shape
+
+- (void)draw
+{
+    [self outline];
+}
+
++
+(Shape *)
+shape
+{
+    return nil;
+}
+
+@end

@@ -1,0 +1,2 @@
+﻿static int twice(int number) {
+}

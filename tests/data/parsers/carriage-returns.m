@@ -1,0 +1,12 @@
+@implementation Shape
+
+- (void)draw
+{
+}
+
++ (id)shape {
+}
+int twice(int number)
+{
+}
+@end

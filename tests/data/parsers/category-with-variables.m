@@ -1,0 +1,7 @@
+@implementation Shape (Drawing)
+{
+    int width_;
+}
+- (void)draw {
+}
+@end

@@ -1,0 +1,4 @@
+int first(const char *text) {
+}
+int second(int count, const char *text) {
+}

@@ -1,0 +1,7 @@
+@implementation Shape
+
+- (void)setWidth:(int)width
+          height:(int)height {
+}
+
+@end

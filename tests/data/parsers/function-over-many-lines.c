@@ -1,0 +1,12 @@
+static
+int
+add
+(
+    int
+    a,
+    int
+    b
+)
+{
+    return a + b;
+}

@@ -1,0 +1,3 @@
+@implementation Shape
+- (void)draw                                                                                                                   - (void)hide {
+- (void)show {

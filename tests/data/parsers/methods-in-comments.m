@@ -1,0 +1,11 @@
+@implementation Shape
+// - (void)oldDraw {
+/* - (void)olderDraw { */
+/*
+- (void)oldestDraw {
+*/
+- (void)draw { // draws
+}
+- (void)hide {
+}
+@end

@@ -1,0 +1,10 @@
+@implementation Shape
+- (void)draw
++ (void)erase {
+}
+-
++ (void)fill {
+}
++ (void)hide {
+}
+@end

@@ -1,0 +1,2 @@
+@implementation Shape
+- (void)draw {

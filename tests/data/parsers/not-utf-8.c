@@ -1,0 +1,3 @@
+/* café */
+int main(void) {
+}

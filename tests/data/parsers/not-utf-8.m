@@ -1,0 +1,9 @@
+// café
+- (void)café {
+}
+- (void)draw {
+}
++ (id)shape {
+}
+int main(void) {
+}

@@ -1,0 +1,8 @@
+bool operator==(Shape a, Shape b) {
+}
+Shape operator+(Shape a, Shape b) {
+}
+operator bool() {
+}
+int operator()(int a) {
+}

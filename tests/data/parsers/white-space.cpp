@@ -1,0 +1,5 @@
+static int first　(int a){ }
+intsecond(int	a) {
+}
+int​third(int a) {
+}

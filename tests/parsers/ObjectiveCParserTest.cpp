@@ -1,0 +1,163 @@
+#include "parsers/ObjectiveCParser.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "helpers/TemporaryFolder.h"
+#include "parsers/MemoryFile.h"
+
+namespace quillmeter {
+namespace {
+
+using testing::MemoryFile;
+using testing::TemporaryFolder;
+
+struct Counts {
+  int methods;
+  int staticOnes;
+  int instanceOnes;
+  bool operator==(const Counts&) const = default;
+};
+
+void PrintTo(const Counts& counts, std::ostream* stream) {
+  *stream << counts.methods << " methods, " << counts.staticOnes << " static, " << counts.instanceOnes
+          << " instance";
+}
+
+Counts countsOf(const FMethodStats& stats) {
+  return {stats.noMethods(), stats.noStaticMethods(), stats.noInstanceMethods()};
+}
+
+Counts countsIn(std::string_view source) {
+  const MemoryFile file(source);
+  const auto stats = ObjectiveCParser::create(file)->execute("any.m");
+  return stats ? countsOf(*stats) : Counts{-1, -1, -1};
+}
+
+TEST(ObjectiveCParser, StartsWithNothing) {
+  const auto parser = ObjectiveCParser::create();
+  EXPECT_EQ(parser->methodStats(), nullptr);
+  EXPECT_EQ(parser->currentLine(), std::nullopt);
+  EXPECT_FALSE(parser->eof());
+  EXPECT_EQ(parser->methodBeginTag(), "");
+  EXPECT_EQ(parser->methodCandidate(), "");
+}
+
+TEST(ObjectiveCParser, CountsInstanceAndClassMethods) {
+  EXPECT_EQ(countsIn("- (void)viewDidLoad {\n}\n"), (Counts{1, 0, 1}));
+  EXPECT_EQ(countsIn("+ (id)shared {\n}\n"), (Counts{1, 1, 0}));
+}
+
+TEST(ObjectiveCParser, CountsADefinitionOverTwoLinesOnce) {
+  EXPECT_EQ(countsIn("- (void)setWidth:(int)width\n      height:(int)height {\n}\n"), (Counts{1, 0, 1}));
+  EXPECT_EQ(countsIn("- (void)draw\n{\n}\n"), (Counts{1, 0, 1}));
+}
+
+TEST(ObjectiveCParser, CountsNothingInAnEmptyFile) {
+  EXPECT_EQ(countsIn(""), (Counts{0, 0, 0}));
+  EXPECT_EQ(countsIn("\n \n"), (Counts{0, 0, 0}));
+}
+
+TEST(ObjectiveCParser, NeedsTheBraceAtTheEndOfALine) {
+  EXPECT_EQ(countsIn("- (void)draw { return; }\n"), (Counts{0, 0, 0}));
+  EXPECT_EQ(countsIn("- (void)draw { // draws\n"), (Counts{0, 0, 0}));
+}
+
+TEST(ObjectiveCParser, LetsADeclarationSpoilTheNextDefinition) {
+  EXPECT_EQ(countsIn("- (void)draw;\n@end\n- (void)draw {\n}\n+ (void)hide {\n}\n"), (Counts{1, 1, 0}));
+}
+
+TEST(ObjectiveCParser, IgnoresLinesBeforeABegin) {
+  EXPECT_EQ(countsIn("int main() {\n}\n(void)draw {\n"), (Counts{0, 0, 0}));
+}
+
+TEST(ObjectiveCParser, RespectsLetterCaseOfFoldedLetters) {
+  EXPECT_EQ(countsIn("- (void)\u017f {\n}\n"), (Counts{0, 0, 0}));
+  EXPECT_EQ(countsIn("- (void)\u212a {\n}\n"), (Counts{0, 0, 0}));
+}
+
+TEST(ObjectiveCParser, KeepsCollectingUntilABrace) {
+  const MemoryFile file("+ (id)shape\n\n  with:(int)sides\n- left;\n");
+  const auto parser = ObjectiveCParser::create(file);
+  ASSERT_NE(parser->execute("any.m"), nullptr);
+  EXPECT_EQ(parser->methodBeginTag(), "-");
+  EXPECT_EQ(parser->methodCandidate(), " + (id)shape with:(int)sides - left;");
+}
+
+TEST(ObjectiveCParser, StartsAfreshBehindABrace) {
+  const MemoryFile file("- not a method {\n");
+  const auto parser = ObjectiveCParser::create(file);
+  ASSERT_NE(parser->execute("any.m"), nullptr);
+  EXPECT_EQ(parser->methodBeginTag(), "");
+  EXPECT_EQ(parser->methodCandidate(), "");
+}
+
+TEST(ObjectiveCParser, HandlesTheCurrentLineWhenThereIsOne) {
+  ObjectiveCParser parser;
+  const auto stats = std::make_shared<FMethodStats>();
+  parser.setMethodStats(stats);
+  parser.setCurrentLine("  + (id)shape {\n");
+  EXPECT_EQ(parser.execute({}), nullptr);
+  EXPECT_EQ(countsOf(*stats), (Counts{1, 1, 0}));
+}
+
+TEST(ObjectiveCParser, SurvivesALineWithoutAResultToCountIn) {
+  ObjectiveCParser parser;
+  parser.setCurrentLine("- (void)draw {\n");
+  EXPECT_EQ(parser.execute({}), nullptr);
+  EXPECT_EQ(parser.methodBeginTag(), "");
+}
+
+TEST(ObjectiveCParser, ReadsOneFileAndThenGivesItsResultAgain) {
+  const TemporaryFolder folder;
+  const std::string first = folder.file("first.m", "- (void)draw {\n}\n- (void)hide {");
+  const std::string second = folder.file("second.m", "+ (id)a {\n}\n+ (id)b {\n}\n+ (id)c {\n}\n");
+  const auto parser = ObjectiveCParser::create();
+  const auto stats = parser->execute(first);
+  ASSERT_NE(stats, nullptr);
+  EXPECT_EQ(countsOf(*stats), (Counts{2, 0, 2}));
+
+  EXPECT_EQ(parser->execute(second), stats);
+  EXPECT_EQ(countsOf(*stats), (Counts{3, 0, 3})) << "the last line is handled once more";
+  EXPECT_TRUE(parser->eof());
+  EXPECT_EQ(parser->currentLine(), "- (void)hide {");
+
+  parser->initialize();
+  const auto fresh = parser->execute(second);
+  ASSERT_NE(fresh, nullptr);
+  EXPECT_EQ(countsOf(*fresh), (Counts{3, 3, 0}));
+}
+
+TEST(ObjectiveCParser, HasNoResultForAFileThatCannotBeOpened) {
+  const TemporaryFolder folder;
+  const auto parser = ObjectiveCParser::create();
+  ::testing::internal::CaptureStderr();
+  EXPECT_EQ(parser->execute(folder / "absent.m"), nullptr);
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), folder / "absent.m" + ": No such file or directory\n");
+  EXPECT_FALSE(parser->eof());
+}
+
+TEST(ObjectiveCParser, GoesOnBehindBytesThatAreNotText) {
+  EXPECT_EQ(countsIn("- (void)caf\xe9 {\n}\n\xff\xfe\n- (void)draw {\n}\n"), (Counts{1, 0, 1}));
+}
+
+TEST(ObjectiveCParser, TestsACandidateOfTheSizeOfTheFile) {
+  std::string source = "- (void)draw";
+  for (int i = 0; i < 200000; ++i)
+    source += "\n:(int)a";
+  EXPECT_EQ(countsIn(source + " {\n"), (Counts{1, 0, 1}));
+  EXPECT_EQ(countsIn(source + ";\n- (void)hide {\n- (void)show {"), (Counts{1, 0, 1}));
+}
+
+TEST(ObjectiveCParser, ReadsTheSameThroughShortReads) {
+  MemoryFile file("- (void)draw\n{\n}\n+ (id)shape {\n}\n");
+  file.setLongestRead(1);
+  file.setInterruptReads(true);
+  const auto stats = ObjectiveCParser::create(file)->execute("any.m");
+  ASSERT_NE(stats, nullptr);
+  EXPECT_EQ(countsOf(*stats), (Counts{2, 1, 1}));
+}
+
+}  // namespace
+}  // namespace quillmeter
