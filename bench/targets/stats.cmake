@@ -1,4 +1,5 @@
 if(QUILLMETER_APPLICATION)
+  find_package(GTest REQUIRED)
   quillmeter_benchmark(stats_window_benchmark SOURCES StatsWindowBenchmark.cpp LIBS quillmeter_stats_ui GTest::gtest)
   quillmeter_use_qt(stats_window_benchmark)
 endif()

@@ -1,6 +1,8 @@
 #include "app/AppDelegate.h"
 
 #include <QEvent>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QShortcut>
 #include <QUrl>
 #include <chrono>
@@ -71,8 +73,14 @@ void AppDelegate::applicationDidFinishLaunching() {
   showImages(QStringLiteral("window_middle_part"), QStringLiteral("drag_normal"));
   ui_->indicatorProgress->resize(ui_->indicatorProgress->width(), kProgressHeight);
 
-  window_->setOutline(
-      outlineOfPicture(namedImage(QStringLiteral("window_middle_part"), ui_->imgMiddle->size()).toImage()));
+  window_->setOutline([size = ui_->imgMiddle->size()] {
+    return outlineOfPicture(namedImage(QStringLiteral("window_middle_part"), size).toImage());
+  });
+  if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+    QRect frame(QPoint(), window_->size());
+    frame.moveCenter(screen->availableGeometry().center());
+    window_->move(frame.topLeft());
+  }
   window_->show();
 }
 
@@ -125,21 +133,21 @@ void AppDelegate::tapViewOnline() {
 void AppDelegate::draggingEntered(CustomDragView* /*view*/) {
   showImages(QStringLiteral("window_middle_part_over"), QStringLiteral("drag_over"));
   showHint(QStringLiteral("Let go to measure it"), QStringLiteral("This folder holds an Xcode project"));
-  ui_->btnOpenProject->hide();
+  showOpenButton(false);
 }
 
 void AppDelegate::draggingInvalid(CustomDragView* /*view*/) {
   showImages(QStringLiteral("window_middle_part_invalid"), QStringLiteral("drag_invalid"));
   showHint(QStringLiteral("No project in there"),
            QStringLiteral("Drop the folder around the .xcodeproj bundle"));
-  ui_->btnOpenProject->hide();
+  showOpenButton(false);
 }
 
 void AppDelegate::draggingExited(CustomDragView* /*view*/) {
   showImages(QStringLiteral("window_middle_part"), QStringLiteral("drag_normal"));
   showHint(QStringLiteral("Drop a project folder here"),
            QStringLiteral("the one that holds the .xcodeproj bundle"));
-  ui_->btnOpenProject->show();
+  showOpenButton(true);
 }
 
 void AppDelegate::showImages(const QString& middle, const QString& middleOver) {
@@ -150,6 +158,15 @@ void AppDelegate::showImages(const QString& middle, const QString& middleOver) {
 void AppDelegate::showHint(const QString& hint, const QString& caption) {
   ui_->lblDropHint->setText(hint);
   ui_->lblDropCaption->setText(caption);
+}
+
+void AppDelegate::showOpenButton(bool shown) {
+  // A button that hides would hand the keyboard on to a link that nobody chose. The drop area keeps it
+  // meanwhile.
+  const bool focused = window_->focusWidget() == ui_->btnOpenProject;
+  if (!shown && focused) ui_->viewDrag->setFocus();
+  ui_->btnOpenProject->setVisible(shown);
+  if (shown && window_->focusWidget() == ui_->viewDrag) ui_->btnOpenProject->setFocus();
 }
 
 void AppDelegate::fileSelected(const std::string& folder) {
@@ -219,7 +236,7 @@ void AppDelegate::progressParsingProjectEnded(const std::shared_ptr<ParseProject
 void AppDelegate::setReading(bool reading) {
   ui_->indicatorProgress->setVisible(reading);
   ui_->lblProcessing->setVisible(reading);
-  ui_->btnOpenProject->setVisible(!reading);
+  showOpenButton(!reading);
   for (QWidget* dropPicture :
        {static_cast<QWidget*>(ui_->imgMiddleOver), static_cast<QWidget*>(ui_->lblDropHint),
         static_cast<QWidget*>(ui_->lblDropCaption)}) {

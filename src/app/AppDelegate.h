@@ -94,6 +94,7 @@ class AppDelegate final : public QObject, public CustomDragViewDelegate, public 
   void chooseProjectIn(const std::string& folder);
   void showImages(const QString& middle, const QString& middleOver);
   void showHint(const QString& hint, const QString& caption);
+  void showOpenButton(bool shown);
   void setReading(bool reading);
   void showStatsWindow();
   /// Takes the statistics window from the screen now and destroys it when its own calls have returned.

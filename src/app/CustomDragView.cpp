@@ -50,8 +50,8 @@ bool CustomDragView::performDragOperation(const DragOffer& offer) {
 
 void CustomDragView::dragEnterEvent(QDragEnterEvent* event) {
   operation_ = draggingEntered(offerOf(*event));
-  // Accepted even when it is refused: otherwise the toolkit would not tell when the drag leaves again. What the source
-  // sees is the answer to the move that follows at once.
+  // Accepted even when it is refused: otherwise the toolkit would not tell when the drag leaves again. What
+  // the source sees is the answer to the move that follows at once.
   event->setDropAction(operation_ == kNoDragOperation ? Qt::IgnoreAction : Qt::CopyAction);
   event->accept();
 }

@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QResizeEvent>
 #include <QWindow>
+#include <utility>
 
 #include "app/Compositor.h"
 #include "app/CustomShapeWindowFrameView.h"
@@ -56,8 +57,8 @@ QRect CustomShapeWindow::frameRectForContentRectStyleMask(const QRect& contentRe
   return contentRect;
 }
 
-void CustomShapeWindow::setOutline(const QRegion& outline) {
-  outline_ = outline;
+void CustomShapeWindow::setOutline(std::function<QRegion()> outline) {
+  outline_ = std::move(outline);
   isCut_ = false;
   applyOutline();
 }
@@ -90,11 +91,11 @@ bool CustomShapeWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void CustomShapeWindow::applyOutline() {
-  const bool cut = !outline_.isEmpty() && !desktopBlendsWindows();
+  const bool cut = outline_ && !desktopBlendsWindows();
   if (cut == isCut_) return;
   isCut_ = cut;
   if (cut) {
-    setMask(outline_);
+    setMask(outline_());
   } else {
     clearMask();
   }
@@ -104,9 +105,11 @@ QRegion outlineOfPicture(const QImage& picture) {
   const QImage alpha = picture.convertToFormat(QImage::Format_ARGB32);
   QImage mask(alpha.size(), QImage::Format_MonoLSB);
   mask.setColorTable({qRgb(255, 255, 255), qRgb(0, 0, 0)});
+  mask.fill(0);
   for (int y = 0; y < alpha.height(); ++y) {
-    for (int x = 0; x < alpha.width(); ++x)
-      mask.setPixel(x, y, qAlpha(alpha.pixel(x, y)) >= kLeastOpacity ? 1U : 0U);
+    for (int x = 0; x < alpha.width(); ++x) {
+      if (qAlpha(alpha.pixel(x, y)) >= kLeastOpacity) mask.setPixel(x, y, 1);
+    }
   }
   return QRegion(QBitmap::fromImage(mask));
 }

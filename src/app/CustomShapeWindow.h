@@ -2,7 +2,9 @@
 
 #include <QPointer>
 #include <QRect>
+#include <QRegion>
 #include <QWidget>
+#include <functional>
 
 namespace quillmeter {
 
@@ -40,8 +42,9 @@ class CustomShapeWindow : public QWidget {
   [[nodiscard]] static QRect frameRectForContentRectStyleMask(const QRect& contentRect,
                                                               Qt::WindowFlags styleMask);
 
-  /// What the window is cut to while the desktop does not blend windows, in the window's coordinates.
-  void setOutline(const QRegion& outline);
+  /// What the window is cut to while the desktop does not blend windows, in the window's coordinates. Asked
+  /// for only when it comes to that.
+  void setOutline(std::function<QRegion()> outline);
 
  protected:
   void showEvent(QShowEvent* event) override;
@@ -54,7 +57,7 @@ class CustomShapeWindow : public QWidget {
 
   QPointer<QWidget> childContentView_;
   CustomShapeWindowFrameView* frameView_ = nullptr;  ///< a child of the window
-  QRegion outline_;
+  std::function<QRegion()> outline_;
   bool isCut_ = false;
 };
 

@@ -50,10 +50,6 @@ std::optional<int> QtAlerts::runModal(QWidget* parent, const QString& message, c
   box->setWindowModality(Qt::ApplicationModal);
   box->setTextFormat(Qt::PlainText);
   box->setText(message);
-  // One layout and one role for all: the order of the buttons is that of the list on every desktop.
-  box->setStyleSheet(styleSheetFor(themeFor(box->palette())) +
-                     QStringLiteral("QDialogButtonBox { button-layout: 0; } QMessageBox { background: %1; }")
-                         .arg(themeFor(box->palette()).card.name()));
   for (const QString& button : buttons)
     box->addButton(button, QMessageBox::ActionRole);
   const QList<QAbstractButton*> made = box->buttons();
@@ -62,6 +58,11 @@ std::optional<int> QtAlerts::runModal(QWidget* parent, const QString& message, c
     first->setProperty("role", QStringLiteral("primary"));
     box->setDefaultButton(first);
   }
+  // One layout and one role for all: the order of the buttons is that of the list on every desktop. Set last,
+  // since the roles of the buttons are looked at only then.
+  box->setStyleSheet(styleSheetFor(themeFor(box->palette())) +
+                     QStringLiteral("QDialogButtonBox { button-layout: 0; } QMessageBox { background: %1; }")
+                         .arg(themeFor(box->palette()).card.name()));
   box->exec();
   if (box.isNull()) return std::nullopt;
   const auto index = box->buttons().indexOf(box->clickedButton());

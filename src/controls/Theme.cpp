@@ -60,7 +60,7 @@ QLabel[role="subtitle"] { font-size: @bodypx; color: @mutedText; }
 QLabel[role="caption"] { font-size: @captionpx; color: @mutedText; }
 QLabel[role="figure"] { font-size: @figurepx; font-weight: 600; }
 QLabel[role="display"] { font-size: @displaypx; font-weight: 700; color: @text; }
-QPushButton { background: @card; border: 1px solid @line; border-radius: 6px; padding: 7px 14px; }
+QPushButton { background: @card; border: 1px solid @line; border-radius: 6px; padding: 7px 14px; outline: none; }
 QPushButton:hover { border-color: @accent; }
 QPushButton:pressed { background: @background; }
 QPushButton:focus { border: 2px solid @accent; padding: 6px 13px; }

@@ -122,9 +122,10 @@ void StatsWindowController::connectControls() {
   connect(ui_->btnLeft5, &QPushButton::clicked, this, [this] { tapCloseTab(); });
 
   auto* const tools = new QMenu(ui_->btnTools);
-  tools->addAction(tr("Find unused files…"), this, [this] { tapCleanUpTool(); });
+  tools->addAction(tr("Clean up unused files…"), this, [this] { tapCleanUpTool(); });
   // Opened by hand above the button: a button that has a menu loses the padding of the style sheet.
   connect(ui_->btnTools, &QPushButton::clicked, tools, [this, tools] {
+    tools->setActiveAction(tools->actions().constFirst());
     tools->popup(ui_->btnTools->mapToGlobal(QPoint(0, -tools->sizeHint().height())));
   });
 
@@ -175,14 +176,15 @@ void StatsWindowController::tapExportTab() {
 
 void StatsWindowController::showTab(QPushButton* button, std::initializer_list<QWidget*> others,
                                     QWidget* view) {
+  const QWidget* const focused = focusWidget();
+  // The keyboard follows from tab button to tab button, and is not lost with a tab that goes.
+  bool focusFollows =
+      focused != nullptr && !view->isAncestorOf(focused) && ui_->viewRight->isAncestorOf(focused);
   for (QPushButton* const tab : {ui_->btnLeft1, ui_->btnLeft2, ui_->btnLeft3, ui_->btnLeft4}) {
     tab->setChecked(tab == button);
+    focusFollows = focusFollows || tab == focused;
   }
-  // A tab that goes must not take the keyboard with it.
-  if (const QWidget* const focused = focusWidget();
-      focused != nullptr && !view->isAncestorOf(focused) && ui_->viewRight->isAncestorOf(focused)) {
-    button->setFocus(Qt::OtherFocusReason);
-  }
+  if (focusFollows) button->setFocus(Qt::OtherFocusReason);
   for (QWidget* const other : others) {
     if (other->parentWidget() == ui_->viewRight) other->setParent(nullptr);
   }
@@ -255,7 +257,7 @@ void StatsWindowController::tapCleanUpTool() {
   if (cleanUpTool_ == nullptr) {
     cleanUpTool_ = CleanUpToolViewController::create(host_, services_);
     cleanUpTool_->setParent(this, Qt::Dialog);
-    cleanUpTool_->setWindowTitle(QStringLiteral("Unused files – ") + titleOf(*project_));
+    cleanUpTool_->setWindowTitle(QStringLiteral("Clean-up – ") + titleOf(*project_));
     for (const char* const keys : {"Esc", "Ctrl+W"}) {
       auto* const key = new QShortcut(QKeySequence(QLatin1String(keys)), cleanUpTool_.get());
       connect(key, &QShortcut::activated, cleanUpTool_.get(), &QWidget::hide);

@@ -168,6 +168,15 @@ TEST_F(AppDelegateTest, DragFeedbackChangesPicturesWordsAndTheButton) {
   EXPECT_EQ(outlets().lblDropHint->text(), inviting);
 }
 
+TEST_F(AppDelegateTest, OpenButtonHasTheKeyboardAgainAfterADrag) {
+  QApplication::setActiveWindow(delegate->window());
+  outlets().btnOpenProject->setFocus();
+  delegate->draggingEntered(outlets().viewDrag);
+  EXPECT_EQ(delegate->window()->focusWidget(), outlets().viewDrag);
+  delegate->draggingExited(outlets().viewDrag);
+  EXPECT_EQ(delegate->window()->focusWidget(), outlets().btnOpenProject);
+}
+
 TEST_F(AppDelegateTest, LinksOpenTheirPages) {
   outlets().btnRateOnStore->click();
   outlets().tapViewOnline->click();

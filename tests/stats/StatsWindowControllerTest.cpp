@@ -220,6 +220,8 @@ TEST_F(StatsWindow, KeyboardStaysInTheWindowWhenItsTabGoes) {
   ASSERT_TRUE(window->exportViewController()->checkbox1()->hasFocus());
   window->tapDetailsTab();
   EXPECT_EQ(QApplication::focusWidget(), button("btnLeft2"));
+  QTest::keyClick(window.get(), Qt::Key_3, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::focusWidget(), button("btnLeft3"));
 }
 
 TEST_F(StatsWindow, EveryButtonOfTheColumnHasANameAndADescription) {

@@ -1,0 +1,390 @@
+#!/usr/bin/env python3
+"""The main screen in real windows: an X server of its own, a window manager, with and without a compositor; driven by
+a real mouse and keyboard, and by drags from another process. Everything started here is ended here."""
+
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+import urllib.parse
+
+APPLICATION, DRAG_SOURCE = sys.argv[1:3]
+VERSION = sys.argv[3]
+TIMEOUT = 30
+
+NORMAL, VALID, INVALID = "normal", "valid", "invalid"
+
+
+def wait_for(condition, what, timeout=TIMEOUT):
+    end = time.monotonic() + timeout
+    while time.monotonic() < end:
+        value = condition()
+        if value:
+            return value
+        time.sleep(0.05)
+    raise AssertionError("waited in vain for " + what)
+
+
+class Desktop:
+    """An X server with a window manager and, if wanted, a compositor."""
+
+    def __init__(self, compositor):
+        self.processes = []
+        self.home = tempfile.mkdtemp(prefix="quillmeter-ui-")
+        read_end, write_end = os.pipe()
+        self.start(["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1280x900x24"], pass_fds=[write_end])
+        os.close(write_end)
+        with os.fdopen(read_end) as pipe:
+            number = pipe.readline().strip()
+        self.environment = {"PATH": os.environ["PATH"], "DISPLAY": ":" + number, "HOME": self.home,
+                            "XDG_CONFIG_HOME": self.home + "/config", "XDG_RUNTIME_DIR": self.home + "/run",
+                            "QT_QPA_PLATFORM": "xcb", "LC_ALL": "C.UTF-8"}
+        for name in ("ASAN_OPTIONS", "TSAN_OPTIONS", "UBSAN_OPTIONS", "LD_LIBRARY_PATH"):
+            if name in os.environ:
+                self.environment[name] = os.environ[name]
+        os.mkdir(self.home + "/run", 0o700)
+        with open(self.home + "/rc.xml", "w") as stream:
+            stream.write('<openbox_config xmlns="http://openbox.org/3.4/rc"/>')
+        self.start(["openbox", "--config-file", self.home + "/rc.xml"], env=self.environment)
+        wait_for(lambda: "window id" in self.output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "window manager")
+        if compositor:
+            self.start(["picom", "--config", "/dev/null", "--backend", "xrender"], env=self.environment)
+            time.sleep(1)
+
+    def start(self, command, **options):
+        options.setdefault("stdout", subprocess.DEVNULL)
+        options.setdefault("stderr", subprocess.DEVNULL)
+        process = subprocess.Popen(command, **options)
+        self.processes.append(process)
+        return process
+
+    def output(self, *command):
+        return subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                              text=True, check=False).stdout
+
+    def xdo(self, *words):
+        return self.output("xdotool", *[str(word) for word in words])
+
+    def windows(self, name):
+        """Visible windows of that exact name as {id: (x, y, width, height)}."""
+        found = {}
+        for window in self.xdo("search", "--onlyvisible", "--name", "^" + name + "$").split():
+            lines = dict(line.split("=") for line in self.xdo("getwindowgeometry", "--shell", window).split())
+            if int(lines.get("WIDTH", 1)) > 1:
+                found[window] = tuple(int(lines[key]) for key in ("X", "Y", "WIDTH", "HEIGHT"))
+        return found
+
+    def pixel(self, x, y):
+        text = self.output("import", "-window", "root", "-crop", "1x1+%d+%d" % (x, y), "-depth", "8", "txt:-")
+        return tuple(int(text.split("#")[-1][at:at + 2], 16) for at in (0, 2, 4))
+
+    def close(self):
+        for process in reversed(self.processes):
+            if process.poll() is None:
+                process.terminate()
+        for process in self.processes:
+            try:
+                process.wait(10)
+            except subprocess.TimeoutExpired:
+                process.kill()
+                process.wait()
+        shutil.rmtree(os.fsencode(self.home), ignore_errors=True)
+
+
+class ShellTest(unittest.TestCase):
+    compositor = True
+
+    def setUp(self):
+        self.desktop = Desktop(self.compositor)
+        self.addCleanup(self.desktop.close)
+        self.log = open(self.desktop.home + "/log", "w+b")
+        self.addCleanup(self.log.close)
+
+    def launch(self, *arguments, screen=True):
+        self.application = self.desktop.start([APPLICATION, *arguments], env=self.desktop.environment, stderr=self.log)
+        if screen:
+            wait_for(self.main_screen, "the main screen")
+            time.sleep(0.4)  # the window manager may still place it
+            self.screen = self.main_screen()
+
+    def main_screen(self):
+        for geometry in self.desktop.windows("Quillmeter").values():
+            if geometry[2:] == (420, 360):
+                return geometry
+        return None
+
+    def alerts(self):
+        return [window for window, geometry in self.desktop.windows("Quillmeter").items() if geometry[2:] != (420, 360)]
+
+    def statistics(self, title="App"):
+        return self.desktop.windows("Quillmeter .*" + title)  # a dash that some tools tear apart
+
+    def logged(self, line):
+        with open(self.log.name, "rb") as stream:
+            return stream.read().decode(errors="replace").splitlines().count(line)
+
+    def project(self, folder="p", files=3):
+        path = os.path.join(os.fsencode(self.desktop.home), os.fsencode(folder))
+        os.makedirs(path + b"/App.xcodeproj")
+        names = ["f%d.c" % number for number in range(files)]
+        for name in names:
+            with open(path + b"/" + name.encode(), "w") as stream:
+                stream.write("int x;\n// words\n")
+        with open(path + b"/App.xcodeproj/project.pbxproj", "w") as stream:
+            stream.write("/* Begin PBXFileReference section */\n")
+            stream.writelines("\t\t1 /* %s */ = {isa = PBXFileReference; path = %s; sourceTree = x; };\n" % (name, name)
+                              for name in names)
+            stream.write("/* End PBXFileReference section */\n")
+        return path
+
+    def settings(self, text):
+        os.makedirs(self.desktop.home + "/config/Quillmeter")
+        with open(self.desktop.home + "/config/Quillmeter/Quillmeter.ini", "w") as stream:
+            stream.write(text)
+
+    def feedback(self):
+        """What the upper edge of the main screen tells."""
+        x, y, width, _ = self.screen
+        red, green, blue = self.desktop.pixel(x + width // 2, y + 6)
+        if blue > red + 80:
+            return VALID
+        return INVALID if red > blue + 80 else NORMAL
+
+    def drag_to_screen(self, addresses, *options):
+        """Takes a drag over the drop area and leaves it there; gives the source's process."""
+        listing = self.desktop.home + "/addresses"
+        with open(listing, "wb") as stream:
+            stream.write(addresses)
+        source = self.desktop.start([DRAG_SOURCE, listing, *options], env=self.desktop.environment,
+                                    stdout=subprocess.PIPE)
+        self.addCleanup(source.stdout.close)
+        x, y, width, height = next(iter(wait_for(lambda: self.desktop.windows("Drag source"), "source").values()))
+        time.sleep(0.3)
+        self.desktop.xdo("mousemove", x + width // 2, y + height // 2, "mousedown", 1)
+        self.desktop.xdo("mousemove_relative", "--", 15, 15, "sleep", 0.1, "mousemove_relative", "--", 15, 15, "sleep", 0.2)
+        left, top, width, height = self.screen
+        for step in range(3):
+            self.desktop.xdo("mousemove", left + width // 2 + step, top + 150 + step, "sleep", 0.15)
+        return source
+
+    def drop(self, source):
+        self.desktop.xdo("mouseup", 1)
+        return source.stdout.readline().split()[1]
+
+    @staticmethod
+    def address(path):
+        return b"file://" + urllib.parse.quote(path).encode() + b"\r\n"
+
+    def expect_goes_on(self):
+        self.assertIsNone(self.application.poll())
+        wait_for(lambda: self.feedback() == NORMAL, "the idle screen")
+
+    # Drags from another process
+
+    def test_dropped_folder_is_opened(self):
+        self.launch()
+        source = self.drag_to_screen(self.address(self.project()))
+        wait_for(lambda: self.feedback() == VALID, "the look of a valid drag")
+        self.assertEqual(self.drop(source), b"1")
+        wait_for(self.statistics, "the statistics window")
+        wait_for(lambda: not self.main_screen(), "the main screen to go")
+        self.assertEqual(self.logged("started parsing"), 1)
+        self.assertEqual(self.logged("ended parsing"), 1)
+
+    def test_dragged_bundle_is_shown_as_invalid_and_not_opened(self):
+        self.launch()
+        source = self.drag_to_screen(self.address(self.project() + b"/App.xcodeproj"))
+        wait_for(lambda: self.feedback() == INVALID, "the look of an invalid drag")
+        self.drop(source)
+        self.expect_goes_on()
+        time.sleep(1)
+        self.assertEqual(self.logged("started parsing"), 0)
+
+    def test_dragged_file_is_shown_as_invalid_until_it_leaves(self):
+        self.launch()
+        self.drag_to_screen(self.address(self.project() + b"/f0.c"))
+        wait_for(lambda: self.feedback() == INVALID, "the look of an invalid drag")
+        self.desktop.xdo("mousemove", 1200, 850, "sleep", 0.2, "mousemove", 1210, 860)
+        self.expect_goes_on()
+        self.desktop.xdo("mouseup", 1)
+        self.assertEqual(self.logged("started parsing"), 0)
+
+    def test_files_that_may_only_be_moved_are_refused(self):
+        self.launch()
+        source = self.drag_to_screen(self.address(self.project()), "move")
+        wait_for(lambda: self.feedback() == INVALID, "the look of an invalid drag")
+        self.assertEqual(self.drop(source), b"0")
+        self.expect_goes_on()
+
+    def test_web_link_is_ignored(self):
+        self.launch()
+        source = self.drag_to_screen(b"https://quillmeter.example/\r\n")
+        self.assertEqual(self.feedback(), NORMAL)
+        self.drop(source)
+        self.expect_goes_on()
+
+    def test_first_of_ten_thousand_items_is_opened(self):
+        self.launch()
+        others = b"".join(self.address(b"/nowhere/%d" % number) for number in range(10000))
+        self.drop(self.drag_to_screen(self.address(self.project()) + others))
+        wait_for(self.statistics, "the statistics window")
+
+    def test_folder_whose_name_is_not_utf8_is_opened(self):
+        self.launch()
+        self.drop(self.drag_to_screen(self.address(self.project(b"latin\xe4"))))
+        wait_for(self.statistics, "the statistics window")
+
+    # The shaped window
+
+    def test_window_is_moved_by_exactly_the_mouses_travel(self):
+        self.launch()
+        x, y, _, _ = self.screen
+        for horizontal, vertical in ((137, 61), (-211, -43)):
+            before = self.main_screen()
+            self.desktop.xdo("mousemove", before[0] + 250, before[1] + 26, "mousedown", 1)
+            for part in (3, 2, 1):
+                self.desktop.xdo("mousemove", before[0] + 250 + horizontal // part, before[1] + 26 + vertical // part,
+                                 "sleep", 0.05)
+            self.desktop.xdo("mouseup", 1)
+            wait_for(lambda: self.main_screen()[:2] == (before[0] + horizontal, before[1] + vertical), "the move")
+        self.assertEqual(self.main_screen()[:2], (x + 137 - 211, y + 61 - 43))
+
+    def test_pictures_make_the_outline(self):
+        self.launch()
+        x, y, width, height = self.screen
+        background = self.desktop.pixel(1270, 890)
+        corners = [(1, 1), (width - 2, 1), (1, height - 2), (width - 2, height - 2)]
+        for dx, dy in corners:
+            there = self.desktop.pixel(x + dx, y + dy)
+            self.assertLess(max(abs(a - b) for a, b in zip(there, background)), 24, (dx, dy))
+        self.assertGreater(min(self.desktop.pixel(x + width // 2, y + 45)), 200)
+
+    def test_window_buttons_close_and_minimise(self):
+        self.launch()
+        x, y, _, _ = self.screen
+        self.desktop.xdo("mousemove", x + 48, y + 22, "click", 1)
+        wait_for(lambda: not self.main_screen(), "the window to be minimised")
+        self.assertIsNone(self.application.poll())
+        window = self.desktop.xdo("search", "--name", "^Quillmeter$").split()[-1]
+        self.desktop.xdo("windowactivate", window)
+        x, y, _, _ = wait_for(self.main_screen, "the window to come back")
+        time.sleep(0.3)
+        self.desktop.xdo("mousemove", x + 28, y + 22, "click", 1)
+        self.assertEqual(self.application.wait(TIMEOUT), 0)
+
+    # There and back
+
+    def test_statistics_close_on_yes_only_and_open_again(self):
+        self.launch(os.fsdecode(self.project()))
+        for time_opened in (1, 2):
+            window = next(iter(wait_for(self.statistics, "the statistics window")))
+            wait_for(lambda: not self.main_screen(), "the main screen to go")
+            self.desktop.xdo("windowactivate", "--sync", window, "key", "ctrl+w")
+            wait_for(self.alerts, "the confirmation")
+            self.desktop.xdo("key", "Tab", "key", "space")  # No
+            wait_for(lambda: not self.alerts(), "the confirmation to close")
+            self.assertTrue(self.statistics())
+            self.desktop.xdo("windowactivate", "--sync", window, "key", "ctrl+w")
+            wait_for(self.alerts, "the confirmation")
+            self.desktop.xdo("key", "Return")  # Yes
+            self.screen = wait_for(self.main_screen, "the main screen to come back")
+            wait_for(lambda: not self.statistics(), "the statistics to close")
+            if time_opened == 1:
+                time.sleep(0.3)
+                self.drop(self.drag_to_screen(self.address(os.fsencode(self.desktop.home) + b"/p")))
+        self.assertIsNone(self.application.poll())
+        self.desktop.xdo("windowactivate", "--sync", self.desktop.xdo("search", "--onlyvisible", "--name",
+                                                                     "^Quillmeter$").split()[-1], "key", "ctrl+q")
+        self.assertEqual(self.application.wait(TIMEOUT), 0)
+
+    def test_reminder_comes_four_seconds_after_loading_also_over_the_confirmation(self):
+        self.settings("[General]\nquillmeter.ratings_reminder.should_remind_%s=true\n"
+                      "quillmeter.ratings_reminder.counter_%s=2\n" % (VERSION, VERSION))
+        self.launch(os.fsdecode(self.project()))
+        window = next(iter(wait_for(self.statistics, "the statistics window")))
+        opened = time.monotonic()
+        self.desktop.xdo("windowactivate", "--sync", window, "key", "ctrl+w")
+        wait_for(lambda: len(self.alerts()) == 1, "the confirmation")
+        wait_for(lambda: len(self.alerts()) == 2, "the reminder")
+        self.assertGreater(time.monotonic() - opened, 2.5)
+        self.desktop.xdo("key", "Escape")
+        wait_for(lambda: len(self.alerts()) == 1, "the reminder to close")
+        self.desktop.xdo("key", "Escape")
+        wait_for(lambda: not self.alerts(), "the confirmation to close")
+        self.assertTrue(self.statistics())
+        with open(self.desktop.home + "/config/Quillmeter/Quillmeter.ini") as stream:
+            self.assertIn("counter_%s=3" % VERSION, stream.read())
+
+    # Bad surroundings; none of these desktops has a session bus or a browser
+
+    def test_folder_without_a_project_gives_an_alert_and_the_screen_back(self):
+        os.mkdir(self.desktop.home + "/empty")
+        self.launch(self.desktop.home + "/empty")
+        wait_for(self.alerts, "the error alert")
+        self.desktop.xdo("key", "Return")
+        wait_for(lambda: not self.alerts(), "the alert to close")
+        self.expect_goes_on()
+
+    def test_review_page_without_a_browser_is_met_in_silence(self):
+        self.launch()
+        x, y, _, _ = self.screen
+        self.desktop.xdo("mousemove", x + 135, y + 261, "click", 1)
+        time.sleep(1)
+        self.assertFalse(self.alerts())
+        self.expect_goes_on()
+
+    def test_garbage_for_settings_does_no_harm(self):
+        self.settings("\0\1\2[[[=%%%\n" * 50)
+        self.launch(os.fsdecode(self.project()))
+        wait_for(self.statistics, "the statistics window")
+        time.sleep(4.5)
+        self.assertIsNone(self.application.poll())
+
+    def test_settings_that_cannot_be_written_do_no_harm(self):
+        with open(self.desktop.home + "/config", "w") as stream:
+            stream.write("a file where the folder would be")
+        self.launch(os.fsdecode(self.project()))
+        wait_for(self.statistics, "the statistics window")
+        time.sleep(4.5)
+        self.assertIsNone(self.application.poll())
+
+    def test_quitting_in_the_middle_of_a_read_is_prompt(self):
+        self.launch(os.fsdecode(self.project(files=4000)))
+        wait_for(lambda: self.logged("started parsing"), "the read")
+        self.desktop.xdo("key", "ctrl+q")
+        try:
+            self.assertEqual(self.application.wait(5), 0)
+        except subprocess.TimeoutExpired:
+            self.assertTrue(self.statistics(), "the read was over first")
+
+    def test_no_file_is_written_but_the_defaults(self):
+        self.launch()
+        self.desktop.xdo("key", "ctrl+o")
+        panel = wait_for(lambda: self.desktop.windows("Open a project folder"), "the open panel")
+        self.desktop.xdo("windowactivate", "--sync", next(iter(panel)), "key", "Escape")
+        wait_for(lambda: not self.desktop.windows("Open a project folder"), "the panel to close")
+        self.desktop.xdo("key", "ctrl+q")
+        self.assertEqual(self.application.wait(TIMEOUT), 0)
+        left = [name for _, _, names in os.walk(self.desktop.home + "/config") for name in names]
+        self.assertLessEqual(set(left), {"Quillmeter.ini"})
+
+
+class ShellWithoutCompositorTest(ShellTest):
+    """The same where nobody blends windows, for what depends on it."""
+
+    compositor = False
+
+
+def load_tests(loader, _tests, _pattern):
+    suite = loader.loadTestsFromTestCase(ShellTest)
+    for test in ("test_pictures_make_the_outline", "test_window_is_moved_by_exactly_the_mouses_travel",
+                 "test_dropped_folder_is_opened"):
+        suite.addTest(ShellWithoutCompositorTest(test))
+    return suite
+
+
+if __name__ == "__main__":
+    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[4:]])
