@@ -1,5 +1,6 @@
 # The application's own benchmarks need windows, so they are programs of their own; bench/app.sh runs them on a display.
 if(QUILLMETER_APPLICATION)
+  find_package(GTest REQUIRED)  # the fixtures on disk
   add_executable(bare_window_start ${CMAKE_CURRENT_SOURCE_DIR}/BareWindowStart.cpp)
   quillmeter_use_qt(bare_window_start)
   target_link_libraries(bare_window_start PRIVATE quillmeter_warnings)
