@@ -114,7 +114,9 @@ std::optional<std::uint32_t> EndingTable::hashOfEnding(FolderWalk::Index entry) 
 }
 
 bool EndingTable::hasEnding(FolderWalk::Index entry, std::string_view ending) const {
-  if (letters_ == Letters::lowerCased) return lowerCased(walk_.name(entry)) == ending;
+  if (letters_ == Letters::lowerCased) {
+    return walk_.name(entry) == ending || lowerCased(walk_.name(entry)) == ending;
+  }
   ComponentsFromTheEnd components(walk_, rootComponents_, entry);
   for (std::size_t i = 0; i < components_; ++i) {
     const std::size_t slash = ending.rfind('/');
@@ -125,7 +127,7 @@ bool EndingTable::hasEnding(FolderWalk::Index entry, std::string_view ending) co
 }
 
 bool EndingTable::haveSameEnding(FolderWalk::Index left, FolderWalk::Index right) const {
-  if (letters_ == Letters::lowerCased) return lowerCased(walk_.name(left)) == lowerCased(walk_.name(right));
+  if (letters_ == Letters::lowerCased) return haveSameLowerCase(walk_.name(left), walk_.name(right));
   ComponentsFromTheEnd leftComponents(walk_, rootComponents_, left);
   ComponentsFromTheEnd rightComponents(walk_, rootComponents_, right);
   for (std::size_t i = 0; i < components_ && !leftComponents.meets(rightComponents); ++i) {

@@ -105,6 +105,10 @@ std::string lowerCased(std::string_view text) {
   return result;
 }
 
+bool haveSameLowerCase(std::string_view left, std::string_view right) {
+  return left == right || lowerCased(left) == lowerCased(right);
+}
+
 std::string caseFoldKey(std::string_view text) {
   if (isAscii(text)) return asciiLowerCased(text);
   const std::string folded =

@@ -20,6 +20,9 @@ namespace quillmeter {
 /// `text` with full, locale-independent Unicode lower-casing. Bytes that are not UTF-8 are kept as they are.
 [[nodiscard]] std::string lowerCased(std::string_view text);
 
+/// Whether two texts are the same when lower-cased.
+[[nodiscard]] bool haveSameLowerCase(std::string_view left, std::string_view right);
+
 /// A key whose bytewise order is the case-insensitive order of texts: full case folding, then UTF-16 code
 /// units. Sort by stored keys where many comparisons are needed.
 [[nodiscard]] std::string caseFoldKey(std::string_view text);
