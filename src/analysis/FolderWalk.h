@@ -38,6 +38,7 @@ class FolderWalk {
 
  private:
   friend class FolderWalker;
+  friend class SharedFolderWalk;
 
   struct Entry {
     std::uint64_t nameOffset;

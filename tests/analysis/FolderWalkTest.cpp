@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <vector>
 
@@ -38,6 +39,36 @@ TEST(FolderWalk, ListsEntriesInByteOrderEachFolderFollowedByItsContents) {
     folder.file(file);
   EXPECT_EQ(relativePaths(folder), (std::vector<std::string>{".hidden", ".hidden/x", "Z.m", "a", "a/B",
                                                              "a/B/c.m", "a/z.m", "a.m", "b.m", "ä.m"}));
+}
+
+/// The walk's order in its plain form.
+void listPlainly(const std::filesystem::path& folder, std::vector<std::string>& paths) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder))
+    names.push_back(entry.path().filename());
+  std::sort(names.begin(), names.end());
+  for (const std::string& name : names) {
+    paths.push_back(folder / name);
+    if (std::filesystem::is_directory(folder / name)) listPlainly(folder / name, paths);
+  }
+}
+
+TEST(FolderWalk, GivesTheSameOrderHoweverManyFoldersAreWalkedAtOnce) {
+  const TemporaryFolder folder;
+  for (int i = 0; i < 400; ++i) {
+    const std::string top = "top" + std::to_string(i * 7 % 23);
+    folder.file(top + "/inner" + std::to_string(i % 5) + "/file" + std::to_string(i) + ".m");
+    folder.file("file" + std::to_string(i % 11) + ".m");
+  }
+  std::vector<std::string> expected;
+  listPlainly(folder.path(), expected);
+  for (int repeat = 0; repeat < 20; ++repeat) {
+    const FolderWalk walk(folder.path());
+    std::vector<std::string> paths;
+    for (FolderWalk::Index i = 0; i < walk.size(); ++i)
+      paths.push_back(walk.path(i));
+    ASSERT_EQ(paths, expected);
+  }
 }
 
 TEST(FolderWalk, LeavesTrailingSlashesOutOfThePaths) {
