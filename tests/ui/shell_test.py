@@ -208,7 +208,8 @@ class ShellTest(unittest.TestCase):
             stream.write(addresses)
         said = self.desktop.home + "/said"
         with open(said, "wb") as stream:
-            self.desktop.start([DRAG_SOURCE, listing, *options], env=self.desktop.environment, stdout=stream)
+            environment = {**self.desktop.environment, "DBUS_SESSION_BUS_ADDRESS": "disabled:"}  # or it starts one
+            self.desktop.start([DRAG_SOURCE, listing, *options], env=environment, stdout=stream)
         x, y, width, height = wait_until_settled(
             lambda: next(iter(self.desktop.windows("Drag source").values()), None), "source")
         self.desktop.xdo("mousemove", x + width // 2, y + height // 2, "mousedown", 1)
