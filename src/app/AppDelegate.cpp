@@ -118,7 +118,8 @@ void AppDelegate::mainWindowChanged() {
 }
 
 void AppDelegate::tapOpenFile() {
-  const std::optional<std::string> folder = openPanel_->runModal(window_.get());
+  QWidget* const over = controllerWindow_ ? static_cast<QWidget*>(controllerWindow_.get()) : window_.get();
+  const std::optional<std::string> folder = openPanel_->runModal(over);
   if (folder) chooseProjectIn(std::string(trimmed(*folder)));
 }
 
@@ -248,6 +249,8 @@ void AppDelegate::setReading(bool reading) {
 
 void AppDelegate::showStatsWindow() {
   controllerWindow_ = StatsWindowController::create(*this, services_);
+  auto* openAnother = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_O), controllerWindow_.get());
+  connect(openAnother, &QShortcut::activated, this, &AppDelegate::tapOpenFile);
   controllerWindow_->show();
   window_->hide();
 }

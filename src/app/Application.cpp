@@ -1,6 +1,7 @@
 #include "app/Application.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QSettings>
 #include <csignal>
 #include <cstdio>
@@ -40,6 +41,14 @@ void writeLogLine(std::string_view line) {
   std::fwrite(text.data(), 1, text.size(), stderr);
 }
 
+/// Without a session bus the toolkit's way to assistive technology would start one of its own, which writes a
+/// file into the home folder and outlives the program. Nobody could be listening on it.
+void keepFromStartingSessionBus() {
+  const QString userBus = qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus");
+  if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") && !QFileInfo::exists(userBus))
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+}
+
 std::span<const char* const> argumentsOf(int argc, char** argv) {
   return {argv + 1, static_cast<std::size_t>(argc > 0 ? argc - 1 : 0)};
 }
@@ -52,6 +61,7 @@ int runApplication(int argc, char** argv) {
     std::fputs(output->c_str(), stdout);
     return 0;
   }
+  keepFromStartingSessionBus();
   const QApplication application(argc, argv);  // takes the toolkit's own options out of the arguments
   const CommandLine commandLine = readCommandLine(argumentsOf(argc, argv));
   if (commandLine.error) {

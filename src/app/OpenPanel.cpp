@@ -2,16 +2,22 @@
 
 #include <QFile>
 #include <QFileDialog>
+#include <QPointer>
 
 namespace quillmeter {
 
 std::optional<std::string> QtOpenPanel::runModal(QWidget* parent) {
-  QFileDialog dialog(parent, QStringLiteral("Open a project folder"));
-  dialog.setFileMode(QFileDialog::Directory);
-  dialog.setOption(QFileDialog::ShowDirsOnly);
-  dialog.setLabelText(QFileDialog::Accept, QStringLiteral("Open"));
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
+  // On the heap and watched: the panel goes with its parent, and the parent may go while the panel is up.
+  const QPointer<QFileDialog> dialog = new QFileDialog(parent, QStringLiteral("Open a project folder"));
+  dialog->setFileMode(QFileDialog::Directory);
+  dialog->setOption(QFileDialog::ShowDirsOnly);
+  dialog->setLabelText(QFileDialog::Accept, QStringLiteral("Open"));
+  const bool accepted = dialog->exec() == QDialog::Accepted;
+  if (dialog.isNull()) return std::nullopt;
+  const QStringList chosen = dialog->selectedFiles();
+  delete dialog;
+  if (!accepted || chosen.isEmpty()) return std::nullopt;
+  return QFile::encodeName(chosen.constFirst()).toStdString();
 }
 
 }  // namespace quillmeter

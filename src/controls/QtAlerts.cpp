@@ -3,6 +3,8 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLayout>
+#include <QMargins>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -11,6 +13,9 @@
 
 namespace quillmeter {
 namespace {
+
+/// The toolkit leaves an empty column for a picture at the left: with it, 24 all around.
+constexpr QMargins kMargins(2, 24, 24, 24);
 
 /// The toolkit's box takes Esc and the close button only when it can guess a button that they stand for; here
 /// they always dismiss.
@@ -63,6 +68,7 @@ std::optional<int> QtAlerts::runModal(QWidget* parent, const QString& message, c
   box->setStyleSheet(styleSheetFor(themeFor(box->palette())) +
                      QStringLiteral("QDialogButtonBox { button-layout: 0; } QMessageBox { background: %1; }")
                          .arg(themeFor(box->palette()).card.name()));
+  box->layout()->setContentsMargins(kMargins);
   box->exec();
   if (box.isNull()) return std::nullopt;
   const auto index = box->buttons().indexOf(box->clickedButton());

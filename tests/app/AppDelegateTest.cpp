@@ -33,11 +33,15 @@ const QString kErrorText = QStringLiteral(
 
 class ScriptedOpenPanel final : public OpenPanel {
  public:
-  explicit ScriptedOpenPanel(std::optional<std::string>& answer) : answer_(answer) {}
-  std::optional<std::string> runModal(QWidget*) override { return answer_; }
+  ScriptedOpenPanel(std::optional<std::string>& answer, QWidget*& over) : answer_(answer), over_(over) {}
+  std::optional<std::string> runModal(QWidget* parent) override {
+    over_ = parent;
+    return answer_;
+  }
 
  private:
   std::optional<std::string>& answer_;
+  QWidget*& over_;
 };
 
 /// The application with everything around it played by the test, on real projects on the disk.
@@ -46,11 +50,12 @@ class AppDelegateTest : public ::testing::Test {
   AppDelegateTest() { launch(); }
 
   void launch() {
-    delegate = std::make_unique<AppDelegate>(
-        fakes.services(), std::make_unique<ScriptedOpenPanel>(panelAnswer), [this](std::string_view line) {
-          const std::lock_guard lock(logMutex);
-          logged.emplace_back(line);
-        });
+    delegate = std::make_unique<AppDelegate>(fakes.services(),
+                                             std::make_unique<ScriptedOpenPanel>(panelAnswer, panelOver),
+                                             [this](std::string_view line) {
+                                               const std::lock_guard lock(logMutex);
+                                               logged.emplace_back(line);
+                                             });
     delegate->applicationDidFinishLaunching();
   }
   const Ui::AppDelegate& outlets() const { return delegate->outlets(); }
@@ -92,6 +97,7 @@ class AppDelegateTest : public ::testing::Test {
   TemporaryFolder folder;
   testing::FakeServices fakes;
   std::optional<std::string> panelAnswer;
+  QWidget* panelOver = nullptr;
   std::mutex logMutex;
   std::vector<std::string> logged;
   std::unique_ptr<AppDelegate> delegate;
@@ -381,6 +387,19 @@ TEST_F(AppDelegateTest, NewReadClosesTheStatisticsAtItsStart) {
   EXPECT_TRUE(firstProject.expired());
   EXPECT_THAT(fakes.alerts->shown, IsEmpty());
   EXPECT_FALSE(delegate->window()->isVisible());
+}
+
+TEST_F(AppDelegateTest, ControlOInTheStatisticsOpensAnotherProjectInTheirPlace) {
+  open(writeProject("first"));
+  ASSERT_TRUE(waitForStats());
+  const QPointer<QWidget> first = delegate->controllerWindow();
+  panelAnswer = writeProject("second", 2, "Second");
+  QTest::keyClick(first, Qt::Key_O, Qt::ControlModifier);
+  EXPECT_EQ(panelOver, first);
+  fakes.delayedCalls->advance(500ms);
+  ASSERT_TRUE(
+      QTest::qWaitFor([&] { return first.isNull() && delegate->controllerWindow() != nullptr; }, 60'000));
+  EXPECT_EQ(delegate->controllerWindow()->windowTitle(), QStringLiteral("Quillmeter – Second"));
 }
 
 TEST_F(AppDelegateTest, NewReadUnderTheOpenConfirmationMakesItsAnswerVoid) {

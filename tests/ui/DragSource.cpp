@@ -28,12 +28,17 @@ class DragSource final : public QWidget {
     auto* content = new QMimeData;  // owned by the drag
     content->setData(QStringLiteral("text/uri-list"), addresses_);
     drag->setMimeData(content);
-    std::printf("dropped %d\n", static_cast<int>(drag->exec(
-                                    actions_, Qt::MoveAction & actions_ ? Qt::MoveAction : Qt::CopyAction)));
-    std::fflush(stdout);
+    connect(drag, &QDrag::actionChanged, [](Qt::DropAction action) { say("accepted", action); });
+    say("dragging", actions_);
+    say("dropped", drag->exec(actions_, Qt::MoveAction & actions_ ? Qt::MoveAction : Qt::CopyAction));
   }
 
  private:
+  static void say(const char* what, Qt::DropActions actions) {
+    std::printf("%s %d\n", what, static_cast<int>(actions));
+    std::fflush(stdout);
+  }
+
   QByteArray addresses_;
   Qt::DropActions actions_;
 };

@@ -2,6 +2,7 @@
 """The main screen in real windows: an X server of its own, a window manager, with and without a compositor; driven by
 a real mouse and keyboard, and by drags from another process. Everything started here is ended here."""
 
+import ctypes
 import os
 import shutil
 import subprocess
@@ -28,6 +29,17 @@ def wait_for(condition, what, timeout=TIMEOUT):
     raise AssertionError("waited in vain for " + what)
 
 
+def wait_until_settled(find, what):
+    """What `find` gives once it gives the same four times running: a window that nobody moves any more."""
+    found = []
+
+    def settled():
+        found.append(find())
+        return found[-1] if len(found) > 3 and found[-4:] == [found[-1]] * 4 else None
+
+    return wait_for(settled, what)
+
+
 class Desktop:
     """An X server with a window manager and, if wanted, a compositor."""
 
@@ -52,7 +64,15 @@ class Desktop:
         wait_for(lambda: "window id" in self.output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "window manager")
         if compositor:
             self.start(["picom", "--config", "/dev/null", "--backend", "xrender"], env=self.environment)
-            time.sleep(1)
+            wait_for(self.is_composited, "compositor")
+
+    def is_composited(self):
+        library = ctypes.CDLL("libX11.so.6")
+        library.XOpenDisplay.restype = ctypes.c_void_p
+        display = ctypes.c_void_p(library.XOpenDisplay(self.environment["DISPLAY"].encode()))
+        owner = library.XGetSelectionOwner(display, library.XInternAtom(display, b"_NET_WM_CM_S0", 0))
+        library.XCloseDisplay(display)
+        return owner != 0
 
     def start(self, command, **options):
         options.setdefault("stdout", subprocess.DEVNULL)
@@ -103,12 +123,11 @@ class ShellTest(unittest.TestCase):
         self.log = open(self.desktop.home + "/log", "w+b")
         self.addCleanup(self.log.close)
 
-    def launch(self, *arguments, screen=True):
+    def launch(self, *arguments):
+        """Without a project it waits for the main screen, which otherwise may be gone before anybody looks."""
         self.application = self.desktop.start([APPLICATION, *arguments], env=self.desktop.environment, stderr=self.log)
-        if screen:
-            wait_for(self.main_screen, "the main screen")
-            time.sleep(0.4)  # the window manager may still place it
-            self.screen = self.main_screen()
+        if not arguments:
+            self.screen = wait_until_settled(self.main_screen, "the main screen")
 
     def main_screen(self):
         for geometry in self.desktop.windows("Quillmeter").values():
@@ -121,6 +140,35 @@ class ShellTest(unittest.TestCase):
 
     def statistics(self, title="App"):
         return self.desktop.windows("Quillmeter .*" + title)  # a dash that some tools tear apart
+
+    def wait_for_alert(self, besides=()):
+        """An alert that has the keyboard, other than those given."""
+        def active():
+            window = self.desktop.xdo("getactivewindow").strip()
+            return window if window in self.alerts() and window not in besides else None
+
+        return wait_for(active, "an alert with the keyboard")
+
+    def wait_for_no_alert(self):
+        wait_for(lambda: not self.alerts(), "the alert to close")
+
+    def ask_to_close(self):
+        """Closes the statistics by the keyboard, up to the confirmation."""
+        window = next(iter(wait_for(self.statistics, "the statistics window")))
+        self.desktop.xdo("windowactivate", "--sync", window, "key", "ctrl+w")
+        return self.wait_for_alert()
+
+    def press_in_main_screen(self, keys):
+        window = next(iter(wait_for(lambda: self.desktop.windows("Quillmeter"), "the main screen")))
+        self.desktop.xdo("windowactivate", "--sync", window, "key", keys)
+
+    def quit(self):
+        self.press_in_main_screen("ctrl+q")
+        self.assertEqual(self.application.wait(TIMEOUT), 0)
+
+    def files(self):
+        return {os.path.join(folder, name) for folder, _, names in os.walk(os.fsencode(self.desktop.home))
+                for name in names}
 
     def logged(self, line):
         with open(self.log.name, "rb") as stream:
@@ -154,25 +202,37 @@ class ShellTest(unittest.TestCase):
         return INVALID if red > blue + 80 else NORMAL
 
     def drag_to_screen(self, addresses, *options):
-        """Takes a drag over the drop area and leaves it there; gives the source's process."""
+        """Takes a drag over the drop area and leaves it there; gives the file of what the source says."""
         listing = self.desktop.home + "/addresses"
         with open(listing, "wb") as stream:
             stream.write(addresses)
-        source = self.desktop.start([DRAG_SOURCE, listing, *options], env=self.desktop.environment,
-                                    stdout=subprocess.PIPE)
-        self.addCleanup(source.stdout.close)
-        x, y, width, height = next(iter(wait_for(lambda: self.desktop.windows("Drag source"), "source").values()))
-        time.sleep(0.3)
+        said = self.desktop.home + "/said"
+        with open(said, "wb") as stream:
+            environment = {**self.desktop.environment, "DBUS_SESSION_BUS_ADDRESS": "disabled:"}  # or it starts one
+            self.desktop.start([DRAG_SOURCE, listing, *options], env=environment, stdout=stream)
+        x, y, width, height = wait_until_settled(
+            lambda: next(iter(self.desktop.windows("Drag source").values()), None), "source")
         self.desktop.xdo("mousemove", x + width // 2, y + height // 2, "mousedown", 1)
-        self.desktop.xdo("mousemove_relative", "--", 15, 15, "sleep", 0.1, "mousemove_relative", "--", 15, 15, "sleep", 0.2)
+        for _ in range(2):
+            self.desktop.xdo("mousemove_relative", "--", 15, 15)
+        wait_for(lambda: self.said(said, b"dragging"), "the drag")
         left, top, width, height = self.screen
         for step in range(3):
-            self.desktop.xdo("mousemove", left + width // 2 + step, top + 150 + step, "sleep", 0.15)
-        return source
+            self.desktop.xdo("mousemove", left + width // 2 + step, top + 150 + step, "sleep", 0.05)
+        if "move" not in options:
+            wait_for(lambda: self.said(said, b"accepted 1"), "the drag to be accepted")
+        return said
+
+    @staticmethod
+    def said(file, start):
+        """The last line with that start, if there is one."""
+        with open(file, "rb") as stream:
+            return next((line for line in reversed(stream.read().splitlines()) if line.startswith(start)), None)
 
     def drop(self, source):
+        """Gives the action that the source was told of."""
         self.desktop.xdo("mouseup", 1)
-        return source.stdout.readline().split()[1]
+        return wait_for(lambda: self.said(source, b"dropped"), "the drop").split()[1]
 
     @staticmethod
     def address(path):
@@ -256,11 +316,11 @@ class ShellTest(unittest.TestCase):
         self.launch()
         x, y, width, height = self.screen
         background = self.desktop.pixel(1270, 890)
+        wait_for(lambda: min(self.desktop.pixel(x + width // 2, y + 45)) > 200, "the picture")
         corners = [(1, 1), (width - 2, 1), (1, height - 2), (width - 2, height - 2)]
         for dx, dy in corners:
             there = self.desktop.pixel(x + dx, y + dy)
             self.assertLess(max(abs(a - b) for a, b in zip(there, background)), 24, (dx, dy))
-        self.assertGreater(min(self.desktop.pixel(x + width // 2, y + 45)), 200)
 
     def test_window_buttons_close_and_minimise(self):
         self.launch()
@@ -270,8 +330,7 @@ class ShellTest(unittest.TestCase):
         self.assertIsNone(self.application.poll())
         window = self.desktop.xdo("search", "--name", "^Quillmeter$").split()[-1]
         self.desktop.xdo("windowactivate", window)
-        x, y, _, _ = wait_for(self.main_screen, "the window to come back")
-        time.sleep(0.3)
+        x, y, _, _ = wait_until_settled(self.main_screen, "the window to come back")
         self.desktop.xdo("mousemove", x + 28, y + 22, "click", 1)
         self.assertEqual(self.application.wait(TIMEOUT), 0)
 
@@ -280,40 +339,37 @@ class ShellTest(unittest.TestCase):
     def test_statistics_close_on_yes_only_and_open_again(self):
         self.launch(os.fsdecode(self.project()))
         for time_opened in (1, 2):
-            window = next(iter(wait_for(self.statistics, "the statistics window")))
+            self.ask_to_close()
             wait_for(lambda: not self.main_screen(), "the main screen to go")
-            self.desktop.xdo("windowactivate", "--sync", window, "key", "ctrl+w")
-            wait_for(self.alerts, "the confirmation")
             self.desktop.xdo("key", "Tab", "key", "space")  # No
-            wait_for(lambda: not self.alerts(), "the confirmation to close")
+            self.wait_for_no_alert()
+            self.ask_to_close()
+            self.desktop.xdo("key", "Escape")
+            self.wait_for_no_alert()
             self.assertTrue(self.statistics())
-            self.desktop.xdo("windowactivate", "--sync", window, "key", "ctrl+w")
-            wait_for(self.alerts, "the confirmation")
+            self.ask_to_close()
             self.desktop.xdo("key", "Return")  # Yes
-            self.screen = wait_for(self.main_screen, "the main screen to come back")
+            self.screen = wait_until_settled(self.main_screen, "the main screen to come back")
             wait_for(lambda: not self.statistics(), "the statistics to close")
             if time_opened == 1:
-                time.sleep(0.3)
                 self.drop(self.drag_to_screen(self.address(os.fsencode(self.desktop.home) + b"/p")))
         self.assertIsNone(self.application.poll())
-        self.desktop.xdo("windowactivate", "--sync", self.desktop.xdo("search", "--onlyvisible", "--name",
-                                                                     "^Quillmeter$").split()[-1], "key", "ctrl+q")
-        self.assertEqual(self.application.wait(TIMEOUT), 0)
+        self.quit()
 
     def test_reminder_comes_four_seconds_after_loading_also_over_the_confirmation(self):
         self.settings("[General]\nquillmeter.ratings_reminder.should_remind_%s=true\n"
                       "quillmeter.ratings_reminder.counter_%s=2\n" % (VERSION, VERSION))
-        self.launch(os.fsdecode(self.project()))
-        window = next(iter(wait_for(self.statistics, "the statistics window")))
-        opened = time.monotonic()
-        self.desktop.xdo("windowactivate", "--sync", window, "key", "ctrl+w")
-        wait_for(lambda: len(self.alerts()) == 1, "the confirmation")
-        wait_for(lambda: len(self.alerts()) == 2, "the reminder")
-        self.assertGreater(time.monotonic() - opened, 2.5)
+        project = os.fsdecode(self.project())
+        started = time.monotonic()
+        self.launch(project)
+        confirmation = self.ask_to_close()
+        reminder = self.wait_for_alert(besides=[confirmation])
+        self.assertGreater(time.monotonic() - started, 0.5 + 4.0)  # opening, and from loading on
         self.desktop.xdo("key", "Escape")
-        wait_for(lambda: len(self.alerts()) == 1, "the reminder to close")
+        wait_for(lambda: self.alerts() == [confirmation], "the reminder to close")
+        self.assertEqual(self.wait_for_alert(besides=[reminder]), confirmation)
         self.desktop.xdo("key", "Escape")
-        wait_for(lambda: not self.alerts(), "the confirmation to close")
+        self.wait_for_no_alert()
         self.assertTrue(self.statistics())
         with open(self.desktop.home + "/config/Quillmeter/Quillmeter.ini") as stream:
             self.assertIn("counter_%s=3" % VERSION, stream.read())
@@ -323,9 +379,10 @@ class ShellTest(unittest.TestCase):
     def test_folder_without_a_project_gives_an_alert_and_the_screen_back(self):
         os.mkdir(self.desktop.home + "/empty")
         self.launch(self.desktop.home + "/empty")
-        wait_for(self.alerts, "the error alert")
+        self.wait_for_alert()
         self.desktop.xdo("key", "Return")
-        wait_for(lambda: not self.alerts(), "the alert to close")
+        self.wait_for_no_alert()
+        self.screen = wait_until_settled(self.main_screen, "the main screen")
         self.expect_goes_on()
 
     def test_review_page_without_a_browser_is_met_in_silence(self):
@@ -361,15 +418,20 @@ class ShellTest(unittest.TestCase):
             self.assertTrue(self.statistics(), "the read was over first")
 
     def test_no_file_is_written_but_the_defaults(self):
-        self.launch()
-        self.desktop.xdo("key", "ctrl+o")
+        project = os.fsdecode(self.project())
+        before = self.files()
+        self.launch(project)
+        defaults = os.fsencode(self.desktop.home + "/config/Quillmeter/Quillmeter.ini")
+        wait_for(lambda: defaults in self.files(), "the showing to be counted")
+        self.ask_to_close()
+        self.desktop.xdo("key", "Return")
+        wait_until_settled(self.main_screen, "the main screen to come back")
+        self.press_in_main_screen("ctrl+o")
         panel = wait_for(lambda: self.desktop.windows("Open a project folder"), "the open panel")
         self.desktop.xdo("windowactivate", "--sync", next(iter(panel)), "key", "Escape")
         wait_for(lambda: not self.desktop.windows("Open a project folder"), "the panel to close")
-        self.desktop.xdo("key", "ctrl+q")
-        self.assertEqual(self.application.wait(TIMEOUT), 0)
-        left = [name for _, _, names in os.walk(self.desktop.home + "/config") for name in names]
-        self.assertLessEqual(set(left), {"Quillmeter.ini"})
+        self.quit()
+        self.assertEqual(self.files() - before, {defaults})
 
 
 class ShellWithoutCompositorTest(ShellTest):
