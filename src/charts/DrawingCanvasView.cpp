@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPalette>
 #include <QStringList>
+#include <QTextDocument>
 #include <QToolTip>
 #include <algorithm>
 
@@ -265,8 +266,9 @@ bool DrawingCanvasView::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QWidget::event(event);
   const auto* help = static_cast<QHelpEvent*>(event);
   const QString text = descriptionAt(help->pos());
-  // A file name may look like markup; it is shown as it is.
-  QToolTip::showText(help->globalPos(), text.isEmpty() ? QString() : text.toHtmlEscaped(), this);
+  // A tool tip takes what looks like markup for markup. A file name may look like that and is shown as it is.
+  const QString shown = text.isEmpty() ? QString() : Qt::convertFromPlainText(text, Qt::WhiteSpacePre);
+  QToolTip::showText(help->globalPos(), shown, this);
   return true;
 }
 
