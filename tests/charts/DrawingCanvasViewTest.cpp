@@ -431,6 +431,18 @@ TEST_F(CanvasWithBars, ToolTipShowsAnyNameAsItIs) {
   QToolTip::hideText();
 }
 
+TEST_F(CanvasWithBars, ToolTipBreaksALongName) {
+  canvas.setArrayValues(FileList{record({.name = std::string(200, 'W') + ".m", .lines = 1500})});
+  canvas.grab();
+  QHelpEvent help(QEvent::ToolTip, QPoint(99, 300), canvas.mapToGlobal(QPoint(99, 300)));
+  QCoreApplication::sendEvent(&canvas, &help);
+  const QString line(80, QLatin1Char('W'));
+  EXPECT_EQ(visibleText(QToolTip::text()), line + QLatin1Char('\n') + line + QLatin1Char('\n') +
+                                               QString(40, QLatin1Char('W')) +
+                                               QStringLiteral(".m\n1500 lines"));
+  QToolTip::hideText();
+}
+
 TEST(DrawingCanvasView, ToolTipTellsASlicesShare) {
   DrawingCanvasView canvas;
   canvas.resize(660, 540);
