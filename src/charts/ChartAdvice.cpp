@@ -34,14 +34,15 @@ std::string chartSizeText(double bytes) {
 
 std::string barValueText(std::int32_t graphType, const FileObject& file) {
   return graphType == kSourceFilesBars ? std::to_string(integerValue(file.noLinesTotal())) + " lines"
-                                       : chartSizeText(doubleValue(file.fileSize()));
+                                       : chartSizeText(static_cast<double>(integerValue(file.fileSize())));
 }
 
 std::optional<ChartAdvice> chartAdvice(std::int32_t graphType, const FileObject& file, double average) {
   if (!isBarChart(graphType)) return std::nullopt;
   ChartAdvice advice;
   advice.fileName = file.fileName().value_or(std::string());
-  const double share = ratio(doubleValue(barMeasure(graphType, file)), average);
+  // What is shown is judged: of a value that is still growing the whole lines or bytes.
+  const double share = ratio(static_cast<double>(integerValue(barMeasure(graphType, file))), average);
   if (graphType == kSourceFilesBars) {
     advice.value = "LOC: " + barValueText(graphType, file);
     advice.average = "Average: " + fixed(average, 1) + " lines";

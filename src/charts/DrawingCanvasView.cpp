@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPalette>
 #include <QStringList>
+#include <QTextDocument>
 #include <QToolTip>
 #include <algorithm>
 
@@ -21,6 +22,7 @@ namespace {
 
 constexpr QSize kCanvasSize(660, 540);
 constexpr int kFocusMargin = 3;
+constexpr qsizetype kToolTipLine = 80;
 
 ChartPoint toChartPoint(QPointF point) {
   return {point.x(), point.y()};
@@ -28,6 +30,17 @@ ChartPoint toChartPoint(QPointF point) {
 
 ChartSize toChartSize(QSizeF size) {
   return {size.width(), size.height()};
+}
+
+/// A text as it is, in lines that fit a screen. A tool tip would take what looks like markup for markup, and
+/// a file name may look like that.
+QString toolTipText(const QString& text) {
+  QStringList lines;
+  for (const QString& line : text.split(QLatin1Char('\n'))) {
+    for (qsizetype at = 0; at < line.size(); at += kToolTipLine)
+      lines += line.mid(at, kToolTipLine);
+  }
+  return Qt::convertFromPlainText(lines.join(QLatin1Char('\n')), Qt::WhiteSpacePre);
 }
 
 }  // namespace
@@ -265,8 +278,7 @@ bool DrawingCanvasView::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QWidget::event(event);
   const auto* help = static_cast<QHelpEvent*>(event);
   const QString text = descriptionAt(help->pos());
-  // A file name may look like markup; it is shown as it is.
-  QToolTip::showText(help->globalPos(), text.isEmpty() ? QString() : text.toHtmlEscaped(), this);
+  QToolTip::showText(help->globalPos(), text.isEmpty() ? QString() : toolTipText(text), this);
   return true;
 }
 

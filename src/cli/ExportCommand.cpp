@@ -24,6 +24,7 @@ struct ExportOptions {
 std::optional<std::string> misuse(const ExportOptions& options) {
   if (!options.csv && !options.pdf) return "export: name an output with --csv or --pdf";
   if (options.csv == "-" && options.pdf == "-") return "export: only one output can be standard output";
+  if (options.csv == options.pdf) return "export: --csv and --pdf name the same file";
   if (!exportKindsNamed(options.kinds)) {
     return "export: --kinds takes a list of c, headers, objc, images and xib, separated by commas";
   }

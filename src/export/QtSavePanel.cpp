@@ -64,6 +64,7 @@ class Sheet final : public QFileDialog {
         QMessageBox::Warning, windowTitle(),
         tr("“%1” already exists. Do you want to replace it?").arg(QFileInfo(written).fileName()),
         QMessageBox::NoButton, parentWidget());
+    question->setTextFormat(Qt::PlainText);
     question->setAttribute(Qt::WA_DeleteOnClose);
     const QPushButton* replace = question->addButton(tr("Replace"), QMessageBox::AcceptRole);
     question->setDefaultButton(question->addButton(QMessageBox::Cancel));

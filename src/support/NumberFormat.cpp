@@ -4,6 +4,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdlib>
 
 namespace quillmeter {
@@ -68,6 +69,7 @@ std::string DecimalFormatter::format(double value) const {
 }
 
 std::string fixed(double value, int decimals) {
+  if (std::isnan(value)) return "nan";
   // The longest double has 309 digits before the point.
   std::array<char, 400> text{};
   const auto result =

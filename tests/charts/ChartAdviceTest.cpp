@@ -85,10 +85,19 @@ TEST(ChartAdvice, AverageThatIsNoNumberHasNoAdvice) {
   EXPECT_EQ(codeAdvice(1, std::numeric_limits<double>::quiet_NaN()), std::nullopt);
 }
 
-TEST(ChartAdvice, PartlyGrownLinesAreShownAsWholeLines) {
+TEST(ChartAdvice, PartlyGrownLinesAreShownAndJudgedAsWholeLines) {
   auto file = record({.name = "a.m"});
-  file->setNoLinesTotal(Number(12.9));
-  EXPECT_EQ(chartAdvice(kSourceFilesBars, *file, 10)->value, "LOC: 12 lines");
+  file->setNoLinesTotal(Number(20.9));
+  EXPECT_EQ(chartAdvice(kSourceFilesBars, *file, 10)->value, "LOC: 20 lines");
+  EXPECT_EQ(chartAdvice(kSourceFilesBars, *file, 10)->advice, kNormalCode);
+}
+
+TEST(ChartAdvice, PartlyGrownSizesAreShownAndJudgedAsWholeBytes) {
+  auto file = record({.name = "a.xib"});
+  file->setFileSize(Number(1024.0 * 1024.0 - 0.1));
+  EXPECT_EQ(chartAdvice(kXIBFilesBars, *file, 1024)->value, "File size: 1024.0 KB");
+  file->setFileSize(Number(2048.9));
+  EXPECT_EQ(chartAdvice(kXIBFilesBars, *file, 1024)->advice, kNormalSize);
 }
 
 TEST(ChartAdvice, FileWithoutNameOrCountersIsMetWithNothingAndZeros) {

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QHelpEvent>
 #include <QImage>
 #include <QPainter>
 #include <QTest>
+#include <QTextDocumentFragment>
+#include <QToolTip>
 #include <cmath>
 #include <limits>
 #include <memory>
@@ -409,6 +412,35 @@ TEST_F(CanvasWithBars, ToolTipTellsNameAndValue) {
   EXPECT_EQ(canvas.descriptionAt(QPointF(99, 300)), QStringLiteral("File0.m\n1500 lines"));
   EXPECT_EQ(canvas.descriptionAt(QPointF(95, 490)), QStringLiteral("File0.m\n1500 lines"));
   EXPECT_EQ(canvas.descriptionAt(QPointF(30, 300)), QString());
+}
+
+/// What a reader sees of a tool tip, which takes some texts for markup.
+QString visibleText(const QString& toolTip) {
+  return Qt::mightBeRichText(toolTip) ? QTextDocumentFragment::fromHtml(toolTip).toPlainText() : toolTip;
+}
+
+TEST_F(CanvasWithBars, ToolTipShowsAnyNameAsItIs) {
+  for (const std::string name : {"a & b.m", "<b>bold</b>.m", "a<b.m", "two  spaces.m", "&lt;.m", "plain.m"}) {
+    canvas.setArrayValues(FileList{record({.name = name, .lines = 1500})});
+    canvas.grab();
+    QHelpEvent help(QEvent::ToolTip, QPoint(99, 300), canvas.mapToGlobal(QPoint(99, 300)));
+    QCoreApplication::sendEvent(&canvas, &help);
+    const QString shown = visibleText(QToolTip::text()).replace(QChar::Nbsp, QLatin1Char(' '));
+    EXPECT_EQ(shown.toStdString(), name + "\n1500 lines");
+  }
+  QToolTip::hideText();
+}
+
+TEST_F(CanvasWithBars, ToolTipBreaksALongName) {
+  canvas.setArrayValues(FileList{record({.name = std::string(200, 'W') + ".m", .lines = 1500})});
+  canvas.grab();
+  QHelpEvent help(QEvent::ToolTip, QPoint(99, 300), canvas.mapToGlobal(QPoint(99, 300)));
+  QCoreApplication::sendEvent(&canvas, &help);
+  const QString line(80, QLatin1Char('W'));
+  EXPECT_EQ(visibleText(QToolTip::text()), line + QLatin1Char('\n') + line + QLatin1Char('\n') +
+                                               QString(40, QLatin1Char('W')) +
+                                               QStringLiteral(".m\n1500 lines"));
+  QToolTip::hideText();
 }
 
 TEST(DrawingCanvasView, ToolTipTellsASlicesShare) {

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <csignal>
+#include <cstdlib>
 #include <filesystem>
 
 #include "cli/RunTool.h"
@@ -17,6 +19,16 @@ using testing::TemporaryFolder;
 using testing::ToolResult;
 using testing::writeProject;
 
+/// A command for the shell that gives the tool the arguments; to run it in surroundings that a shell sets up.
+std::string toolCommand(const std::string& arguments) {
+  return "'" QUILLMETER_BINARY_DIR "/bin/quillmeter-cli' export --quiet " + arguments;
+}
+
+/// Runs a command of the shell; gives the status as `waitpid` does.
+int runShell(const std::string& command) {
+  return std::system(command.c_str());
+}
+
 const std::string kHeader =
     "\"Type\",\"Filename\",\"Lines of code\",\"Lines of code without empty "
     "lines\",\"Words\",\"Chars\",\"Size(KB)\"";
@@ -32,6 +44,19 @@ class ExportCommand : public ::testing::Test {
     project.file("B.png", "1234");
     project.file("c.c", "int c;\n");
     bundle = writeProject(project, {"c.c", "B.png", "a.m"});
+  }
+
+  /// The bundle of a project whose table and report are far longer than one block of a disk.
+  [[nodiscard]] std::string longProject() const {
+    return writeProject(project, std::vector<std::string>(500, "a.m"));
+  }
+
+  /// The names in the folder of the outputs, hidden ones included.
+  [[nodiscard]] std::vector<std::string> entries() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
+      names.push_back(entry.path().filename().string());
+    return names;
   }
 
   TemporaryFolder project;
@@ -65,6 +90,7 @@ TEST_F(ExportCommand, MistakesAreWrongUsage) {
       {"export", "--csv", "-", "--kinds", "swift", bundle},
       {"export", "--csv", "-", "--kinds", "", bundle},
       {"export", "--csv", "-", "--pdf", "-", bundle},
+      {"export", "--csv", folder / "out", "--pdf", folder / "out", bundle},
       {"export", "--csv", "-", "--unknown", bundle},
   };
   for (const auto& arguments : mistakes) {
@@ -73,6 +99,7 @@ TEST_F(ExportCommand, MistakesAreWrongUsage) {
     EXPECT_EQ(result.output, "");
     EXPECT_NE(result.errors, "");
   }
+  EXPECT_THAT(entries(), ::testing::IsEmpty());
 }
 
 TEST_F(ExportCommand, ProjectWithoutFilesIsNotExported) {
@@ -93,6 +120,33 @@ TEST_F(ExportCommand, FullDiskIsAFailedOutput) {
   const ToolResult result = runTool({"export", "--csv", "-", bundle}, {.standardOutput = "/dev/full"});
   EXPECT_EQ(result.status, 4);
   EXPECT_THAT(result.errors, HasSubstr("standard output"));
+}
+
+TEST_F(ExportCommand, OldTableSurvivesAToolThatIsKilledWhileItWrites) {
+  folder.file("out.csv", "old");
+  // The system kills a process at the first byte that it writes beyond the limit.
+  const int status = runShell("ulimit -c 0; ulimit -f 1; exec " +
+                              toolCommand("--csv '" + (folder / "out.csv") + "' '" + longProject() + "'"));
+  ASSERT_TRUE(WIFSIGNALED(status));
+  EXPECT_EQ(WTERMSIG(status), SIGXFSZ);
+  EXPECT_EQ(readFile(folder / "out.csv"), "old");
+  EXPECT_THAT(entries(), ::testing::UnorderedElementsAre("out.csv", StartsWith(".quillmeter-")))
+      << "it was killed in the middle of writing";
+}
+
+TEST_F(ExportCommand, OldTableSurvivesAFullDisk) {
+  // A disk of two blocks, which only this command and its children see. The old file takes one of them.
+  const std::string inside = "mount -t tmpfs -o size=8k none '" + folder.path() + "' || exit 77; cd '" +
+                             folder.path() + "' || exit 78; printf old > out.csv; " +
+                             toolCommand("--csv out.csv '" + longProject() + "'") +
+                             "; echo \"status $?\" >&3; cat out.csv >&3; ls -A >&3";
+  const std::string log = project / "log";
+  const int status = runShell("unshare --user --map-root-user --mount sh -c \"$(cat <<'END'\n" + inside +
+                              "\nEND\n)\" 3>'" + log + "' 2>>'" + (project / "errors") + "'");
+  if (readFile(log).empty()) GTEST_SKIP() << "this system lets nobody mount a disk of his own";
+  ASSERT_TRUE(WIFEXITED(status));
+  EXPECT_EQ(readFile(log), "status 4\noldout.csv\n");
+  EXPECT_THAT(readFile(project / "errors"), HasSubstr("out.csv: No space left on device"));
 }
 
 TEST_F(ExportCommand, HelpTellsTheOptions) {
@@ -157,6 +211,17 @@ TEST_F(ExportCommand, ReportThatCannotBeWrittenIsNamed) {
   const ToolResult full = runTool({"export", "--pdf", "-", bundle}, {.standardOutput = "/dev/full"});
   EXPECT_EQ(full.status, 4);
   EXPECT_THAT(full.errors, HasSubstr("standard output"));
+}
+
+TEST_F(ExportCommand, OldReportSurvivesAnApplicationThatIsKilled) {
+  folder.file("out.pdf", "old");
+  const int status = runShell("ulimit -c 0; ulimit -f 1; " +
+                              toolCommand("--pdf '" + (folder / "out.pdf") + "' '" + longProject() + "'") +
+                              " 2>&1 | cat >'" + (project / "errors") + "'; test \"$(cat '" +
+                              (folder / "out.pdf") + "')\" = old");
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(readFile(project / "errors"),
+            "quillmeter-cli: cannot make the PDF report: the application was ended by a signal\n");
 }
 
 TEST_F(ExportCommand, ReportNamesNeedNotBeUtf8) {

@@ -87,6 +87,13 @@ TEST_F(SavePanelSheet, AsksBeforeAFileIsReplaced) {
   EXPECT_EQ(chosen, folder / "stats.pdf");
 }
 
+TEST_F(SavePanelSheet, NameWithMarkupIsAskedAboutAsItIs) {
+  folder.file("<b>a.pdf", "old");
+  choose(folder / "<b>a.pdf");
+  ASSERT_NE(question(), nullptr);
+  EXPECT_EQ(question()->textFormat(), Qt::PlainText);
+}
+
 TEST_F(SavePanelSheet, AsksAboutTheFileWithTheExtensionThatWillBeAppended) {
   folder.file("stats.pdf", "old");
   choose(folder / "stats");

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 namespace quillmeter {
@@ -34,6 +35,8 @@ TEST(Fixed, AlwaysHasItsDecimalsAndAPoint) {
   EXPECT_EQ(fixed(0, 2), "0.00");
   EXPECT_EQ(fixed(1536.0 / 1024, 2), "1.50");
   EXPECT_EQ(fixed(std::numeric_limits<double>::quiet_NaN(), 2), "nan");
+  // What processors make of 0 / 0 has its sign set.
+  EXPECT_EQ(fixed(std::copysign(std::numeric_limits<double>::quiet_NaN(), -1.0), 2), "nan");
   EXPECT_EQ(fixed(std::numeric_limits<double>::max(), 1).size(), 311U);
 }
 
