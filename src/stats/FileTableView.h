@@ -43,6 +43,7 @@ class FileTableView final : public QTableView {
   void copySelectedRows();
   void sortByHeader(int section, Qt::SortOrder order);
   void keepWidth(int section, int width);
+  void fitHeader();
   void fitColumns();
 
   FileTableModel* model_;
