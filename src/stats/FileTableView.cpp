@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QFocusEvent>
 #include <QFontMetrics>
 #include <QHeaderView>
 #include <QPainter>
@@ -75,6 +76,7 @@ void FileTableView::fitHeader() {
   QFont font = horizontalHeader()->font();
   font.setPixelSize(kCaptionSize);
   horizontalHeader()->setMinimumHeight(static_cast<int>(lines) * QFontMetrics(font).height() + kPadding);
+  updateGeometries();
 }
 
 void FileTableView::setTable(FileTable table) {
@@ -164,6 +166,13 @@ void FileTableView::paintEvent(QPaintEvent* event) {
 void FileTableView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   if (!isFitting_) fitColumns();
+}
+
+void FileTableView::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  const bool comesByTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+  if (!comesByTab || !currentIndex().isValid() || selectionModel()->hasSelection()) return;
+  selectRow(currentIndex().row());
 }
 
 }  // namespace quillmeter

@@ -37,6 +37,8 @@ class FileTableView final : public QTableView {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  /// Who comes with the keyboard finds a row selected.
+  void focusInEvent(QFocusEvent* event) override;
 
  private:
   void addActions();

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <QFocusEvent>
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -77,6 +78,16 @@ TEST_F(FileTableViewTest, TheHeaderHasRoomForEveryWordOnALineOfItsOwn) {
   view.setTable(detailsTable({record({.name = "b.m"})}, 0, false));
   QCoreApplication::processEvents();
   EXPECT_EQ(header->height(), shortColumns);
+}
+
+TEST_F(FileTableViewTest, TheTabKeySelectsTheFirstRow) {
+  QFocusEvent arrival(QEvent::FocusIn, Qt::TabFocusReason);
+  QCoreApplication::sendEvent(&view, &arrival);
+  EXPECT_EQ(view.selectionModel()->selectedRows(), QModelIndexList({view.model()->index(0, 0)}));
+  view.selectRow(2);
+  QCoreApplication::sendEvent(&view, &arrival);
+  EXPECT_EQ(view.selectionModel()->selectedRows(), QModelIndexList({view.model()->index(2, 0)}))
+      << "a row that is selected stays so";
 }
 
 TEST_F(FileTableViewTest, AClickOnTheViewHeaderChangesNothing) {
