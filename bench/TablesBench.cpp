@@ -39,19 +39,25 @@ void sortDetails(benchmark::State& state) {
 }
 BENCHMARK(sortDetails)->Arg(0)->Arg(2)->Arg(3)->Arg(4)->Arg(9)->Unit(benchmark::kMillisecond);
 
-/// A folder of a million entries, a tenth of which a project references. With `--benchmark_filter` for
-/// another benchmark it is never made. The share of files of a known kind is that of a large source tree.
+/// How many of a thousand entries are files of a known kind that no project references.
+enum Leftovers : int { few = 1, many = 300 };
+
+/// A folder of a million entries, a tenth of which a project references. Made when first asked for.
 class BigFolder {
  public:
-  static const BigFolder& get() {
-    static const BigFolder folder;
+  static const BigFolder& get(benchmark::State& state) {
+    if (state.range(0) == few) {
+      static const BigFolder folder(few);
+      return folder;
+    }
+    static const BigFolder folder(many);
     return folder;
   }
   [[nodiscard]] const ParseProject& project() const { return project_; }
   [[nodiscard]] const std::string& path() const { return path_; }
 
  private:
-  BigFolder() {
+  explicit BigFolder(int leftovers) {
     std::string pattern = (std::filesystem::temp_directory_path() / "quillmeter-bench-XXXXXX").string();
     path_ = ::mkdtemp(pattern.data());
     constexpr int folders = 1000;
@@ -61,12 +67,14 @@ class BigFolder {
       const std::string folder = path_ + "/folder" + std::to_string(i);
       std::filesystem::create_directory(folder);
       for (int j = 0; j < filesInEach; ++j) {
-        // Four of ten are sources, images or interface files; one of ten is referenced.
-        static constexpr const char* extensions[] = {"o",   "m", "txt",  "h", "strings",
-                                                     "png", "d", "html", "c", "plist"};
-        const std::string path = folder + "/SomeController" + std::to_string(j) + "." + extensions[j % 10];
+        static constexpr const char* known[] = {"m", "h", "png", "c", "xib"};
+        static constexpr const char* other[] = {"o", "txt", "strings", "d", "html", "plist"};
+        // Spread over the folder: 7 and 999 have no common divisor.
+        const int place = j * 7 % filesInEach;
+        const char* extension = place < 100 + leftovers ? known[j % 5] : other[j % 6];
+        const std::string path = folder + "/SomeController" + std::to_string(j) + "." + extension;
         ::close(::open(path.c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0644));
-        if (j % 10 != 3) continue;
+        if (place >= 100) continue;
         auto file = std::make_shared<FileObject>();
         file->setFilePath(path);
         referenced.push_back(std::move(file));
@@ -85,27 +93,27 @@ class BigFolder {
 };
 
 void walkFolder(benchmark::State& state) {
-  const BigFolder& folder = BigFolder::get();
+  const BigFolder& folder = BigFolder::get(state);
   for (auto step : state)
     benchmark::DoNotOptimize(FolderWalk(folder.path()).size());
 }
-BENCHMARK(walkFolder)->Unit(benchmark::kMillisecond)->MinTime(2);
-
-void listFolder(benchmark::State& state) {
-  const BigFolder& folder = BigFolder::get();
-  for (auto step : state)
-    benchmark::DoNotOptimize(folder.project().allFilesInFolder());
-}
-BENCHMARK(listFolder)->Unit(benchmark::kMillisecond)->MinTime(2);
+BENCHMARK(walkFolder)->Arg(few)->Arg(many)->Unit(benchmark::kMillisecond)->MinTime(3);
 
 void cleanUpFolder(benchmark::State& state) {
-  const BigFolder& folder = BigFolder::get();
+  const BigFolder& folder = BigFolder::get(state);
   for (auto step : state) {
-    const FileTable table = cleanUpTable(folder.project().allFilesInFolder(), folder.project().files());
+    const FileTable table = cleanUpTable(unreferencedFiles(folder.project()));
     state.counters["rows"] = static_cast<double>(table.rows().size());
   }
 }
-BENCHMARK(cleanUpFolder)->Unit(benchmark::kMillisecond)->MinTime(2);
+BENCHMARK(cleanUpFolder)->Arg(few)->Arg(many)->Unit(benchmark::kMillisecond)->MinTime(3);
+
+void listFolder(benchmark::State& state) {
+  const BigFolder& folder = BigFolder::get(state);
+  for (auto step : state)
+    benchmark::DoNotOptimize(folder.project().allFilesInFolder());
+}
+BENCHMARK(listFolder)->Arg(few)->Arg(many)->Unit(benchmark::kMillisecond)->MinTime(3);
 
 }  // namespace
 }  // namespace quillmeter

@@ -79,6 +79,15 @@ std::optional<FileStatus> FileSystem::status(const std::string& path) const {
   return parts ? statusOf(parts->folderValue(), parts->rest.c_str()) : std::nullopt;
 }
 
+std::optional<FileStatus> FileSystem::statusInFolder(const Descriptor& folder,
+                                                     const std::string& name) const {
+  return statusOf(folder.value(), name.c_str());
+}
+
+Descriptor FileSystem::openFolder(const std::string& path) const {
+  return Descriptor(openPath(path, O_PATH | O_DIRECTORY | O_CLOEXEC));
+}
+
 std::optional<FileStatus> FileSystem::statusOfOpen(const Descriptor& file) const {
   struct stat status {};
   if (::fstat(file.value(), &status) != 0) return std::nullopt;

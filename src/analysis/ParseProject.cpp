@@ -7,6 +7,7 @@
 #include "analysis/FileKinds.h"
 #include "analysis/FileStats.h"
 #include "analysis/FileSystem.h"
+#include "analysis/FilesInFolder.h"
 #include "analysis/FolderWalk.h"
 #include "analysis/PathIndex.h"
 #include "analysis/ReferenceSection.h"
@@ -135,21 +136,12 @@ std::shared_ptr<FileObject> ParseProject::getFileStats(const std::string& path) 
 }
 
 FileList ParseProject::allFilesInFolder() const {
-  const FolderWalk walk(removingOccurrences(initialPath_, lastPathComponent(initialPath_)));
-  FileList files;
-  for (FolderWalk::Index i = 0; i < walk.size(); ++i) {
-    const std::string_view name = walk.name(i);
-    if (name.starts_with('.') || fileKindOfPath(name) == FileKind::none) continue;
-    std::string path = walk.path(i);
-    const auto status = fileSystem_->status(path);
-    if (!status || status->type != FileStatus::Type::regular) continue;
-    auto file = std::make_shared<FileObject>();
-    file->setFileName(std::string(name));
-    file->setFilePath(std::move(path));
-    file->setFileSize(Number(status->size));
-    files.push_back(std::move(file));
-  }
-  return files;
+  return filesInFolderExcept({});
+}
+
+FileList ParseProject::filesInFolderExcept(const FileList& files) const {
+  return filesInFolder(*fileSystem_, removingOccurrences(initialPath_, lastPathComponent(initialPath_)),
+                       files);
 }
 
 bool ParseProject::fileIsOfTypeAndFile(std::span<const std::string_view> extensions, const FileObject& file) {

@@ -1,20 +1,13 @@
 #include "stats/CleanUpTable.h"
 
-#include <string_view>
-#include <unordered_set>
 #include <utility>
+
+#include "analysis/ParseProject.h"
 
 namespace quillmeter {
 
-FileList unreferencedFiles(FileList onDisk, const FileList& referenced) {
-  std::unordered_set<std::string_view> known;
-  known.reserve(referenced.size());
-  for (const auto& file : referenced) {
-    if (file->filePath()) known.insert(*file->filePath());
-  }
-  std::erase_if(onDisk,
-                [&](const auto& file) { return file->filePath() && known.contains(*file->filePath()); });
-  return onDisk;
+FileList unreferencedFiles(const ParseProject& project) {
+  return project.filesInFolderExcept(project.files());
 }
 
 std::vector<FileTableColumn> cleanUpColumns() {
@@ -25,8 +18,8 @@ std::vector<FileTableColumn> cleanUpColumns() {
           {.field = FileTableField::fileSize, .width = 100}};
 }
 
-FileTable cleanUpTable(FileList onDisk, const FileList& referenced, const std::string& locale) {
-  return {cleanUpColumns(), unreferencedFiles(std::move(onDisk), referenced), 1000.0, locale};
+FileTable cleanUpTable(FileList unreferenced, const std::string& locale) {
+  return {cleanUpColumns(), std::move(unreferenced), 1000.0, locale};
 }
 
 }  // namespace quillmeter

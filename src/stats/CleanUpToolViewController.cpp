@@ -56,7 +56,7 @@ void CleanUpToolViewController::tapSearchFiles() {
 
 void CleanUpToolViewController::lookforFiles() {
   const auto project = host_.parserProject();
-  ui_->tblFiles->setTable(cleanUpTable(project->allFilesInFolder(), project->files()));
+  ui_->tblFiles->setTable(cleanUpTable(unreferencedFiles(*project)));
   ui_->tblFiles->setEmptyText(tr("No file was found that the project does not reference."));
   ui_->lblRowCount->setText(
       tr("%1 not referenced").arg(tableText(fileCountText(arrayDifferentFiles().size()))));

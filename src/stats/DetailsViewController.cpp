@@ -1,5 +1,6 @@
 #include "stats/DetailsViewController.h"
 
+#include <QApplication>
 #include <QGraphicsOpacityEffect>
 #include <QPropertyAnimation>
 #include <QShortcut>
@@ -93,8 +94,13 @@ std::array<QPushButton*, 6> DetailsViewController::filterButtons() const {
 }
 
 void DetailsViewController::tapFilters() {
+  const bool opens = targetOpacity_ < 1.0;
+  const QWidget* focused = QApplication::focusWidget();
+  // The button and the pop-up lose the focus, the one when it is disabled and the other when it is hidden.
+  const bool returnsFocus =
+      !opens && focused != nullptr && (focused == ui_->btnFilters || ui_->viewFilters->isAncestorOf(focused));
   ui_->btnFilters->setEnabled(false);
-  if (targetOpacity_ < 1.0) {
+  if (opens) {
     placeFilters();
     ui_->viewFilters->show();
     ui_->viewFilters->raise();
@@ -105,7 +111,10 @@ void DetailsViewController::tapFilters() {
     fadeFilters(0.0);
     hideFiltersAfterFade();
   }
-  services_.delayedCalls->performAfterDelay(this, kFade, [this] { enableBackFilter(); });
+  services_.delayedCalls->performAfterDelay(this, kFade, [this, returnsFocus] {
+    enableBackFilter();
+    if (returnsFocus && isVisible()) ui_->btnFilters->setFocus();
+  });
 }
 
 void DetailsViewController::tapSelectedFilter(const QObject* sender) {

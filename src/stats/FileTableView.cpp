@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QFocusEvent>
 #include <QFontMetrics>
 #include <QHeaderView>
 #include <QPainter>
@@ -36,16 +37,13 @@ FileTableView::FileTableView(QWidget* parent) : QTableView(parent), model_(new F
   header->setHighlightSections(false);
   header->setSectionsClickable(true);
   header->setDefaultAlignment(Qt::AlignCenter | Qt::Alignment(Qt::TextWordWrap));
-  // Room for a header on two lines, which the narrow columns need.
-  QFont headerFont = header->font();
-  headerFont.setPixelSize(kCaptionSize);
-  header->setMinimumHeight(2 * QFontMetrics(headerFont).height() + kPadding);
   header->setSortIndicatorShown(true);
   header->setSortIndicator(-1, Qt::AscendingOrder);
   connect(header, &QHeaderView::sortIndicatorChanged, this, &FileTableView::sortByHeader);
   connect(header, &QHeaderView::sectionResized, this,
           [this](int section, int /*old*/, int width) { keepWidth(section, width); });
   addActions();
+  fitHeader();
 }
 
 void FileTableView::setRevealButtonLook(RevealButtonLook look) {
@@ -70,6 +68,17 @@ void FileTableView::addActions() {
   }
 }
 
+/// Makes room for a line a word of the longest header, which a narrow column may need; two lines at least.
+void FileTableView::fitHeader() {
+  qsizetype lines = 2;
+  for (const FileTableColumn& column : table().columns())
+    lines = std::max(lines, tableText(column.header()).count(QLatin1Char(' ')) + 1);
+  QFont font = horizontalHeader()->font();
+  font.setPixelSize(kCaptionSize);
+  horizontalHeader()->setMinimumHeight(static_cast<int>(lines) * QFontMetrics(font).height() + kPadding);
+  updateGeometries();
+}
+
 void FileTableView::setTable(FileTable table) {
   widths_.clear();
   for (const FileTableColumn& column : table.columns())
@@ -81,6 +90,7 @@ void FileTableView::setTable(FileTable table) {
   sortedSection_ = -1;
   const QSignalBlocker quiet(horizontalHeader());
   horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+  fitHeader();
   fitColumns();
   scrollToTop();
 }
@@ -156,6 +166,13 @@ void FileTableView::paintEvent(QPaintEvent* event) {
 void FileTableView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   if (!isFitting_) fitColumns();
+}
+
+void FileTableView::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  const bool comesByTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+  if (!comesByTab || !currentIndex().isValid() || selectionModel()->hasSelection()) return;
+  selectRow(currentIndex().row());
 }
 
 }  // namespace quillmeter

@@ -37,12 +37,15 @@ class FileTableView final : public QTableView {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  /// Who comes with the keyboard finds a row selected.
+  void focusInEvent(QFocusEvent* event) override;
 
  private:
   void addActions();
   void copySelectedRows();
   void sortByHeader(int section, Qt::SortOrder order);
   void keepWidth(int section, int width);
+  void fitHeader();
   void fitColumns();
 
   FileTableModel* model_;

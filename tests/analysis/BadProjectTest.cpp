@@ -146,6 +146,17 @@ TEST(BadProject, FindsAndMeasuresAFileWhosePathIsTooLongForOneCall) {
   EXPECT_EQ(integerValue(project.files()[0]->noLinesTotal()), 1);
 }
 
+TEST(BadProject, ListsTheFilesOfFoldersDeeperThanAPathMaySay) {
+  constexpr int kLevels = 2100;
+  const TemporaryFolder folder;
+  const testing::DeepTree tree(folder.path(), kLevels);
+  ParseProject project;
+  project.setInitialPath(folder / "App.xcodeproj");
+  const FileList files = project.allFilesInFolder();
+  ASSERT_EQ(files.size(), static_cast<std::size_t>(kLevels));
+  EXPECT_EQ(files.front()->filePath()->size(), folder.path().size() + 2 * (kLevels - 1) + 4);
+}
+
 /// A disk on which one file is gone by the time it is looked at.
 class VanishingFileSystem final : public FileSystem {
  public:

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <filesystem>
 
+#include "analysis/FileSystem.h"
 #include "helpers/ProjectFixture.h"
 
 namespace quillmeter {
@@ -257,6 +258,101 @@ TEST(AllFilesInFolder, AreTheVisibleFilesOfKnownKindsWithTheirSizesOnly) {
   const FileList files = project.allFilesInFolder();
   EXPECT_EQ(files[2]->fileName(), "used.m");
   EXPECT_EQ(integerValue(files[2]->fileSize()), 5);
+  EXPECT_EQ(integerValue(files[3]->fileSize()), 5) << "of the file that the link leads to";
+}
+
+/// Notes what is asked about; some folders cannot be opened and some files vanish.
+class RecordingFileSystem final : public FileSystem {
+ public:
+  [[nodiscard]] std::optional<FileStatus> status(const std::string& path) const override {
+    asked.push_back("path " + path.substr(path.rfind('/') + 1));
+    return FileSystem::status(path);
+  }
+  [[nodiscard]] std::optional<FileStatus> statusInFolder(const Descriptor& folder,
+                                                         const std::string& name) const override {
+    asked.push_back(name);
+    return name == gone ? std::nullopt : FileSystem::statusInFolder(folder, name);
+  }
+  [[nodiscard]] Descriptor openFolder(const std::string& path) const override {
+    asked.push_back("open " + path.substr(path.rfind('/') + 1));
+    return path.ends_with(closed) ? Descriptor() : FileSystem::openFolder(path);
+  }
+  mutable Texts asked;
+  std::string gone = "no file";
+  std::string closed = "no folder";
+};
+
+TEST(AllFilesInFolder, AskTheDiskFolderByFolderAndNeverAboutOtherKinds) {
+  const TemporaryFolder folder;
+  for (const char* file : {"a/x.m", "a/y.c", "a/y.txt", "b.m/z.o"})
+    folder.file(file);
+  const RecordingFileSystem disk;
+  ParseProject project(disk);
+  project.setInitialPath(folder / "P.xcodeproj");
+  EXPECT_EQ(project.allFilesInFolder().size(), 2U);
+  EXPECT_EQ(disk.asked, (Texts{"open a", "x.m", "y.c"}));
+}
+
+TEST(AllFilesInFolder, AreAskedForByPathWhereTheirFolderCannotBeOpened) {
+  const TemporaryFolder folder;
+  for (const char* file : {"a/x.m", "a/y.m", "b/z.m"})
+    folder.file(file, "123");
+  RecordingFileSystem disk;
+  disk.closed = "/a";
+  ParseProject project(disk);
+  project.setInitialPath(folder / "P.xcodeproj");
+  const FileList files = project.allFilesInFolder();
+  ASSERT_EQ(files.size(), 3U);
+  EXPECT_EQ(files[1]->filePath(), folder / "a/y.m");
+  EXPECT_EQ(integerValue(files[1]->fileSize()), 3);
+  EXPECT_EQ(disk.asked, (Texts{"open a", "path x.m", "path y.m", "open b", "z.m"}));
+}
+
+TEST(AllFilesInFolder, LeaveOutAFileThatVanishedSinceTheWalk) {
+  const TemporaryFolder folder;
+  for (const char* file : {"a.m", "b.m", "c.m"})
+    folder.file(file);
+  RecordingFileSystem disk;
+  disk.gone = "b.m";
+  ParseProject project(disk);
+  project.setInitialPath(folder / "P.xcodeproj");
+  const FileList files = project.allFilesInFolder();
+  ASSERT_EQ(files.size(), 2U);
+  EXPECT_EQ(files[1]->fileName(), "c.m");
+}
+
+TEST(AllFilesInFolder, KeepTheirOwnFolderAfterTheContentsOfAnother) {
+  const TemporaryFolder folder;
+  for (const char* file : {"a.m", "b/c/d.m", "b/e.m", "f.m"})
+    folder.file(file, file);
+  ParseProject project;
+  project.setInitialPath(folder / "P.xcodeproj");
+  Texts paths;
+  for (const auto& file : project.allFilesInFolder()) {
+    paths.push_back(file->filePath()->substr(folder.path().size() + 1));
+    EXPECT_EQ(integerValue(file->fileSize()), static_cast<std::int64_t>(paths.back().size()));
+  }
+  EXPECT_EQ(paths, (Texts{"a.m", "b/c/d.m", "b/e.m", "f.m"}));
+}
+
+TEST(FilesInFolderExcept, AskTheDiskOnlyAboutFilesOfOtherPaths) {
+  const TemporaryFolder folder;
+  for (const char* file : {"a/x.m", "b/y.m", "b/z.m"})
+    folder.file(file);
+  const RecordingFileSystem disk;
+  ParseProject project(disk);
+  project.setInitialPath(folder / "P.xcodeproj");
+  const auto atPath = [&](const std::string& path) {
+    auto file = std::make_shared<FileObject>();
+    file->setFilePath(path);
+    return file;
+  };
+  const FileList files = project.filesInFolderExcept({atPath(folder / "b/z.m"), atPath(folder / "a/x.m"),
+                                                      atPath("y.m"), atPath("/y.m"), atPath(""),
+                                                      atPath(folder / "b/"), std::make_shared<FileObject>()});
+  ASSERT_EQ(files.size(), 1U);
+  EXPECT_EQ(files[0]->filePath(), folder / "b/y.m");
+  EXPECT_EQ(disk.asked, (Texts{"open b", "y.m"}));
 }
 
 }  // namespace

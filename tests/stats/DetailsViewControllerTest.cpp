@@ -211,6 +211,7 @@ TEST_F(DetailsViewControllerTest, EscapeClosesThePopup) {
   QTest::keyClick(&button("btnFilter1"), Qt::Key_Escape);
   fakes.delayedCalls->advance(300ms);
   EXPECT_TRUE(popup().isHidden());
+  EXPECT_TRUE(button("btnFilters").hasFocus()) << "so that the keyboard goes on where it was";
 }
 
 TEST_F(DetailsViewControllerTest, FilterButtonsAreWhiteAndDarkGreyWhenOn) {

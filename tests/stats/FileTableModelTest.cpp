@@ -39,10 +39,10 @@ TEST(FileTableModel, KeepsTheContractOfModelsInTheCleanUp) {
   FileTableModel model;
   const QAbstractItemModelTester tester(&model, FailureMode::Fatal);
   EXPECT_EQ(model.columnCount(), 0);
-  model.setTable(cleanUpTable(files(), {}));
+  model.setTable(cleanUpTable(files()));
   for (int column = 0; column < model.columnCount(); ++column)
     model.sort(column, Qt::DescendingOrder);
-  model.setTable(cleanUpTable({}, {}));
+  model.setTable(cleanUpTable({}));
   EXPECT_EQ(model.rowCount(), 0);
   EXPECT_EQ(model.columnCount(), 5);
 }

@@ -142,7 +142,7 @@ TEST(FileTable, AFileOf1536BytesIsOneAndAHalfKilobytesInTheDetails) {
 }
 
 TEST(FileTable, AFileOf1500BytesIsOneAndAHalfKilobytesInTheCleanUp) {
-  EXPECT_EQ(cell(cleanUpTable({record({.name = "a.c", .size = 1500})}, {}, "en_US"), "fileSize"), "1.5");
+  EXPECT_EQ(cell(cleanUpTable({record({.name = "a.c", .size = 1500})}, "en_US"), "fileSize"), "1.5");
 }
 
 TEST(FileTable, ThousandsOfLinesAreRoundedToTwoDecimals) {

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <QFocusEvent>
+#include <QFontMetrics>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -11,6 +13,7 @@
 #include <QToolTip>
 #include <set>
 
+#include "controls/Theme.h"
 #include "helpers/ProjectFixture.h"
 #include "stats/CleanUpTable.h"
 #include "stats/DetailsTable.h"
@@ -62,6 +65,29 @@ TEST_F(FileTableViewTest, AHeaderClickSortsAscendingAndTheNextOneDescending) {
   clickHeader(2);
   EXPECT_EQ(shownNames(), QStringList({QStringLiteral("b.m"), QStringLiteral("a.h"), QStringLiteral("A.m")}));
   EXPECT_EQ(view.horizontalHeader()->sortIndicatorOrder(), Qt::DescendingOrder);
+}
+
+TEST_F(FileTableViewTest, TheHeaderHasRoomForEveryWordOnALineOfItsOwn) {
+  const QHeaderView* header = view.horizontalHeader();
+  const int shortColumns = header->height();
+  view.setTable(detailsTable({record({.name = "b.m"})}, 0, true));
+  QCoreApplication::processEvents();
+  QFont font = header->font();
+  font.setPixelSize(kCaptionSize);
+  EXPECT_GE(header->height(), 3 * QFontMetrics(font).height()) << "Lines / with / comments";
+  view.setTable(detailsTable({record({.name = "b.m"})}, 0, false));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(header->height(), shortColumns);
+}
+
+TEST_F(FileTableViewTest, TheTabKeySelectsTheFirstRow) {
+  QFocusEvent arrival(QEvent::FocusIn, Qt::TabFocusReason);
+  QCoreApplication::sendEvent(&view, &arrival);
+  EXPECT_EQ(view.selectionModel()->selectedRows(), QModelIndexList({view.model()->index(0, 0)}));
+  view.selectRow(2);
+  QCoreApplication::sendEvent(&view, &arrival);
+  EXPECT_EQ(view.selectionModel()->selectedRows(), QModelIndexList({view.model()->index(2, 0)}))
+      << "a row that is selected stays so";
 }
 
 TEST_F(FileTableViewTest, AClickOnTheViewHeaderChangesNothing) {
@@ -197,7 +223,7 @@ TEST_F(FileTableViewTest, TheBulletHasABorderAndTheMagnifierHasNone) {
   FileTableView cleanUp;
   cleanUp.setRevealButtonLook(RevealButtonLook::bullet);
   cleanUp.resize(view.size());
-  cleanUp.setTable(cleanUpTable({record({.name = "a.c"})}, {}));
+  cleanUp.setTable(cleanUpTable({record({.name = "a.c"})}));
   EXPECT_GT(colours(cleanUp), 1U);
 }
 
