@@ -4,7 +4,7 @@
 set -eu
 bin=${1:?usage: bench/app.sh BUILD_FOLDER}/bin
 
-python3 - "$bin/bare_window_start" "$bin/main_screen_start" <<'END'
+python3 - "$bin/quillmeter_bare_window_start" "$bin/quillmeter_main_screen_start" <<'END'
 import statistics, subprocess, sys, time
 times = {program: [] for program in sys.argv[1:]}
 for run in range(31):
@@ -16,4 +16,4 @@ for run in range(31):
 bare, screen = (statistics.median(times[program]) * 1000 for program in sys.argv[1:])
 print("start to first paint: bare window %.1f ms, main screen %.1f ms, ratio %.2f" % (bare, screen, screen / bare))
 END
-"$bin/responsiveness"
+"$bin/quillmeter_responsiveness"

@@ -1,4 +1,4 @@
 if(QUILLMETER_APPLICATION)
-  quillmeter_benchmark(charts_bench SOURCES ChartsBench.cpp LIBS quillmeter_charts_ui)
-  quillmeter_use_qt(charts_bench)
+  quillmeter_benchmark(quillmeter_charts_benchmark SOURCES ChartsBench.cpp LIBS quillmeter_charts_ui)
+  quillmeter_use_qt(quillmeter_charts_benchmark)
 endif()

@@ -1,3 +1,3 @@
-quillmeter_benchmark(quillmeter_parsers_bench
+quillmeter_benchmark(quillmeter_parsers_benchmark
   SOURCES ParsersBenchmark.cpp
   LIBS quillmeter_parsers)

@@ -1,5 +1,5 @@
 if(QUILLMETER_APPLICATION)
   find_package(GTest REQUIRED)
-  quillmeter_benchmark(stats_window_benchmark SOURCES StatsWindowBenchmark.cpp LIBS quillmeter_stats_ui GTest::gtest)
-  quillmeter_use_qt(stats_window_benchmark)
+  quillmeter_benchmark(quillmeter_stats_window_benchmark SOURCES StatsWindowBenchmark.cpp LIBS quillmeter_stats_ui GTest::gtest)
+  quillmeter_use_qt(quillmeter_stats_window_benchmark)
 endif()

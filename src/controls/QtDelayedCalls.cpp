@@ -7,7 +7,8 @@ namespace quillmeter {
 
 void QtDelayedCalls::performAfterDelay(QObject* receiver, std::chrono::milliseconds delay,
                                        std::function<void()> message) {
-  QTimer::singleShot(delay, receiver, std::move(message));
+  // The toolkit's coarse timers may fire a twentieth early; a delay is a promise not to.
+  QTimer::singleShot(delay, Qt::PreciseTimer, receiver, std::move(message));
 }
 
 }  // namespace quillmeter
