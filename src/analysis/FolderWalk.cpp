@@ -166,11 +166,17 @@ class SharedFolderWalk {
     const auto folders = std::count_if(children_.begin(), children_.end(), [](const FolderChild& child) {
       return child.type == FolderWalk::Type::folder;
     });
-    std::thread helper;
+    walkTogether(root, folders > 1);
+    putTogether();
+  }
+
+ private:
+  void walkTogether(const Descriptor& root, bool wantsHelp) {
+    std::jthread helper;  // joined on every way out
     try {
       const int processor = ::sched_getcpu();
-      if (folders > 1) {
-        helper = std::thread([this, &root, processor] {
+      if (wantsHelp) {
+        helper = std::jthread([this, &root, processor] {
           leaveProcessor(processor);
           walkParts(root);
         });
@@ -179,11 +185,8 @@ class SharedFolderWalk {
       // No thread to be had: this one walks alone.
     }
     walkParts(root);
-    if (helper.joinable()) helper.join();
-    putTogether();
   }
 
- private:
   void walkParts(const Descriptor& root) {
     for (std::size_t i = next_++; i < children_.size(); i = next_++) {
       if (children_[i].type != FolderWalk::Type::folder) continue;

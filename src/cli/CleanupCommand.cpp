@@ -71,11 +71,7 @@ int cleanup(const CleanupOptions& options) {
   } else {
     writeTable(table, output);
   }
-  if (const auto error = output.finish()) {
-    complain(*error);
-    return kOutputFailed;
-  }
-  return options.check && !table.rows().empty() ? kFindings : kSuccess;
+  return statusAfter(output, options.check && !table.rows().empty() ? kFindings : kSuccess);
 }
 
 }  // namespace

@@ -34,10 +34,7 @@ std::optional<std::string> misuse(const ExportOptions& options) {
 int exportCsvTo(const std::string& path, const ParseProject& project, const ExportKinds& kinds) {
   Output output(path);
   output.write(csvText(filesToExport(project.files(), kinds)));
-  const auto error = output.finish();
-  if (!error) return kSuccess;
-  complain(*error);
-  return kOutputFailed;
+  return statusAfter(output, kSuccess);
 }
 
 int exportFiles(const ExportOptions& options) {

@@ -29,10 +29,7 @@ int measure(const MeasureOptions& options) {
   } else {
     writeTable(*project, output);
   }
-  const auto error = output.finish();
-  if (!error) return kSuccess;
-  complain(*error);
-  return kOutputFailed;
+  return statusAfter(output, kSuccess);
 }
 
 }  // namespace

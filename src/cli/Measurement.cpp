@@ -3,6 +3,8 @@
 #include <cstdio>
 
 #include "analysis/FileSystem.h"
+#include "cli/ExitStatus.h"
+#include "cli/Output.h"
 #include "cli/ProgressBar.h"
 #include "cli/ProjectPath.h"
 
@@ -31,6 +33,13 @@ std::unique_ptr<ParseProject> readProject(const ReadOptions& options) {
 
 void complain(const std::string& message) {
   std::fprintf(stderr, "quillmeter-cli: %s\n", message.c_str());
+}
+
+int statusAfter(Output& output, int status) {
+  const auto error = output.finish();
+  if (!error) return status;
+  complain(*error);
+  return kOutputFailed;
 }
 
 }  // namespace quillmeter

@@ -7,6 +7,8 @@
 
 namespace quillmeter {
 
+class Output;
+
 /// How a command reads a project for its user.
 struct ReadOptions {
   std::string project;   ///< the argument as the user gave it
@@ -20,5 +22,9 @@ struct ReadOptions {
 
 /// Writes a line for the user on standard error, behind the tool's name.
 void complain(const std::string& message);
+
+/// Completes a command's output. Gives `status` when it was written; otherwise tells the user why not and
+/// gives `kOutputFailed`.
+[[nodiscard]] int statusAfter(Output& output, int status);
 
 }  // namespace quillmeter

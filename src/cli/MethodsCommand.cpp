@@ -153,10 +153,7 @@ int countMethods(const MethodsOptions& options) {
     format->file(path, obstacle ? std::nullopt : countsOf(path));
   }
   format->end();
-  const auto error = output.finish();
-  if (!error) return status;
-  complain(*error);
-  return kOutputFailed;
+  return statusAfter(output, status);
 }
 
 }  // namespace
