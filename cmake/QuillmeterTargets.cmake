@@ -22,8 +22,8 @@ function(quillmeter_use_qt name)
   target_link_libraries(${name} PUBLIC Qt6::Widgets)
 endfunction()
 
-# quillmeter_test(NAME LABELS core|cli|ui|slow SOURCES a_test.cpp … LIBS lib … [QT] [ARGUMENTS …])
-# One test program a folder; each is one ctest entry.
+# quillmeter_test(NAME LABELS core|cli|ui|slow|threads … SOURCES a_test.cpp … LIBS lib … [QT] [ARGUMENTS …])
+# One test program a folder; each is one ctest entry. The thread sanitizer is run over those labelled "threads".
 function(quillmeter_test name)
   cmake_parse_arguments(arg "QT" "TIMEOUT" "SOURCES;LIBS;LABELS" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
@@ -44,6 +44,10 @@ function(quillmeter_test name)
   set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT ${arg_TIMEOUT})
   if(arg_QT)
     # The toolkit and the font library keep what they allocate for the life of the process.
-    set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ASAN_OPTIONS=detect_leaks=0")
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT
+      "QT_QPA_PLATFORM=offscreen;ASAN_OPTIONS=detect_leaks=0;TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/tsan.supp")
+  endif()
+  if("threads" IN_LIST arg_LABELS)
+    add_dependencies(quillmeter_thread_tests ${name})
   endif()
 endfunction()

@@ -1,6 +1,5 @@
 #include "app/ProjectRead.h"
 
-#include <QMetaObject>
 #include <exception>
 #include <utility>
 
@@ -50,28 +49,23 @@ void ProjectRead::run() {
 }
 
 void ProjectRead::progressParsingProjectStarted() {
-  post([this] { Q_EMIT started(); });
+  toMainThread_.post([this] { Q_EMIT started(); });
 }
 
 void ProjectRead::progressParsingProject(double fraction) {
   latestProgress_ = fraction;
   if (progressIsPosted_.exchange(true)) return;
-  post([this] {
+  toMainThread_.post([this] {
     progressIsPosted_ = false;
     Q_EMIT progress(latestProgress_);
   });
 }
 
 void ProjectRead::postEnded(bool succeeded) {
-  post([this, succeeded] {
+  toMainThread_.post([this, succeeded] {
     project_->setDelegate(nullptr);
     Q_EMIT ended(succeeded ? project_ : nullptr);
   });
-}
-
-/// The message is dropped with this object, and no thread is left then that could post another one.
-void ProjectRead::post(std::function<void()> message) {
-  QMetaObject::invokeMethod(this, std::move(message), Qt::QueuedConnection);
 }
 
 }  // namespace quillmeter

@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "analysis/ParseProject.h"
+#include "controls/MessageQueue.h"
 
 namespace quillmeter {
 
@@ -16,7 +17,7 @@ class StoppableFileSystem;
 /// signals on the main thread, in the same order; the reader never waits for them. Progress that the main
 /// thread has not yet come around to is overtaken by newer progress, so that a hundred thousand reports cost
 /// it no more than a few. The project itself crosses over with `ended` and is not touched by the reader any
-/// more from then on, so nothing needs a lock.
+/// more from then on.
 ///
 /// Lives on the main thread. Destroying it stops the reader and waits for it: as long as one call to the file
 /// system takes and the rest of the lines are run through with every file missing, which is some milliseconds
@@ -51,9 +52,9 @@ class ProjectRead final : public QObject, private ParseProjectDelegate {
 
   void run();
   void postEnded(bool succeeded);
-  void post(std::function<void()> message);
 
   std::function<void(ProjectRead&)> body_;
+  MessageQueue toMainThread_;
   std::shared_ptr<StoppableFileSystem> fileSystem_;
   std::shared_ptr<ParseProject> project_;
   std::atomic<double> latestProgress_ = 0.0;

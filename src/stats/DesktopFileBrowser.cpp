@@ -28,8 +28,8 @@ std::string folderOf(const std::string& path) {
 
 }  // namespace
 
-/// The file browser's seat on the bus. Everything but its making and its end happens on the thread that it
-/// was moved to.
+/// The file browser's seat on the bus. It talks with the bus and answers on the thread that it was moved
+/// to.
 class FileManagerBus final : public QObject {
  public:
   using Answer = std::function<void(quint64 request, bool isShown)>;
@@ -40,6 +40,18 @@ class FileManagerBus final : public QObject {
         answer_(std::move(answer)) {}
   ~FileManagerBus() override { QDBusConnection::disconnectFromBus(name_); }
 
+  /// From any thread.
+  void requestShowing(quint64 request, const QByteArray& address) {
+    requests_.post([this, request, address] { show(request, address); });
+  }
+
+  /// No answer is given any more.
+  void fallSilent() {
+    const std::lock_guard lock(mutex_);
+    answer_ = nullptr;
+  }
+
+ private:
   void show(quint64 request, const QByteArray& address) {
     const QDBusConnection bus = connected();
     if (!bus.isConnected()) return answer(request, false);
@@ -55,13 +67,6 @@ class FileManagerBus final : public QObject {
     });
   }
 
-  /// No answer is given any more.
-  void fallSilent() {
-    const std::lock_guard lock(mutex_);
-    answer_ = nullptr;
-  }
-
- private:
   void answer(quint64 request, bool isShown) {
     const std::lock_guard lock(mutex_);
     if (answer_) answer_(request, isShown);
@@ -79,6 +84,7 @@ class FileManagerBus final : public QObject {
   const QString name_;
   std::mutex mutex_;
   Answer answer_;
+  MessageQueue requests_{this};  ///< a child, so that it moves to the thread, too
 };
 
 DesktopFileBrowser::DesktopFileBrowser(std::shared_ptr<DelayedCalls> delayedCalls)
@@ -90,8 +96,7 @@ DesktopFileBrowser::DesktopFileBrowser(std::shared_ptr<DelayedCalls> delayedCall
       openFolder_(std::move(openFolder)),
       thread_(std::make_unique<QThread>()),
       bus_(std::make_unique<FileManagerBus>(busAddress, [this](quint64 request, bool isShown) {
-        QMetaObject::invokeMethod(
-            this, [this, request, isShown] { answered(request, isShown); }, Qt::QueuedConnection);
+        answers_.post([this, request, isShown] { answered(request, isShown); });
       })) {
   bus_->moveToThread(thread_.get());
   thread_->start();
@@ -109,9 +114,7 @@ DesktopFileBrowser::~DesktopFileBrowser() {
 void DesktopFileBrowser::reveal(const std::string& path) {
   const quint64 request = ++lastRequest_;
   waiting_.emplace(request, path);
-  QMetaObject::invokeMethod(
-      bus_.get(), [bus = bus_.get(), request, address = fileAddress(path)] { bus->show(request, address); },
-      Qt::QueuedConnection);
+  bus_->requestShowing(request, fileAddress(path));
   delayedCalls_->performAfterDelay(this, kPatience, [this, request] { answered(request, false); });
 }
 

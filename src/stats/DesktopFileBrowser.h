@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 
+#include "controls/MessageQueue.h"
 #include "controls/Services.h"
 
 class QThread;
@@ -40,6 +41,7 @@ class DesktopFileBrowser final : public QObject, public FileBrowser {
 
   std::shared_ptr<DelayedCalls> delayedCalls_;
   FolderOpener openFolder_;
+  MessageQueue answers_;
   std::unique_ptr<QThread> thread_;
   std::unique_ptr<FileManagerBus> bus_;  ///< works on the thread
   quint64 lastRequest_ = 0;
