@@ -93,7 +93,7 @@ QTableView { background: @card; alternate-background-color: @background; border:
 QTableView:focus { border: 1px solid @accent; }
 QHeaderView { background: @card; }
 QHeaderView::section { background: @card; color: @mutedText; border: none; border-bottom: 1px solid @line;
-  padding: 6px; font-size: @captionpx; }
+  padding: 6px 2px; font-size: @captionpx; }
 QToolTip { background: @sidebar; color: @sidebarText; border: 1px solid @line; padding: 4px; }
 )");
   const auto put = [&sheet](const char* name, const QString& value) {

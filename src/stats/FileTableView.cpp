@@ -15,8 +15,45 @@
 #include "controls/Theme.h"
 
 namespace quillmeter {
+namespace {
+
+/// A header whose sort arrow stands above the text: narrow columns have no room beside it.
+class FileTableHeader final : public QHeaderView {
+ public:
+  explicit FileTableHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
+    setSortIndicatorShown(false);
+  }
+
+ protected:
+  void paintSection(QPainter* painter, const QRect& section, int number) const override {
+    // The toolkit leaves the painter with a clip that lets nothing through.
+    painter->save();
+    QHeaderView::paintSection(painter, section, number);
+    painter->restore();
+    if (number == sortIndicatorSection()) paintArrow(painter, section);
+  }
+
+ private:
+  /// Down for an ascending order, as the desktop's own lists have it.
+  void paintArrow(QPainter* painter, const QRect& section) const {
+    constexpr double halfWidth = 4.5;
+    constexpr double height = 5;
+    const bool isDown = sortIndicatorOrder() == Qt::AscendingOrder;
+    const QPointF tip(section.center().x() + 0.5, section.top() + 2 + (isDown ? height : 0));
+    const QPointF corner(halfWidth, isDown ? -height : height);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(themeFor(palette()).text);
+    painter->drawPolygon(QPolygonF({tip, tip + corner, tip + QPointF(-corner.x(), corner.y())}));
+    painter->restore();
+  }
+};
+
+}  // namespace
 
 FileTableView::FileTableView(QWidget* parent) : QTableView(parent), model_(new FileTableModel(this)) {
+  setHorizontalHeader(new FileTableHeader(this));
   setModel(model_);
   setSelectionBehavior(SelectRows);
   setSelectionMode(ExtendedSelection);
@@ -37,7 +74,6 @@ FileTableView::FileTableView(QWidget* parent) : QTableView(parent), model_(new F
   header->setHighlightSections(false);
   header->setSectionsClickable(true);
   header->setDefaultAlignment(Qt::AlignCenter | Qt::Alignment(Qt::TextWordWrap));
-  header->setSortIndicatorShown(true);
   header->setSortIndicator(-1, Qt::AscendingOrder);
   connect(header, &QHeaderView::sortIndicatorChanged, this, &FileTableView::sortByHeader);
   connect(header, &QHeaderView::sectionResized, this,

@@ -80,6 +80,31 @@ TEST_F(FileTableViewTest, TheHeaderHasRoomForEveryWordOnALineOfItsOwn) {
   EXPECT_EQ(header->height(), shortColumns);
 }
 
+TEST_F(FileTableViewTest, TheSortArrowHidesNoHeader) {
+  view.setStyleSheet(styleSheetFor(themeFor(view.palette())));
+  view.resize(6 * kMinimumColumnWidth + 10, 300);
+  QHeaderView* header = view.horizontalHeader();
+  for (const int column : {0, 2, 3, 4, 5}) {
+    for (const Qt::SortOrder order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
+      header->setSortIndicator(-1, order);
+      const QImage plain = header->viewport()->grab().toImage();
+      header->setSortIndicator(column, order);
+      const QImage sorted = header->viewport()->grab().toImage();
+      const QRgb background = plain.pixel(1, 1);
+      int arrow = 0;
+      int hidden = 0;
+      for (int y = 0; y < plain.height(); ++y) {
+        for (int x = 0; x < plain.width(); ++x) {
+          if (plain.pixel(x, y) == sorted.pixel(x, y)) continue;
+          ++(plain.pixel(x, y) == background ? arrow : hidden);
+        }
+      }
+      EXPECT_GT(arrow, 20) << column << ' ' << order;
+      EXPECT_EQ(hidden, 0) << column << ' ' << order;
+    }
+  }
+}
+
 TEST_F(FileTableViewTest, TheTabKeySelectsTheFirstRow) {
   QFocusEvent arrival(QEvent::FocusIn, Qt::TabFocusReason);
   QCoreApplication::sendEvent(&view, &arrival);
