@@ -20,6 +20,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kFade(300);
 constexpr std::chrono::milliseconds kBeforeExportTab(100);
+constexpr int kBackgroundStyleRaised = 2;
 
 /// The key says "minimal", yet true means the long set of columns. It stays, as users have it stored.
 const std::string& showsExtraColumnsKey() {
@@ -73,6 +74,7 @@ void DetailsViewController::initViewCustom() {
     setTextColorAndAlternateColor(button, QColor(Qt::white), darkGray);
   ui_->viewFilters->hide();
   filtersOpacity_->setOpacity(0.0);
+  ui_->lblTextTitle1->setProperty("backgroundStyle", kBackgroundStyleRaised);
 }
 
 void DetailsViewController::setNumberOfColumnsForTableByFilter() {

@@ -81,6 +81,7 @@ TEST_F(DetailsViewControllerTest, BeginsWithAllSourcesAndTheShortColumns) {
   EXPECT_FALSE(child<QCheckBox>(*controller, "checkMinimalVersion").isChecked());
   EXPECT_TRUE(popup().isHidden());
   EXPECT_EQ(opacity(), 0.0);
+  EXPECT_EQ(child<QLabel>(*controller, "lblTextTitle1").property("backgroundStyle").toInt(), 2);
 }
 
 TEST_F(DetailsViewControllerTest, TheBoxShowsMoreColumnsAndIsRemembered) {
