@@ -1,6 +1,7 @@
 #include "stats/CleanUpToolViewController.h"
 
 #include <QGraphicsOpacityEffect>
+#include <QHideEvent>
 #include <chrono>
 
 #include "analysis/ParseProject.h"
@@ -51,20 +52,36 @@ void CleanUpToolViewController::tapSearchFiles() {
   searchButtonOpacity_->setOpacity(0.0);
   ui_->progressIndicator->show();
   ui_->lblRowCount->setText(tr("Searching…"));
-  services_.delayedCalls->performAfterDelay(this, kBeforeSearch, [this] { lookforFiles(); });
+  services_.delayedCalls->performAfterDelay(this, kBeforeSearch, [this, search = ++searches_] {
+    if (search == searches_) lookforFiles();
+  });
 }
 
 void CleanUpToolViewController::lookforFiles() {
   const auto project = host_.parserProject();
   ui_->tblFiles->setTable(cleanUpTable(unreferencedFiles(*project)));
   ui_->tblFiles->setEmptyText(tr("No file was found that the project does not reference."));
-  ui_->lblRowCount->setText(
-      tr("%1 not referenced").arg(tableText(fileCountText(arrayDifferentFiles().size()))));
-  searchButtonOpacity_->setOpacity(1.0);
-  ui_->progressIndicator->hide();
+  showNoSearch();
   if (arrayDifferentFiles().empty()) {
     services_.alerts->runModal(window(), tableText(kCleanProjectText), {tr("Ok")});
   }
+}
+
+/// The button is back, and the foot counts what the last search found.
+void CleanUpToolViewController::showNoSearch() {
+  const bool hasResult = !ui_->tblFiles->table().columns().empty();
+  const QString count = tr("%1 not referenced").arg(tableText(fileCountText(arrayDifferentFiles().size())));
+  ui_->lblRowCount->setText(hasResult ? count : QString());
+  searchButtonOpacity_->setOpacity(1.0);
+  ui_->progressIndicator->hide();
+}
+
+/// Who closes the panel does not want to wait for its search, nor for the alert that may follow it.
+void CleanUpToolViewController::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  if (event->spontaneous()) return;
+  ++searches_;
+  showNoSearch();
 }
 
 const FileList& CleanUpToolViewController::arrayDifferentFiles() const {

@@ -28,7 +28,7 @@ class CleanUpToolViewController final : public QWidget {
   ~CleanUpToolViewController() override;
 
   void initViewCustom();
-  /// Searches after a second. Nothing happens while a search is pending.
+  /// Searches after a second, unless the panel is closed before. Nothing happens while a search is pending.
   void tapSearchFiles();
   /// Searches now; an alert says so when there is nothing to clean up.
   void lookforFiles();
@@ -38,13 +38,18 @@ class CleanUpToolViewController final : public QWidget {
   /// The unreferenced files in display order.
   [[nodiscard]] const FileList& arrayDifferentFiles() const;
 
+ protected:
+  void hideEvent(QHideEvent* event) override;
+
  private:
   CleanUpToolViewController(StatsHost& host, const Services& services);
+  void showNoSearch();
 
   StatsHost& host_;
   Services services_;
   std::unique_ptr<Ui::CleanUpToolViewController> ui_;
   QGraphicsOpacityEffect* searchButtonOpacity_;
+  unsigned searches_ = 0;  ///< how often a search was asked for or called off
 };
 
 }  // namespace quillmeter

@@ -153,6 +153,35 @@ TEST_F(CleanUpToolViewControllerTest, ABulletRevealsTheFileOfItsRow) {
   EXPECT_EQ(fakes.fileBrowser->revealed.size(), 1U);
 }
 
+TEST_F(CleanUpToolViewControllerTest, ClosingThePanelCallsThePendingSearchOff) {
+  controller->show();
+  searchButton().click();
+  controller->hide();
+  EXPECT_EQ(buttonOpacity(), 1.0);
+  EXPECT_FALSE(indicatorShows());
+  EXPECT_TRUE(child<QLabel>(*controller, "lblRowCount").text().isEmpty());
+  fakes.delayedCalls->advance(500ms);
+  controller->show();
+  searchButton().click();
+  fakes.delayedCalls->advance(999ms);
+  EXPECT_TRUE(fakes.alerts->shown.empty()) << "the first search does not come back";
+  fakes.delayedCalls->advance(1ms);
+  EXPECT_EQ(fakes.alerts->shown.size(), 1U);
+}
+
+TEST_F(CleanUpToolViewControllerTest, ASearchThatIsCalledOffLeavesTheResultOfTheLastOne) {
+  folder.file("left.c");
+  controller->show();
+  search();
+  searchButton().click();
+  controller->hide();
+  std::filesystem::remove(folder / "left.c");
+  fakes.delayedCalls->advance(2s);
+  EXPECT_TRUE(fakes.alerts->shown.empty());
+  EXPECT_THAT(names(), ElementsAre("left.c"));
+  EXPECT_EQ(child<QLabel>(*controller, "lblRowCount").text(), QStringLiteral("1 file not referenced"));
+}
+
 TEST_F(CleanUpToolViewControllerTest, APanelThatIsGoneDoesNotSearch) {
   searchButton().click();
   controller.reset();
