@@ -128,7 +128,7 @@ void DetailsViewController::tapSelectedFilter(const QObject* sender) {
   fadeFilters(0.0);
   hideFiltersAfterFade();
   ui_->btnFilters->setChecked(false);
-  ui_->tableDetails->setFocus();
+  ui_->tableDetails->setFocus(Qt::TabFocusReason);
 }
 
 void DetailsViewController::forcePopupClose() {

@@ -183,6 +183,17 @@ TEST_F(DetailsViewControllerTest, AChoiceFadesThePopupOutAndTurnsItsButtonOff) {
   EXPECT_TRUE(popup().isHidden());
 }
 
+TEST_F(DetailsViewControllerTest, AChoiceTakesTheKeyboardToTheFirstRow) {
+  controller->show();
+  static_cast<void>(QTest::qWaitForWindowActive(controller.get()));
+  choose(3);
+  EXPECT_TRUE(table().hasFocus());
+  EXPECT_EQ(table().selectionModel()->selectedRows(), QModelIndexList({table().model()->index(0, 0)}));
+  QTest::keyClick(&table(), Qt::Key_Down);
+  QTest::keyClick(&table(), Qt::Key_Return);
+  EXPECT_THAT(fakes.fileBrowser->revealed, ElementsAre("/project/b.m"));
+}
+
 TEST_F(DetailsViewControllerTest, ATabChangeClosesThePopupWithoutAFade) {
   button("btnFilters").click();
   fakes.delayedCalls->advance(300ms);
