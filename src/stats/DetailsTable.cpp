@@ -85,8 +85,9 @@ std::array<bool, 5> detailsExportKinds(std::uint32_t filter) {
 
 std::string detailsEmptyText(std::uint32_t filter, bool projectIsEmpty) {
   if (projectIsEmpty) return "No file of this project was found on disk.";
-  std::string text = "This project has no " + std::string(detailsFilterName(filter)) + ".\n";
-  std::string_view separator = "It references no file that ends in .";
+  std::string text =
+      "No " + std::string(detailsFilterName(filter)) + " of this project were found on disk.\n";
+  std::string_view separator = "They would end in .";
   const auto extensions = detailsExtensions(filter);
   for (std::size_t i = 0; i < extensions.size(); ++i) {
     text.append(separator).append(extensions[i]);

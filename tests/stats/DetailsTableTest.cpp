@@ -141,9 +141,9 @@ TEST(DetailsExport, EachFilterHandsOverItsKinds) {
 
 TEST(DetailsEmptyText, SaysWhatIsMissing) {
   EXPECT_EQ(detailsEmptyText(5, false),
-            "This project has no interface files.\nIt references no file that ends in .xib or .nib.");
+            "No interface files of this project were found on disk.\nThey would end in .xib or .nib.");
   EXPECT_EQ(detailsEmptyText(4, false),
-            "This project has no images.\nIt references no file that ends in .jpg, .png, .tiff or .icns.");
+            "No images of this project were found on disk.\nThey would end in .jpg, .png, .tiff or .icns.");
   EXPECT_EQ(detailsEmptyText(4, true), "No file of this project was found on disk.");
 }
 
