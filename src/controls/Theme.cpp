@@ -89,7 +89,8 @@ QCheckBox::indicator:hover { border-color: @accent; }
 QCheckBox::indicator:checked { background: @accent; border-color: @accent; image: url(:/images/check.svg); }
 QCheckBox::indicator:disabled { border-color: @line; background: @background; }
 QTableView { background: @card; alternate-background-color: @background; border: 1px solid @line;
-  border-radius: @radiuspx; gridline-color: @line; selection-background-color: @accent; selection-color: white; }
+  border-radius: @radiuspx; padding: 2px; gridline-color: @line; selection-background-color: @accent;
+  selection-color: white; }
 QTableView:focus { border: 1px solid @accent; }
 QHeaderView { background: @card; }
 QHeaderView::section { background: @card; color: @mutedText; border: none; border-bottom: 1px solid @line;

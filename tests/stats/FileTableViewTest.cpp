@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
@@ -102,6 +103,23 @@ TEST_F(FileTableViewTest, TheSortArrowHidesNoHeader) {
       EXPECT_GT(arrow, 20) << column << ' ' << order;
       EXPECT_EQ(hidden, 0) << column << ' ' << order;
     }
+  }
+}
+
+TEST_F(FileTableViewTest, NothingCoversTheRoundCornersOfTheBorder) {
+  view.setStyleSheet(styleSheetFor(themeFor(view.palette())));
+  view.setTable(detailsTable(FileList(50, record({.name = "a.c"})), 0, false));
+  static_cast<void>(QTest::qWaitForWindowActive(&view));
+  view.setFocus();
+  ASSERT_TRUE(view.hasFocus()) << "so that the border is a dark one";
+  QCoreApplication::processEvents();
+  ASSERT_TRUE(view.verticalScrollBar()->isVisible());
+  const QImage image = view.grab().toImage();
+  constexpr int lightBlue = 200;
+  constexpr int onTheArc = 2;
+  for (const int x : {onTheArc, image.width() - 1 - onTheArc}) {
+    for (const int y : {onTheArc, image.height() - 1 - onTheArc})
+      EXPECT_LT(image.pixelColor(x, y).lightness(), lightBlue) << x << ' ' << y;
   }
 }
 
