@@ -46,10 +46,13 @@ class DetailsViewControllerTest : public ::testing::Test {
   [[nodiscard]] const QPropertyAnimation& fade() const {
     return *controller->findChild<QPropertyAnimation*>();
   }
+  /// The fades themselves run on the toolkit's clock.
+  void waitForFade() const {
+    ASSERT_TRUE(QTest::qWaitFor([this] { return fade().state() == QAbstractAnimation::Stopped; }));
+  }
   void choose(int filter) {
     button("btnFilters").click();
     fakes.delayedCalls->advance(300ms);
-    QTest::qWait(320);
     button(qPrintable(QStringLiteral("btnFilter%1").arg(filter + 1))).click();
     fakes.delayedCalls->advance(300ms);
   }
@@ -147,7 +150,7 @@ TEST_F(DetailsViewControllerTest, TheFilterButtonIsDisabledWhileThePopupFades) {
   EXPECT_TRUE(filters.isEnabled());
   EXPECT_TRUE(filters.isChecked());
   EXPECT_FALSE(popup().isHidden());
-  QTest::qWait(320);
+  waitForFade();
   EXPECT_EQ(opacity(), 1.0);
 
   filters.click();
@@ -160,7 +163,7 @@ TEST_F(DetailsViewControllerTest, TheFilterButtonIsDisabledWhileThePopupFades) {
   EXPECT_TRUE(popup().isHidden());
   EXPECT_TRUE(filters.isEnabled());
   EXPECT_FALSE(filters.isChecked());
-  QTest::qWait(320);
+  waitForFade();
   EXPECT_EQ(opacity(), 0.0);
 }
 
@@ -197,7 +200,7 @@ TEST_F(DetailsViewControllerTest, AChoiceTakesTheKeyboardToTheFirstRow) {
 TEST_F(DetailsViewControllerTest, ATabChangeClosesThePopupWithoutAFade) {
   button("btnFilters").click();
   fakes.delayedCalls->advance(300ms);
-  QTest::qWait(320);
+  waitForFade();
   ASSERT_EQ(opacity(), 1.0);
   controller->forcePopupClose();
   EXPECT_EQ(opacity(), 0.0);
