@@ -100,6 +100,7 @@ void FileTableView::addActions() {
   connect(copy, &QAction::triggered, this, &FileTableView::copySelectedRows);
   for (QAction* action : {reveal, copy}) {
     action->setShortcutContext(Qt::WidgetShortcut);
+    action->setEnabled(false);
     addAction(action);
   }
 }
@@ -123,6 +124,8 @@ void FileTableView::setTable(FileTable table) {
     const QScopedValueRollback fitting(isFitting_, true);
     model_->setTable(std::move(table));
   }
+  for (QAction* const action : actions())
+    action->setEnabled(model_->rowCount() > 0);
   sortedSection_ = -1;
   const QSignalBlocker quiet(horizontalHeader());
   horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);

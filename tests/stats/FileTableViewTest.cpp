@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QClipboard>
 #include <QFocusEvent>
 #include <QFontMetrics>
@@ -12,6 +13,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
+#include <algorithm>
 #include <set>
 
 #include "controls/Theme.h"
@@ -211,6 +213,26 @@ TEST_F(FileTableViewTest, TypingBeginsWithTheFirstRow) {
   EXPECT_EQ(view.currentIndex().row(), 0);
   QTest::keyClicks(&view, QStringLiteral(".m"));
   EXPECT_EQ(view.currentIndex().row(), 1);
+}
+
+TEST_F(FileTableViewTest, TypingFindsANameWithABlank) {
+  view.setTable(detailsTable({record({.name = "Note one.m"}), record({.name = "Note two.m"})}, 0, false));
+  QTest::keyClicks(&view, QStringLiteral("note t"));
+  EXPECT_EQ(view.currentIndex().row(), 1);
+  EXPECT_EQ(view.selectionModel()->selectedRows().size(), 1);
+}
+
+TEST_F(FileTableViewTest, AnEmptyTableOffersNothingToDo) {
+  const auto offersAnything = [this] {
+    const QList<QAction*> actions = view.actions();
+    return std::any_of(actions.begin(), actions.end(),
+                       [](const QAction* action) { return action->isEnabled(); });
+  };
+  EXPECT_TRUE(offersAnything());
+  view.setTable(detailsTable({}, 0, false));
+  EXPECT_FALSE(offersAnything());
+  view.setTable(detailsTable({record({.name = "a.m"})}, 0, false));
+  EXPECT_TRUE(offersAnything());
 }
 
 TEST_F(FileTableViewTest, TypingIntoAnEmptyTableIsHarmless) {
