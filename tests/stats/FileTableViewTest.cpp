@@ -45,6 +45,16 @@ class FileTableViewTest : public ::testing::Test {
     QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, middle);
   }
 
+  void dragEdgeOf(int section, int by) {
+    QHeaderView* header = view.horizontalHeader();
+    const QPoint edge(header->sectionViewportPosition(section) + header->sectionSize(section) - 1,
+                      header->height() / 2);
+    QTest::mousePress(header->viewport(), Qt::LeftButton, {}, edge);
+    QTest::mouseMove(header->viewport(), edge + QPoint(by / 2, 0));
+    QTest::mouseMove(header->viewport(), edge + QPoint(by, 0));
+    QTest::mouseRelease(header->viewport(), Qt::LeftButton, {}, edge + QPoint(by, 0));
+  }
+
   [[nodiscard]] QStringList shownNames() const {
     QStringList names;
     for (int row = 0; row < view.model()->rowCount(); ++row)
@@ -168,12 +178,14 @@ TEST_F(FileTableViewTest, ANarrowViewKeepsTheMinimaAndScrolls) {
 }
 
 TEST_F(FileTableViewTest, AColumnResizedByHandKeepsToItsLimits) {
-  view.setColumnWidth(2, 400);
-  EXPECT_EQ(view.columnWidth(2), 400);
-  view.setColumnWidth(0, 300);
+  const int name = view.columnWidth(2);
+  dragEdgeOf(2, 30);
+  EXPECT_EQ(view.columnWidth(2), name + 30);
+  dragEdgeOf(0, 300);
   EXPECT_EQ(view.columnWidth(0), 60);
-  view.setColumnWidth(3, 10);
-  EXPECT_EQ(view.horizontalHeader()->minimumSectionSize(), 44);
+  dragEdgeOf(3, -300);
+  EXPECT_EQ(view.columnWidth(3), 44);
+  EXPECT_EQ(view.horizontalHeader()->sortIndicatorSection(), -1) << "a drag is no click";
 }
 
 TEST_F(FileTableViewTest, AWiderViewSharesItsRoomFromTheWidthsSetByHand) {
