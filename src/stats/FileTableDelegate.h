@@ -28,6 +28,9 @@ class FileTableDelegate final : public QStyledItemDelegate {
   bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                  const QModelIndex& index) override;
 
+  /// No button is pressed any more, wherever the mouse button was let go.
+  void letGo() { pressed_ = QModelIndex(); }
+
  Q_SIGNALS:
   /// The button of a row was pressed and let go.
   void revealRequested(int row);

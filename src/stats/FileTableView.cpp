@@ -83,9 +83,9 @@ FileTableView::FileTableView(QWidget* parent) : QTableView(parent), model_(new F
 }
 
 void FileTableView::setRevealButtonLook(RevealButtonLook look) {
-  auto* delegate = new FileTableDelegate(look, this);
-  connect(delegate, &FileTableDelegate::revealRequested, this, &FileTableView::revealRequested);
-  setItemDelegate(delegate);
+  delegate_ = new FileTableDelegate(look, this);
+  connect(delegate_, &FileTableDelegate::revealRequested, this, &FileTableView::revealRequested);
+  setItemDelegate(delegate_);
 }
 
 void FileTableView::addActions() {
@@ -205,6 +205,13 @@ void FileTableView::paintEvent(QPaintEvent* event) {
 void FileTableView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   if (!isFitting_) fitColumns();
+}
+
+/// The delegate does not hear of a mouse button that is let go beside the rows.
+void FileTableView::mouseReleaseEvent(QMouseEvent* event) {
+  QTableView::mouseReleaseEvent(event);
+  if (delegate_ != nullptr) delegate_->letGo();
+  viewport()->update();
 }
 
 void FileTableView::focusInEvent(QFocusEvent* event) {

@@ -37,6 +37,7 @@ class FileTableView final : public QTableView {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   /// Who comes with the keyboard finds a row selected.
   void focusInEvent(QFocusEvent* event) override;
 
@@ -49,6 +50,7 @@ class FileTableView final : public QTableView {
   void fitColumns();
 
   FileTableModel* model_;
+  FileTableDelegate* delegate_ = nullptr;
   QString emptyText_;
   std::vector<int> widths_;  ///< of the columns before they share the view's width
   bool isFitting_ = false;

@@ -286,6 +286,22 @@ TEST_F(FileTableViewTest, AButtonLetGoElsewhereRevealsNothing) {
   EXPECT_EQ(revealed.count(), 0);
 }
 
+TEST_F(FileTableViewTest, AButtonLetGoBelowTheRowsIsNotPressedAnyMore) {
+  const ThemeColors& colors = themeFor(view.palette());
+  view.setRevealButtonLook(RevealButtonLook::bullet);
+  const QSignalSpy revealed(&view, &FileTableView::revealRequested);
+  const QPoint besideTheBullet = middleOf(0, 1) - QPoint(8, 0);
+  const QPoint belowTheRows(middleOf(0, 1).x(), view.viewport()->height() - 5);
+  const auto colour = [&] { return view.viewport()->grab().toImage().pixelColor(besideTheBullet); };
+  QTest::mousePress(view.viewport(), Qt::LeftButton, {}, besideTheBullet);
+  EXPECT_EQ(colour(), colors.accent);
+  QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, belowTheRows);
+  EXPECT_EQ(colour(), colors.card);
+  QTest::mousePress(view.viewport(), Qt::LeftButton, {}, belowTheRows);
+  QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, besideTheBullet);
+  EXPECT_EQ(revealed.count(), 0) << "the press was elsewhere";
+}
+
 TEST_F(FileTableViewTest, TheBulletHasABorderAndTheMagnifierHasNone) {
   const QRect cell = view.visualRect(view.model()->index(0, 1));
   const auto colours = [&](FileTableView& shown) {
