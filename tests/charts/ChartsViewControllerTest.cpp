@@ -322,6 +322,33 @@ TEST_F(ChartsTab, ChoosingAChartClosesThePanelAndStartsIt) {
   EXPECT_TRUE(tab->viewFilters()->isHidden());
 }
 
+TEST_F(ChartsTab, ChartThatIsChosenAgainStaysTheOneMarked) {
+  open(twentyOfEach());
+  tab->tapFilters();
+  for (const int chosen : {1, 3}) {
+    QTest::mouseClick(button(chosen), Qt::LeftButton);
+    for (int chart = 0; chart < 5; ++chart)
+      EXPECT_EQ(button(chart)->isChecked(), chart == chosen) << chart;
+  }
+}
+
+TEST_F(ChartsTab, ArrowKeysGoThroughThePanelWithoutChoosing) {
+  open(twentyOfEach());
+  tab->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(tab.get()));
+  named("btnFilters")->setFocus();
+  tab->tapFilters();
+  for (const int chart : {2, 3, 4}) {
+    QTest::keyClick(tab->focusWidget(), Qt::Key_Down);
+    EXPECT_EQ(tab->focusWidget(), button(chart));
+    EXPECT_EQ(tab->currentTableFilter(), 1);
+    EXPECT_EQ(tab->viewFilters()->alphaValue(), 1.0);
+  }
+  QTest::keyClick(tab->focusWidget(), Qt::Key_Space);
+  EXPECT_EQ(tab->currentTableFilter(), 4);
+  EXPECT_EQ(tab->viewFilters()->alphaValue(), 0.0);
+}
+
 TEST_F(ChartsTab, EachButtonOfThePanelChoosesItsChart) {
   open(twentyOfEach());
   for (int chart = 0; chart < 5; ++chart) {
