@@ -247,6 +247,8 @@ void ChartsViewController::tapSelectedFilter(const QPushButton* sender) {
     if (sender == filterButton(chart)) currentTableFilter_ = chart;
   }
   highlightCurrentFilter();
+  // Details that were opened beside the panel are about a bar that goes now.
+  dismissInfoForItem();
   if (isBarChart(currentTableFilter_)) ui_->btnInfo->show();
   startAnimation();
   fadeFiltersOut();

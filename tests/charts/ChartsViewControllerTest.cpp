@@ -468,6 +468,16 @@ TEST_F(ChartsTab, OpeningThePanelFadesTheDetailsOut) {
   EXPECT_EQ(tab->viewPopoverDetailsChart()->alphaValue(), 0.0);
 }
 
+TEST_F(ChartsTab, DetailsOfOneChartAreNotLeftStandingOverAnother) {
+  open(twentyOfEach());
+  chooseAndGrow(2);
+  tab->tapFilters();
+  clickBar(14);
+  EXPECT_EQ(tab->viewPopoverDetailsChart()->alphaValue(), 0.9);
+  choose(0);
+  EXPECT_EQ(tab->viewPopoverDetailsChart()->alphaValue(), 0.0);
+}
+
 TEST_F(ChartsTab, AdviceThatCannotBeGivenLeavesTheLastOneStanding) {
   open({record({.name = "a.m", .lines = 30}), record({.name = "b.m", .lines = 2})});
   chooseAndGrow(2);
