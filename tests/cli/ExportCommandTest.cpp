@@ -171,6 +171,20 @@ TEST_F(ExportCommand, MissingApplicationIsAFailedOutput) {
   EXPECT_EQ(readFile(folder / "out.csv"), kHeader + kRows);
 }
 
+TEST_F(ExportCommand, ApplicationThatDoesNotStartIsAFailedOutput) {
+  // As the system ends a program whose libraries are missing.
+  const std::string tool = folder / "quillmeter-cli";
+  std::filesystem::copy_file(QUILLMETER_BINARY_DIR "/bin/quillmeter-cli", tool);
+  folder.file("quillmeter", "#!/bin/sh\nexit 127\n");
+  std::filesystem::permissions(folder / "quillmeter", std::filesystem::perms::owner_all);
+  const int status = runShell("'" + tool + "' export --quiet --pdf '" + (folder / "out.pdf") + "' '" +
+                              bundle + "' 2>'" + (folder / "errors") + "'");
+  ASSERT_TRUE(WIFEXITED(status));
+  EXPECT_EQ(WEXITSTATUS(status), 4);
+  EXPECT_EQ(readFile(folder / "errors"),
+            "quillmeter-cli: cannot make the PDF report: the application ended with status 127\n");
+}
+
 #ifdef QUILLMETER_HAS_APPLICATION
 
 TEST_F(ExportCommand, WritesTheReportWithoutADisplay) {
