@@ -91,6 +91,7 @@ TEST_F(ExportCommand, MistakesAreWrongUsage) {
       {"export", "--csv", "-", "--kinds", "", bundle},
       {"export", "--csv", "-", "--pdf", "-", bundle},
       {"export", "--csv", folder / "out", "--pdf", folder / "out", bundle},
+      {"export", "--csv", folder / "out", "--pdf", folder / "./out", bundle},
       {"export", "--csv", "-", "--unknown", bundle},
   };
   for (const auto& arguments : mistakes) {
