@@ -121,10 +121,25 @@ TEST_F(ChartsTab, SharesAreTakenOnceAndNeverAgain) {
   EXPECT_DOUBLE_EQ(canvas()->pieChart1Perc1(), 0.5);
 }
 
+/// How many points of a widget's picture have exactly this colour.
+int pointsOf(QWidget* widget, const QColor& color) {
+  const QImage picture = widget->grab().toImage();
+  int count = 0;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x)
+      count += picture.pixelColor(x, y) == color ? 1 : 0;
+  }
+  return count;
+}
+
 TEST_F(ChartsTab, ChartButtonsHaveWhiteTitlesThatTurnDarkWhenOn) {
   open(twentyOfEach());
-  for (int chart = 0; chart < 5; ++chart)
-    EXPECT_EQ(textColor(button(chart)), QColor(Qt::white));
+  tab->tapFilters();
+  const QColor darkGrey(85, 85, 85);
+  for (int chart = 0; chart < 5; ++chart) {
+    EXPECT_EQ(textColor(button(chart)), QColor(Qt::white)) << chart;
+    EXPECT_EQ(pointsOf(button(chart), darkGrey) > 0, chart == 1) << chart;
+  }
 }
 
 // The grow-in
