@@ -412,6 +412,17 @@ TEST_F(ChartsTab, EscapeClosesThePanel) {
   EXPECT_EQ(tab->viewFilters()->alphaValue(), 0.0);
 }
 
+TEST_F(ChartsTab, EscapeOnTheChartClosesThePanelAndTheDetails) {
+  open(twentyOfEach());
+  chooseAndGrow(2);
+  tab->tapFilters();
+  fakes.delayedCalls->advance(300ms);
+  clickBar(3);
+  QTest::keyClick(canvas(), Qt::Key_Escape);
+  EXPECT_EQ(tab->viewFilters()->alphaValue(), 0.0);
+  EXPECT_EQ(tab->viewPopoverDetailsChart()->alphaValue(), 0.0);
+}
+
 // Information
 
 TEST_F(ChartsTab, InfoButtonIsThereForBarChartsOnly) {
