@@ -120,7 +120,7 @@ TEST_F(ExportCommand, PlaceThatCannotBeWrittenIsNamed) {
 TEST_F(ExportCommand, FullDiskIsAFailedOutput) {
   const ToolResult result = runTool({"export", "--csv", "-", bundle}, {.standardOutput = "/dev/full"});
   EXPECT_EQ(result.status, 4);
-  EXPECT_THAT(result.errors, HasSubstr("standard output"));
+  EXPECT_THAT(result.errors, HasSubstr("standard output: No space left on device"));
 }
 
 TEST_F(ExportCommand, OldTableSurvivesAToolThatIsKilledWhileItWrites) {
@@ -225,7 +225,7 @@ TEST_F(ExportCommand, ReportThatCannotBeWrittenIsNamed) {
   EXPECT_TRUE(std::filesystem::is_directory(folder / "out.pdf"));
   const ToolResult full = runTool({"export", "--pdf", "-", bundle}, {.standardOutput = "/dev/full"});
   EXPECT_EQ(full.status, 4);
-  EXPECT_THAT(full.errors, HasSubstr("standard output"));
+  EXPECT_THAT(full.errors, HasSubstr("standard output: No space left on device"));
 }
 
 TEST_F(ExportCommand, OldReportSurvivesAnApplicationThatIsKilled) {
