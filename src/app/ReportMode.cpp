@@ -1,10 +1,12 @@
 #include "app/ReportMode.h"
 
 #include <QApplication>
+#include <cerrno>
 #include <cstdio>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "analysis/ParseProject.h"
 #include "export/Export.h"
@@ -39,8 +41,8 @@ ReportSource sourceOf(const std::shared_ptr<const ParseProject>& project) {
 std::optional<std::string> writeToStandardOutput(const std::optional<std::string>& document) {
   if (!document) return "the document does not fit into memory";
   const bool written = std::fwrite(document->data(), 1, document->size(), stdout) == document->size();
-  if (!written || std::fflush(stdout) != 0) return "cannot write standard output";
-  return std::nullopt;
+  if (written && std::fflush(stdout) == 0) return std::nullopt;
+  return "cannot write standard output: " + std::generic_category().message(errno);
 }
 
 int report(const std::string& file, const ExportKinds& kinds, const std::string& bundle) {

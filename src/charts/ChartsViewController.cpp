@@ -230,9 +230,7 @@ void ChartsViewController::tapFilters() {
     panel->show();
     panel->raise();
     panel->animateAlphaValue(1.0);
-    for (std::int32_t chart = 0; chart < kChartButtons; ++chart) {
-      filterButton(chart)->setChecked(chart == currentTableFilter_);
-    }
+    highlightCurrentFilter();
     ui_->btnFilters->setChecked(true);
     if (hadFocus) filterButton(currentTableFilter_)->setFocus();
   } else {
@@ -248,11 +246,19 @@ void ChartsViewController::tapSelectedFilter(const QPushButton* sender) {
   for (std::int32_t chart = 0; chart < kChartButtons; ++chart) {
     if (sender == filterButton(chart)) currentTableFilter_ = chart;
   }
+  highlightCurrentFilter();
+  // Details that were opened beside the panel are about a bar that goes now.
+  dismissInfoForItem();
   if (isBarChart(currentTableFilter_)) ui_->btnInfo->show();
   startAnimation();
   fadeFiltersOut();
   ui_->btnFilters->setChecked(false);
   if (sender != nullptr && sender->hasFocus()) ui_->btnFilters->setFocus();
+}
+
+void ChartsViewController::highlightCurrentFilter() {
+  for (std::int32_t chart = 0; chart < kChartButtons; ++chart)
+    filterButton(chart)->setChecked(chart == currentTableFilter_);
 }
 
 void ChartsViewController::enableBackFilter() {

@@ -86,6 +86,7 @@ class ChartsViewController : public QWidget, private DrawingCanvasViewDelegate {
   void setFractions();
   void setBarChartValues();
   void showHint();
+  void highlightCurrentFilter();
   void fadeFiltersOut();
   void hideFiltersLater();
   void placeFilters();

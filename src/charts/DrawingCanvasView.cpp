@@ -212,7 +212,9 @@ void DrawingCanvasView::keyPressEvent(QKeyEvent* event) {
       break;
     case Qt::Key_Escape:
       if (delegate_ != nullptr) delegate_->dismissInfoForItem();
-      break;
+      // The page may have something to close, too.
+      QWidget::keyPressEvent(event);
+      return;
     default:
       QWidget::keyPressEvent(event);
       return;

@@ -38,7 +38,11 @@ int runApplication(std::vector<std::string> arguments) {
   int status = 0;
   while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
   }
-  return WIFEXITED(status) ? WEXITSTATUS(status) : failed("the application was ended by a signal");
+  if (!WIFEXITED(status)) return failed("the application was ended by a signal");
+  const int ended = WEXITSTATUS(status);
+  // Any other status is not the application's own: it could not even start.
+  if (ended == kSuccess || ended == kNothingMeasured || ended == kOutputFailed) return ended;
+  return failed("the application ended with status " + std::to_string(ended));
 }
 
 }  // namespace quillmeter

@@ -1,7 +1,9 @@
 #include <CLI/CLI.hpp>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
+#include <system_error>
 
 #include "cli/Application.h"
 #include "cli/Commands.h"
@@ -20,11 +22,23 @@ struct ExportOptions {
   std::string kinds = "c,headers,objc,images,xib";
 };
 
+/// Whether two names lead to one file, whichever way they are written.
+bool isOneFile(const std::string& first, const std::string& second) {
+  const auto whole = [](const std::string& path) {
+    std::error_code error;
+    const auto resolved = std::filesystem::weakly_canonical(std::filesystem::absolute(path, error), error);
+    return error ? std::filesystem::path(path) : resolved;
+  };
+  return first != "-" && second != "-" && whole(first) == whole(second);
+}
+
 /// What is wrong with the options together; nothing when they make sense.
 std::optional<std::string> misuse(const ExportOptions& options) {
   if (!options.csv && !options.pdf) return "export: name an output with --csv or --pdf";
   if (options.csv == "-" && options.pdf == "-") return "export: only one output can be standard output";
-  if (options.csv == options.pdf) return "export: --csv and --pdf name the same file";
+  if (options.csv && options.pdf && isOneFile(*options.csv, *options.pdf)) {
+    return "export: --csv and --pdf name the same file";
+  }
   if (!exportKindsNamed(options.kinds)) {
     return "export: --kinds takes a list of c, headers, objc, images and xib, separated by commas";
   }

@@ -52,15 +52,19 @@ int openTemporary(const std::string& folder, std::string& path) {
 
 }  // namespace
 
-AtomicFile::AtomicFile(std::string path) : destination_(linkTarget(std::move(path))) {
-  openPart();
+AtomicFile::AtomicFile(const std::string& path) : destination_(linkTarget(path)) {
+  if (destination_.empty()) {
+    fail(path.empty() ? ENOENT : ELOOP);
+  } else {
+    openPart();
+  }
 }
 
 void AtomicFile::openPart() {
-  if (destination_.empty()) return fail(ELOOP);
   struct stat status {};
   const bool exists = ::stat(destination_.c_str(), &status) == 0;
-  if (exists && !S_ISREG(status.st_mode)) return fail(S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
+  if (exists && S_ISDIR(status.st_mode)) return fail(EISDIR);
+  if (exists && !S_ISREG(status.st_mode)) return fail("Not a regular file");
   descriptor_ = openTemporary(folderOf(destination_), temporary_);
   const int reason = errno;
   if (descriptor_ < 0) temporary_.clear();
@@ -102,7 +106,11 @@ std::optional<std::string> AtomicFile::commit() {
 }
 
 void AtomicFile::fail(int errorNumber) {
-  if (!error_) error_ = std::generic_category().message(errorNumber);
+  fail(std::generic_category().message(errorNumber));
+}
+
+void AtomicFile::fail(const std::string& reason) {
+  if (!error_) error_ = reason;
   removeTemporary();
 }
 

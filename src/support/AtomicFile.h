@@ -13,7 +13,7 @@ namespace quillmeter {
 /// object that is destroyed without `commit` removes its temporary file.
 class AtomicFile {
  public:
-  explicit AtomicFile(std::string path);
+  explicit AtomicFile(const std::string& path);
   ~AtomicFile();
   AtomicFile(const AtomicFile&) = delete;
   AtomicFile& operator=(const AtomicFile&) = delete;
@@ -21,14 +21,14 @@ class AtomicFile {
   /// Appends bytes. After a failure this does nothing.
   void write(std::string_view bytes);
 
-  /// Puts the file in place. Gives the system's message for the first thing that failed, or nothing on
-  /// success.
+  /// Puts the file in place. Says what failed first, mostly in the system's words, or nothing on success.
   [[nodiscard]] std::optional<std::string> commit();
 
  private:
   void openPart();
   void flush();
   void fail(int errorNumber);
+  void fail(const std::string& reason);
   void removeTemporary();
 
   std::string destination_;

@@ -121,10 +121,25 @@ TEST_F(ChartsTab, SharesAreTakenOnceAndNeverAgain) {
   EXPECT_DOUBLE_EQ(canvas()->pieChart1Perc1(), 0.5);
 }
 
+/// How many points of a widget's picture have exactly this colour.
+int pointsOf(QWidget* widget, const QColor& color) {
+  const QImage picture = widget->grab().toImage();
+  int count = 0;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x)
+      count += picture.pixelColor(x, y) == color ? 1 : 0;
+  }
+  return count;
+}
+
 TEST_F(ChartsTab, ChartButtonsHaveWhiteTitlesThatTurnDarkWhenOn) {
   open(twentyOfEach());
-  for (int chart = 0; chart < 5; ++chart)
-    EXPECT_EQ(textColor(button(chart)), QColor(Qt::white));
+  tab->tapFilters();
+  const QColor darkGrey(85, 85, 85);
+  for (int chart = 0; chart < 5; ++chart) {
+    EXPECT_EQ(textColor(button(chart)), QColor(Qt::white)) << chart;
+    EXPECT_EQ(pointsOf(button(chart), darkGrey) > 0, chart == 1) << chart;
+  }
 }
 
 // The grow-in
@@ -322,6 +337,33 @@ TEST_F(ChartsTab, ChoosingAChartClosesThePanelAndStartsIt) {
   EXPECT_TRUE(tab->viewFilters()->isHidden());
 }
 
+TEST_F(ChartsTab, ChartThatIsChosenAgainStaysTheOneMarked) {
+  open(twentyOfEach());
+  tab->tapFilters();
+  for (const int chosen : {1, 3}) {
+    QTest::mouseClick(button(chosen), Qt::LeftButton);
+    for (int chart = 0; chart < 5; ++chart)
+      EXPECT_EQ(button(chart)->isChecked(), chart == chosen) << chart;
+  }
+}
+
+TEST_F(ChartsTab, ArrowKeysGoThroughThePanelWithoutChoosing) {
+  open(twentyOfEach());
+  tab->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(tab.get()));
+  named("btnFilters")->setFocus();
+  tab->tapFilters();
+  for (const int chart : {2, 3, 4}) {
+    QTest::keyClick(tab->focusWidget(), Qt::Key_Down);
+    EXPECT_EQ(tab->focusWidget(), button(chart));
+    EXPECT_EQ(tab->currentTableFilter(), 1);
+    EXPECT_EQ(tab->viewFilters()->alphaValue(), 1.0);
+  }
+  QTest::keyClick(tab->focusWidget(), Qt::Key_Space);
+  EXPECT_EQ(tab->currentTableFilter(), 4);
+  EXPECT_EQ(tab->viewFilters()->alphaValue(), 0.0);
+}
+
 TEST_F(ChartsTab, EachButtonOfThePanelChoosesItsChart) {
   open(twentyOfEach());
   for (int chart = 0; chart < 5; ++chart) {
@@ -368,6 +410,17 @@ TEST_F(ChartsTab, EscapeClosesThePanel) {
   fakes.delayedCalls->advance(300ms);
   QTest::keyClick(button(1), Qt::Key_Escape);
   EXPECT_EQ(tab->viewFilters()->alphaValue(), 0.0);
+}
+
+TEST_F(ChartsTab, EscapeOnTheChartClosesThePanelAndTheDetails) {
+  open(twentyOfEach());
+  chooseAndGrow(2);
+  tab->tapFilters();
+  fakes.delayedCalls->advance(300ms);
+  clickBar(3);
+  QTest::keyClick(canvas(), Qt::Key_Escape);
+  EXPECT_EQ(tab->viewFilters()->alphaValue(), 0.0);
+  EXPECT_EQ(tab->viewPopoverDetailsChart()->alphaValue(), 0.0);
 }
 
 // Information
@@ -438,6 +491,16 @@ TEST_F(ChartsTab, OpeningThePanelFadesTheDetailsOut) {
   chooseAndGrow(2);
   clickBar(0);
   tab->tapFilters();
+  EXPECT_EQ(tab->viewPopoverDetailsChart()->alphaValue(), 0.0);
+}
+
+TEST_F(ChartsTab, DetailsOfOneChartAreNotLeftStandingOverAnother) {
+  open(twentyOfEach());
+  chooseAndGrow(2);
+  tab->tapFilters();
+  clickBar(14);
+  EXPECT_EQ(tab->viewPopoverDetailsChart()->alphaValue(), 0.9);
+  choose(0);
   EXPECT_EQ(tab->viewPopoverDetailsChart()->alphaValue(), 0.0);
 }
 

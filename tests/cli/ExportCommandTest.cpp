@@ -91,6 +91,7 @@ TEST_F(ExportCommand, MistakesAreWrongUsage) {
       {"export", "--csv", "-", "--kinds", "", bundle},
       {"export", "--csv", "-", "--pdf", "-", bundle},
       {"export", "--csv", folder / "out", "--pdf", folder / "out", bundle},
+      {"export", "--csv", folder / "out", "--pdf", folder / "./out", bundle},
       {"export", "--csv", "-", "--unknown", bundle},
   };
   for (const auto& arguments : mistakes) {
@@ -119,7 +120,7 @@ TEST_F(ExportCommand, PlaceThatCannotBeWrittenIsNamed) {
 TEST_F(ExportCommand, FullDiskIsAFailedOutput) {
   const ToolResult result = runTool({"export", "--csv", "-", bundle}, {.standardOutput = "/dev/full"});
   EXPECT_EQ(result.status, 4);
-  EXPECT_THAT(result.errors, HasSubstr("standard output"));
+  EXPECT_THAT(result.errors, HasSubstr("standard output: No space left on device"));
 }
 
 TEST_F(ExportCommand, OldTableSurvivesAToolThatIsKilledWhileItWrites) {
@@ -171,6 +172,20 @@ TEST_F(ExportCommand, MissingApplicationIsAFailedOutput) {
   EXPECT_EQ(readFile(folder / "out.csv"), kHeader + kRows);
 }
 
+TEST_F(ExportCommand, ApplicationThatDoesNotStartIsAFailedOutput) {
+  // As the system ends a program whose libraries are missing.
+  const std::string tool = folder / "quillmeter-cli";
+  std::filesystem::copy_file(QUILLMETER_BINARY_DIR "/bin/quillmeter-cli", tool);
+  folder.file("quillmeter", "#!/bin/sh\nexit 127\n");
+  std::filesystem::permissions(folder / "quillmeter", std::filesystem::perms::owner_all);
+  const int status = runShell("'" + tool + "' export --quiet --pdf '" + (folder / "out.pdf") + "' '" +
+                              bundle + "' 2>'" + (folder / "errors") + "'");
+  ASSERT_TRUE(WIFEXITED(status));
+  EXPECT_EQ(WEXITSTATUS(status), 4);
+  EXPECT_EQ(readFile(folder / "errors"),
+            "quillmeter-cli: cannot make the PDF report: the application ended with status 127\n");
+}
+
 #ifdef QUILLMETER_HAS_APPLICATION
 
 TEST_F(ExportCommand, WritesTheReportWithoutADisplay) {
@@ -210,7 +225,7 @@ TEST_F(ExportCommand, ReportThatCannotBeWrittenIsNamed) {
   EXPECT_TRUE(std::filesystem::is_directory(folder / "out.pdf"));
   const ToolResult full = runTool({"export", "--pdf", "-", bundle}, {.standardOutput = "/dev/full"});
   EXPECT_EQ(full.status, 4);
-  EXPECT_THAT(full.errors, HasSubstr("standard output"));
+  EXPECT_THAT(full.errors, HasSubstr("standard output: No space left on device"));
 }
 
 TEST_F(ExportCommand, OldReportSurvivesAnApplicationThatIsKilled) {
