@@ -352,6 +352,26 @@ TEST_F(AppDelegateTest, ClosingTheStatisticsComesBackToTheMainScreen) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return stats.isNull(); }));
 }
 
+TEST_F(AppDelegateTest, MainScreenThatWasMinimisedIsThereAgainAfterTheStatistics) {
+  delegate->window()->showMinimized();
+  open(writeProject("first"));
+  ASSERT_TRUE(waitForStats());
+  fakes.alerts->answers = {0};
+  delegate->controllerWindow()->tapCloseTab();
+  EXPECT_FALSE(delegate->window()->isMinimized());
+  expectIdle();
+}
+
+TEST_F(AppDelegateTest, MainScreenThatWasMinimisedShowsTheNextRead) {
+  delegate->window()->showMinimized();
+  open(writeProject("first"));
+  ASSERT_TRUE(waitForStats());
+  const QPointer<QWidget> first = delegate->controllerWindow();
+  open(writeProject("second", 200));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return delegate->controllerWindow() != first; }, 60'000));
+  EXPECT_FALSE(delegate->window()->isMinimized());
+}
+
 TEST_F(AppDelegateTest, WindowManagersCloseAsksToo) {
   open(writeProject());
   ASSERT_TRUE(waitForStats());
