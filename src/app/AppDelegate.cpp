@@ -206,7 +206,7 @@ void AppDelegate::progressParsingProjectStarted() {
   ui_->indicatorProgress->setMaxValue(1.0);
   ui_->indicatorProgress->setIndeterminate(true);
   if (controllerWindow_) {
-    window_->show();  // first, or the application would be left without a window
+    window_->showNormal();  // first, or the application would be left without a window
     retireStatsWindow();
   }
 }
@@ -256,7 +256,7 @@ void AppDelegate::showStatsWindow() {
 }
 
 void AppDelegate::showBackMainWindow() {
-  window_->show();
+  window_->showNormal();  // it may have been minimised when it went
   window_->raise();
   window_->activateWindow();
   retireStatsWindow();

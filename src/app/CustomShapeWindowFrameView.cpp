@@ -25,6 +25,8 @@ void CustomShapeWindowFrameView::mousePressEvent(QMouseEvent* event) {
 }
 
 void CustomShapeWindowFrameView::mouseMoveEvent(QMouseEvent* event) {
+  // The release may have gone to an alert that came up meanwhile; a press has then ended unseen.
+  if (!event->buttons().testFlag(Qt::LeftButton)) press_.reset();
   if (press_) window()->move(press_->window + (event->globalPosition() - press_->mouse).toPoint());
 }
 

@@ -10,7 +10,8 @@ std::optional<std::string> QtOpenPanel::runModal(QWidget* parent) {
   // On the heap and watched: the panel goes with its parent, and the parent may go while the panel is up.
   const QPointer<QFileDialog> dialog = new QFileDialog(parent, QStringLiteral("Open a project folder"));
   dialog->setFileMode(QFileDialog::Directory);
-  dialog->setOption(QFileDialog::ShowDirsOnly);
+  // Opening a project changes nothing, so the panel offers no folder to be made, renamed or deleted either.
+  dialog->setOptions(QFileDialog::ShowDirsOnly | QFileDialog::ReadOnly);
   dialog->setLabelText(QFileDialog::Accept, QStringLiteral("Open"));
   const bool accepted = dialog->exec() == QDialog::Accepted;
   if (dialog.isNull()) return std::nullopt;

@@ -17,8 +17,7 @@ class NSButtonWithHover::TrackingArea final : public QObject {
   explicit TrackingArea(NSButtonWithHover& owner) : owner_(owner) { owner.installEventFilter(this); }
 
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (!owner_.isActiveWindow()) return false;
-    if (event->type() == QEvent::Enter) owner_.mouseEntered();
+    if (event->type() == QEvent::Enter && owner_.isActiveWindow()) owner_.mouseEntered();
     if (event->type() == QEvent::Leave) owner_.mouseExited();
     return false;
   }

@@ -36,8 +36,9 @@ class NSButtonWithHover : public QPushButton {
   [[nodiscard]] const QString& alternateImageName() const { return alternateImageName_; }
   void setAlternateImageName(const QString& name) { alternateImageName_ = name; }
 
-  /// Replaces the area that the mouse is tracked in by a fresh one over the whole button; it reports only
-  /// while the button's window has the keyboard.
+  /// Replaces the area that the mouse is tracked in by a fresh one over the whole button. It reports that the
+  /// mouse comes only while the button's window has the keyboard; that it goes always, since the keyboard may
+  /// have gone first.
   void updateTrackingAreas();
 
   [[nodiscard]] QSize sizeHint() const override;

@@ -55,6 +55,13 @@ QString titleOf(const ParseProject& project) {
   return QFile::decodeName(QByteArray::fromStdString(project.projectTitle()));
 }
 
+/// The toolkit puts its mark of unsaved changes in place of "[*]" in a window's title, unless it stands
+/// twice.
+QString windowTitleFor(const QString& window, const ParseProject& project) {
+  return window + QStringLiteral(" – ") +
+         titleOf(project).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
 }  // namespace
 
 std::unique_ptr<StatsWindowController> StatsWindowController::create(StatsHost& host,
@@ -70,7 +77,7 @@ StatsWindowController::StatsWindowController(StatsHost& host, const Services& se
       project_(host.parserProject()),
       ui_(std::make_unique<Ui::StatsWindowController>()) {
   ui_->setupUi(this);
-  setWindowTitle(QStringLiteral("Quillmeter – ") + titleOf(*project_));
+  setWindowTitle(windowTitleFor(QStringLiteral("Quillmeter"), *project_));
   connectControls();
   applyTheme();
 }
@@ -257,7 +264,7 @@ void StatsWindowController::tapCleanUpTool() {
   if (cleanUpTool_ == nullptr) {
     cleanUpTool_ = CleanUpToolViewController::create(host_, services_);
     cleanUpTool_->setParent(this, Qt::Dialog);
-    cleanUpTool_->setWindowTitle(QStringLiteral("Clean-up – ") + titleOf(*project_));
+    cleanUpTool_->setWindowTitle(windowTitleFor(QStringLiteral("Clean-up"), *project_));
     for (const char* const keys : {"Esc", "Ctrl+W"}) {
       auto* const key = new QShortcut(QKeySequence(QLatin1String(keys)), cleanUpTool_.get());
       connect(key, &QShortcut::activated, cleanUpTool_.get(), &QWidget::hide);

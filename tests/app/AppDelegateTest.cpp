@@ -53,6 +53,9 @@ class AppDelegateTest : public ::testing::Test {
     delegate = std::make_unique<AppDelegate>(fakes.services(),
                                              std::make_unique<ScriptedOpenPanel>(panelAnswer, panelOver),
                                              [this](std::string_view line) {
+                                               if (line.starts_with("parsing file")) {
+                                                 const std::lock_guard pass(readerGate);
+                                               }
                                                const std::lock_guard lock(logMutex);
                                                logged.emplace_back(line);
                                              });
@@ -84,6 +87,14 @@ class AppDelegateTest : public ::testing::Test {
     const std::lock_guard lock(logMutex);
     return logged;
   }
+  void waitForReading() {
+    ASSERT_TRUE(QTest::qWaitFor([&] { return outlets().indicatorProgress->isVisible(); }, 60'000));
+    EXPECT_TRUE(delegate->window()->isVisible());
+    EXPECT_TRUE(outlets().lblProcessing->isVisible());
+    EXPECT_FALSE(outlets().btnOpenProject->isVisible());
+    EXPECT_FALSE(outlets().imgMiddleOver->isVisible());
+    EXPECT_EQ(outlets().imgMiddle->imageName(), QStringLiteral("window_middle_part_over"));
+  }
   void expectIdle() {
     EXPECT_TRUE(delegate->window()->isVisible());
     EXPECT_FALSE(outlets().indicatorProgress->isVisible());
@@ -98,6 +109,7 @@ class AppDelegateTest : public ::testing::Test {
   testing::FakeServices fakes;
   std::optional<std::string> panelAnswer;
   QWidget* panelOver = nullptr;
+  std::mutex readerGate;  ///< a test that holds it keeps readers from coming to their end
   std::mutex logMutex;
   std::vector<std::string> logged;
   std::unique_ptr<AppDelegate> delegate;
@@ -231,31 +243,14 @@ TEST_F(AppDelegateTest, CancelledPanelDoesNothing) {
 }
 
 TEST_F(AppDelegateTest, ReadingShowsProgressUntilTheEnd) {
-  struct Seen {
-    bool indicator = false, label = false, button = true, drop = true, indeterminate = false;
-    QString middle;
-  } seen;
-  // The alert of an empty project comes when the screen is idle again, so look at each message of the read
-  // instead.
   const std::string project = writeProject("p", 400);
+  std::unique_lock reading(readerGate);
   open(project);
-  ASSERT_TRUE(QTest::qWaitFor(
-      [&] {
-        if (!outlets().indicatorProgress->isVisible()) return delegate->controllerWindow() != nullptr;
-        seen = {true,
-                outlets().lblProcessing->isVisible(),
-                outlets().btnOpenProject->isVisible(),
-                outlets().imgMiddleOver->isVisible(),
-                outlets().indicatorProgress->isIndeterminate(),
-                outlets().imgMiddle->imageName()};
-        return true;
-      },
-      60'000));
+  waitForReading();
+  EXPECT_TRUE(outlets().indicatorProgress->isIndeterminate());
+  EXPECT_LT(outlets().indicatorProgress->doubleValue(), 1.0);
+  reading.unlock();
   ASSERT_TRUE(waitForStats());
-  if (seen.indicator) {
-    EXPECT_TRUE(seen.label && !seen.button && !seen.drop && seen.indeterminate);
-    EXPECT_EQ(seen.middle, QStringLiteral("window_middle_part_over"));
-  }
   EXPECT_EQ(outlets().indicatorProgress->doubleValue(), 1.0);
   EXPECT_EQ(outlets().indicatorProgress->maxValue(), 1.0);
   EXPECT_TRUE(outlets().indicatorProgress->isIndeterminate());
@@ -352,6 +347,27 @@ TEST_F(AppDelegateTest, ClosingTheStatisticsComesBackToTheMainScreen) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return stats.isNull(); }));
 }
 
+TEST_F(AppDelegateTest, MainScreenThatWasMinimisedIsThereAgainAfterTheStatistics) {
+  delegate->window()->showMinimized();
+  open(writeProject("first"));
+  ASSERT_TRUE(waitForStats());
+  fakes.alerts->answers = {0};
+  delegate->controllerWindow()->tapCloseTab();
+  EXPECT_FALSE(delegate->window()->isMinimized());
+  expectIdle();
+}
+
+TEST_F(AppDelegateTest, MainScreenThatWasMinimisedShowsTheNextRead) {
+  delegate->window()->showMinimized();
+  open(writeProject("first"));
+  ASSERT_TRUE(waitForStats());
+  const std::string second = writeProject("second");
+  const std::unique_lock reading(readerGate);
+  open(second);
+  waitForReading();
+  EXPECT_FALSE(delegate->window()->isMinimized());
+}
+
 TEST_F(AppDelegateTest, WindowManagersCloseAsksToo) {
   open(writeProject());
   ASSERT_TRUE(waitForStats());
@@ -380,9 +396,14 @@ TEST_F(AppDelegateTest, NewReadClosesTheStatisticsAtItsStart) {
   ASSERT_TRUE(waitForStats());
   const QPointer<QWidget> first = delegate->controllerWindow();
   const std::weak_ptr<const ParseProject> firstProject = delegate->parserProject();
-  open(writeProject("second", 5));
-  ASSERT_TRUE(
-      QTest::qWaitFor([&] { return first.isNull() && delegate->controllerWindow() != nullptr; }, 60'000));
+  const std::string second = writeProject("second", 5);
+  std::unique_lock reading(readerGate);
+  open(second);
+  waitForReading();
+  EXPECT_EQ(delegate->controllerWindow(), nullptr);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return first.isNull(); }));
+  reading.unlock();
+  ASSERT_TRUE(waitForStats());
   EXPECT_EQ(delegate->parserProject()->files().size(), 5U);
   EXPECT_TRUE(firstProject.expired());
   EXPECT_THAT(fakes.alerts->shown, IsEmpty());

@@ -130,6 +130,17 @@ TEST_F(ShapeWindow, OtherButtonsDoNotMoveIt) {
   EXPECT_EQ(window.pos(), start);
 }
 
+TEST_F(ShapeWindow, PressWhoseReleaseWentElsewhereDoesNotMoveItLater) {
+  window.setContentView(new QLabel);
+  window.show();
+  const QPoint start = window.pos();
+  QTest::mousePress(window.contentView(), Qt::LeftButton, {}, QPoint(10, 10));
+  QMouseEvent otherDrag(QEvent::MouseMove, QPointF(60, 60), QPointF(90, 100), Qt::NoButton, Qt::RightButton,
+                        {});
+  QApplication::sendEvent(window.contentView(), &otherDrag);
+  EXPECT_EQ(window.pos(), start);
+}
+
 TEST(OutlineOfPicture, HoldsTheOpaquePartOnly) {
   QImage picture(20, 10, QImage::Format_ARGB32);
   picture.fill(Qt::transparent);

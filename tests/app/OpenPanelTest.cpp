@@ -4,8 +4,10 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 #include <filesystem>
 #include <memory>
 
@@ -35,6 +37,16 @@ TEST(OpenPanel, GivesTheChosenFolder) {
   });
   ASSERT_TRUE(chosen.has_value());
   EXPECT_TRUE(std::filesystem::equivalent(*chosen, folder.path()));
+}
+
+TEST(OpenPanel, MakesRenamesAndDeletesNoFolder) {
+  QWidget window;
+  const auto chosen = runPanel(&window, [](QFileDialog& panel) {
+    EXPECT_FALSE(panel.findChild<QToolButton*>(QStringLiteral("newFolderButton"))->isEnabled());
+    EXPECT_TRUE(panel.findChild<QFileSystemModel*>()->isReadOnly());
+    panel.reject();
+  });
+  EXPECT_EQ(chosen, std::nullopt);
 }
 
 TEST(OpenPanel, GivesNothingWhenItIsCancelled) {

@@ -52,6 +52,13 @@ TEST_F(HoverButton, MouseIsNotTrackedInAWindowWithoutTheKeyboard) {
   EXPECT_EQ(button.imageName(), kNormal);
 }
 
+TEST_F(HoverButton, MouseThatLeavesAfterTheKeyboardTakesItsPictureWithIt) {
+  enter();
+  QApplication::setActiveWindow(nullptr);
+  leave();
+  EXPECT_EQ(button.imageName(), kNormal);
+}
+
 TEST_F(HoverButton, FreshTrackingAreaReportsOnce) {
   button.updateTrackingAreas();
   button.updateTrackingAreas();

@@ -120,6 +120,21 @@ TEST(OverviewViewController, GroupsTheFiguresUnderThreeHeadingsOnCards) {
   }
 }
 
+TEST(OverviewViewController, CardsStayTogetherAtTheTopOfATallWindow) {
+  FakeStatsHost host(projectWith({record({.name = "a.m", .lines = 30})}));
+  const auto panel = OverviewViewController::create(host);
+  panel->resize(1600, 2000);
+  panel->show();
+  const auto* total = panel->findChild<QWidget*>(u"cardTotal"_s);
+  EXPECT_LT(total->y(), 32);
+  EXPECT_LE(total->height(), 240);
+  for (const char* const name : {"cardLines", "cardFiles", "cardAverages"}) {
+    const auto* card = panel->findChild<QWidget*>(QLatin1String(name));
+    EXPECT_EQ(card->y(), total->geometry().bottom() + 1 + 16) << name;
+    EXPECT_EQ(card->height(), 480) << name;
+  }
+}
+
 TEST(FigureLabel, LargeNumbersTakeASmallerFontInsteadOfBeingCutOff) {
   FigureLabel label(u"18,446,744,073,709,551,614"_s);
   QFont font = label.font();

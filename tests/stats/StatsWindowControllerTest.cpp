@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTest>
+#include <QWindow>
 
 #include "charts/ChartsViewController.h"
 #include "charts/DrawingCanvasView.h"
@@ -109,6 +110,13 @@ TEST_F(StatsWindow, TitleIsNeverReadAsMarkup) {
   open(smallProject("<b>a</b>"));
   EXPECT_EQ(window->findChild<QLabel*>(u"lblProjectTitle"_s)->toolTip(), u"<p>&lt;b&gt;a&lt;/b&gt;</p>"_s);
   EXPECT_EQ(window->findChild<QLabel*>(u"lblProjectTitle"_s)->text(), u"Current project: <b>a</b>"_s);
+}
+
+TEST_F(StatsWindow, PlaceholderOfTheToolkitInATitleIsShownAsItStands) {
+  open(smallProject("a[*]b[*][*]"));
+  EXPECT_EQ(window->windowHandle()->title(), u"Quillmeter – a[*]b[*][*]"_s);
+  window->tapCleanUpTool();
+  EXPECT_EQ(window->cleanUpTool()->windowHandle()->title(), u"Clean-up – a[*]b[*][*]"_s);
 }
 
 TEST_F(StatsWindow, TitleThatIsNotUtf8IsStillShown) {
