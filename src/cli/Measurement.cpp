@@ -1,14 +1,26 @@
 #include "cli/Measurement.h"
 
+#include <CLI/CLI.hpp>
 #include <cstdio>
 
 #include "analysis/FileSystem.h"
+#include "analysis/ProjectChooser.h"
 #include "cli/ExitStatus.h"
 #include "cli/Output.h"
 #include "cli/ProgressBar.h"
-#include "cli/ProjectPath.h"
 
 namespace quillmeter {
+
+void addReadOptions(CLI::App& command, ReadOptions& options) {
+  const auto mistakeIn = [](const std::string& path) {
+    return path.empty() ? std::string("the project's path is empty") : std::string();
+  };
+  command.add_option("PROJECT", options.project, "A folder that holds an .xcodeproj bundle, or the bundle")
+      ->required()
+      ->check(mistakeIn);
+  command.add_flag("--quiet", options.quiet, "Show no progress");
+  command.add_flag("--verbose", options.verbose, "Say on standard error what is being read");
+}
 
 std::unique_ptr<ParseProject> readProject(const ReadOptions& options) {
   auto project = std::make_unique<ParseProject>();
@@ -18,7 +30,7 @@ std::unique_ptr<ParseProject> readProject(const ReadOptions& options) {
     });
   }
   ProgressBar progress(!options.quiet && !options.verbose);
-  project->parseFileAtPathAndDelegate(projectAtArgument(options.project), &progress);
+  project->parseFileAtPathAndDelegate(chosenProject(absoluteFolder(options.project)), &progress);
   project->setDelegate(nullptr);
   if (!project->files().empty()) return project;
 

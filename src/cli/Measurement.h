@@ -5,6 +5,10 @@
 
 #include "analysis/ParseProject.h"
 
+namespace CLI {
+class App;
+}
+
 namespace quillmeter {
 
 class Output;
@@ -15,6 +19,9 @@ struct ReadOptions {
   bool quiet = false;    ///< no progress bar
   bool verbose = false;  ///< the reader's diagnostic lines on standard error
 };
+
+/// Adds the project and how it is read to a command's arguments. `options` must outlive the command.
+void addReadOptions(CLI::App& command, ReadOptions& options);
 
 /// Reads the project. Null when not one file could be measured; the user has been told on standard error
 /// then.

@@ -94,6 +94,13 @@ TEST_F(MeasureCommand, TakesBundlesRelativePathsAndTrailingSlashes) {
   EXPECT_EQ(runTool({"measure", "--format", "json", ".."}, {.folder = bundle}).output, output);
 }
 
+TEST_F(MeasureCommand, RefusesAnEmptyPath) {
+  const ToolResult result = runTool({"measure", ""}, {.folder = bundle});
+  EXPECT_EQ(result.status, 2);
+  EXPECT_EQ(result.output, "");
+  EXPECT_NE(result.errors.find("the project's path is empty"), std::string::npos) << result.errors;
+}
+
 TEST_F(MeasureCommand, ShowsTotalsAsATableByDefault) {
   const ToolResult result = runTool({"measure", folder.path()});
   EXPECT_EQ(result.status, 0);
