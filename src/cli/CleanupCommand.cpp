@@ -34,7 +34,6 @@ void writeJson(const FileTable& table, Output& output) {
   }
   json.endArray();
   json.endObject();
-  output.write("\n");
 }
 
 /// Sizes and paths in two columns, a file a line.
