@@ -8,6 +8,7 @@
 #include "cli/ExitStatus.h"
 #include "cli/Output.h"
 #include "cli/ProgressBar.h"
+#include "support/Text.h"
 
 namespace quillmeter {
 
@@ -44,7 +45,7 @@ std::unique_ptr<ParseProject> readProject(const ReadOptions& options) {
 }
 
 void complain(const std::string& message) {
-  std::fprintf(stderr, "quillmeter-cli: %s\n", message.c_str());
+  std::fprintf(stderr, "quillmeter-cli: %s\n", onOneLine(message).c_str());
 }
 
 int statusAfter(Output& output, int status) {

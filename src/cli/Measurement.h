@@ -27,7 +27,7 @@ void addReadOptions(CLI::App& command, ReadOptions& options);
 /// then.
 [[nodiscard]] std::unique_ptr<ParseProject> readProject(const ReadOptions& options);
 
-/// Writes a line for the user on standard error, behind the tool's name.
+/// Writes one line for the user on standard error, behind the tool's name.
 void complain(const std::string& message);
 
 /// Completes a command's output. Gives `status` when it was written; otherwise tells the user why not and

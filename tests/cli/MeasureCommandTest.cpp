@@ -109,6 +109,12 @@ TEST_F(MeasureCommand, ShowsTotalsAsATableByDefault) {
   }
 }
 
+TEST_F(MeasureCommand, NoNameBreaksALineOfTheTable) {
+  const std::string odd = writeProject(folder, {"a.m"}, "two\nlines\x1B[31m");
+  EXPECT_EQ(runTool({"measure", odd}).output.find("two lines [31m\n" + folder / "two lines [31m.xcodeproj\n"),
+            0U);
+}
+
 TEST_F(MeasureCommand, WritesToAFile) {
   const ToolResult result =
       runTool({"measure", "--format", "json", "-o", folder / "out.json", folder.path()});
