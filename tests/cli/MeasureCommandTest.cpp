@@ -102,11 +102,27 @@ TEST_F(MeasureCommand, RefusesAnEmptyPath) {
 }
 
 TEST_F(MeasureCommand, ShowsTotalsAsATableByDefault) {
-  const ToolResult result = runTool({"measure", folder.path()});
+  folder.file("a.m", "// one\nint  a;\n" + std::string(1500, '\n'));
+  const ToolResult result = runTool({"measure", folder.path()}, {.variables = {"LC_ALL=en_US.UTF-8"}});
   EXPECT_EQ(result.status, 0);
-  for (const char* text : {"App", "Code files", "Image files", "Lines"}) {
-    EXPECT_NE(result.output.find(text), std::string::npos) << text << " in\n" << result.output;
-  }
+  EXPECT_EQ(result.output, "App\n" + bundle + R"(
+
+Size on disk                   1.5 KB
+Lines in total                  1,503
+Thousand lines (KLOC)            1.50
+Non-empty lines                     2
+Comment lines                       1
+Non-empty lines per code file       2
+Code files                          1
+Image files                         1
+Interface files (XIB)               0
+Comment lines per code file         1
+
+Kind                   Files  Lines  Non-empty  Comments  Words  Characters    Size
+Code                       1  1,503          2         1      5          13  1.5 KB
+Interface files (XIB)      0      0          0         0      0           0     0 B
+Images                     1      -          -         -      -           -     4 B
+)");
 }
 
 TEST_F(MeasureCommand, NoNameBreaksALineOfTheTable) {
@@ -174,8 +190,10 @@ TEST(Tool, RefusesWrongUsage) {
 TEST(Tool, ExplainsItself) {
   const ToolResult help = runTool({"--help"});
   EXPECT_EQ(help.status, 0);
-  EXPECT_NE(help.output.find("measure"), std::string::npos);
-  EXPECT_NE(runTool({"measure", "--help"}).output.find("Examples:"), std::string::npos);
+  for (const char* command : {"measure", "cleanup", "export", "methods"}) {
+    EXPECT_NE(help.output.find(command), std::string::npos) << command;
+    EXPECT_NE(runTool({command, "--help"}).output.find("Examples:"), std::string::npos) << command;
+  }
   const ToolResult version = runTool({"--version"});
   EXPECT_EQ(version.status, 0);
   EXPECT_EQ(version.output.find("quillmeter-cli 1."), 0U);
