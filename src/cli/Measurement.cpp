@@ -26,9 +26,7 @@ void addReadOptions(CLI::App& command, ReadOptions& options) {
 std::unique_ptr<ParseProject> readProject(const ReadOptions& options) {
   auto project = std::make_unique<ParseProject>();
   if (options.verbose) {
-    project->setLogSink([](std::string_view line) {
-      std::fprintf(stderr, "%.*s\n", static_cast<int>(line.size()), line.data());
-    });
+    project->setLogSink([](std::string_view line) { std::fprintf(stderr, "%s\n", onOneLine(line).c_str()); });
   }
   ProgressBar progress(!options.quiet && !options.verbose);
   project->parseFileAtPathAndDelegate(chosenProject(absoluteFolder(options.project)), &progress);

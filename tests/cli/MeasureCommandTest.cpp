@@ -173,6 +173,9 @@ TEST_F(MeasureCommand, ShowsNoProgressWhereStandardErrorIsNoTerminal) {
 TEST_F(MeasureCommand, SaysWhatItReadsWhenAsked) {
   EXPECT_EQ(runTool({"measure", "--verbose", folder.path()}).errors,
             "parsing file b.png\nparsing file a.m\n");
+  folder.file("two \x1B[31m.m");
+  EXPECT_EQ(runTool({"measure", "--verbose", writeProject(folder, {"two \x1B[31m.m"})}).errors,
+            "parsing file two  [31m.m\n");
 }
 
 TEST(Tool, RefusesWrongUsage) {
