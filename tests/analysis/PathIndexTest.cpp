@@ -120,13 +120,14 @@ std::filesystem::path placeForTrees() {
   return ::access(memory.c_str(), W_OK) == 0 ? memory : std::filesystem::temp_directory_path();
 }
 
-/// Trees and references from few, colliding, awkward names.
+/// Trees and references from few, colliding, awkward names. Every third tree is crowded: so many files of so
+/// few names that looking at all those of a name is no way any more.
 class Generator {
  public:
-  explicit Generator(unsigned seed) : random_(seed) {}
+  explicit Generator(unsigned seed) : crowded_(seed % 3 == 0), random_(seed) {}
 
   void makeTree(const TemporaryFolder& folder) {
-    const int files = below(24) + 2;
+    const int files = crowded_ ? below(100) + 40 : below(24) + 2;
     for (int i = 0; i < files; ++i) {
       std::string path = "B";
       for (int depth = below(4); depth > 0; --depth)
@@ -184,7 +185,8 @@ class Generator {
         "a.m", "A.m",  "a.ma.m", "A.ma.m", "m",         "mm",  "x y.c", "Ä.m",   "ä.m",
         "ß.h", "SS.h", "İ.m",    "b",      "B",         "a",   "aa",    "a.m.m", "..a.m",
         ".m",  "c",    "ccc",    "c.c",    "e\u0301.m", "é.m", "b.mb",  "\xff.m"};
-    return names[index(names.size())];
+    constexpr std::size_t crowd = 5;
+    return names[index(crowded_ ? crowd : names.size())];
   }
 
   std::string joinedNames() {
@@ -214,6 +216,7 @@ class Generator {
     }
   }
 
+  bool crowded_;
   std::mt19937 random_;
 };
 
