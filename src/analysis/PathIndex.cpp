@@ -35,12 +35,10 @@ void PathIndex::forEachCandidate(std::string_view reference, const Visitor& visi
   EndingTable& table = isName ? names() : endings(pathComponents(reference).size());
   EndingTable::Group* group = isName ? table.find(lowerCased(reference)) : table.find(reference);
   const Entries& repeated = repetitions(std::string(reference), table);
+  // No entry is in both lists: the ending of one that repeats the reference is longer than the reference.
   auto nextRepeated = repeated.begin();
   for (;;) {
     const FolderWalk::Index single = group != nullptr ? group->candidate : FolderWalk::kNone;
-    // An entry that is in both lists is offered once.
-    while (nextRepeated != repeated.end() && *nextRepeated == single)
-      ++nextRepeated;
     const FolderWalk::Index twice = nextRepeated != repeated.end() ? *nextRepeated : FolderWalk::kNone;
     const FolderWalk::Index entry = std::min(single, twice);
     if (entry == FolderWalk::kNone) return;
