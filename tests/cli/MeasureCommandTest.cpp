@@ -165,6 +165,30 @@ TEST_F(MeasureCommand, EscapesNamesThatAreNotUtf8Reversibly) {
   EXPECT_NE(output.find(odd.path() + "/\\udcff\\udc80/a.m\""), std::string::npos) << output;
 }
 
+TEST_F(MeasureCommand, EscapesWhatNamesMayHoldInJson) {
+  const std::string name = "q\" b\\ n\n r\r t\t c\x01 d\x7F größe \U0001F600";
+  const std::string odd = writeProject(folder, {"a.m"}, name);
+  const std::string output = runTool({"measure", "--format", "json", odd}).output;
+  EXPECT_EQ(json::parse(output)["projectTitle"], name);
+  EXPECT_NE(output.find(R"("q\" b\\ n\n r\r t\t c\u0001 d\u007f größe )"), std::string::npos) << output;
+}
+
+TEST_F(MeasureCommand, WritesAnyNumberOfFilesOfAnyLengthOfName) {
+  std::vector<std::string> names;
+  for (int i = 100; i < 800; ++i)
+    names.push_back(std::string(200, 'n') + std::to_string(i) + ".m");
+  for (const std::string& name : names)
+    folder.file(name);
+  writeProject(folder, names);
+  const ToolResult result = runTool({"measure", "--format", "json", folder.path()});
+  const json files = json::parse(result.output)["files"];
+  ASSERT_EQ(files.size(), names.size());
+  for (std::size_t i = 0; i < names.size(); ++i)
+    ASSERT_EQ(files[i]["fileName"], names[i]);
+  EXPECT_EQ(runTool({"measure", "--format", "json", "-o", folder / "out.json", folder.path()}).status, 0);
+  EXPECT_EQ(readFile(folder / "out.json"), result.output);
+}
+
 TEST_F(MeasureCommand, ShowsNoProgressWhereStandardErrorIsNoTerminal) {
   EXPECT_EQ(runTool({"measure", folder.path()}).errors, "");
   EXPECT_EQ(runTool({"measure", "--quiet", folder.path()}).errors, "");
