@@ -12,9 +12,9 @@ bool isOneOf(std::string_view extension, std::span<const std::string_view> forma
 }
 
 FileKind fileKind(std::string_view lowerCasedExtension) {
-  if (isOneOf(lowerCasedExtension, kCodeFileFormats)) return FileKind::code;
-  if (isOneOf(lowerCasedExtension, kImageFormats)) return FileKind::image;
-  return isOneOf(lowerCasedExtension, kOtherFormats) ? FileKind::interface : FileKind::none;
+  if (isOneOf(lowerCasedExtension, acceptedCodeFileFormats)) return FileKind::code;
+  if (isOneOf(lowerCasedExtension, acceptedImagesFormats)) return FileKind::image;
+  return isOneOf(lowerCasedExtension, acceptedOtherFormats) ? FileKind::interface : FileKind::none;
 }
 
 FileKind fileKindOfPath(std::string_view path) {

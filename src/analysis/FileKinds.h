@@ -7,10 +7,11 @@
 /// Which extensions make which kind of file. A file's kind is decided by its lower-cased extension alone.
 namespace quillmeter {
 
-inline constexpr std::array<std::string_view, 7> kCodeFileFormats = {"c", "cpp", "h", "hh", "m", "mm", "pch"};
-inline constexpr std::array<std::string_view, 4> kImageFormats = {"jpg", "png", "tiff", "icns"};
+inline constexpr std::array<std::string_view, 7> acceptedCodeFileFormats = {"c", "cpp", "h",  "hh",
+                                                                            "m", "mm",  "pch"};
+inline constexpr std::array<std::string_view, 4> acceptedImagesFormats = {"jpg", "png", "tiff", "icns"};
 inline constexpr std::array<std::string_view, 3> kImageFormatsWithoutIcons = {"jpg", "png", "tiff"};
-inline constexpr std::array<std::string_view, 1> kOtherFormats = {"xib"};
+inline constexpr std::array<std::string_view, 1> acceptedOtherFormats = {"xib"};
 inline constexpr std::array<std::string_view, 4> kFormatsForRegex = {"c", "cpp", "m", "mm"};
 
 /// Whether `extension` is, exactly and case-sensitively, one of `formats`.

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <exception>
 #include <memory>
 #include <string_view>
 
@@ -50,6 +51,25 @@ std::optional<FileStatus> statusOf(int folder, const char* path) {
   struct stat status {};
   if (::fstatat(folder, path, &status, 0) != 0) return std::nullopt;
   return meaningOf(status);
+}
+
+/// The content of an open file that is said to be of `size` bytes; absent when it cannot be read to its end.
+std::optional<std::string> contentOf(const FileSystem& fileSystem, const Descriptor& file,
+                                     std::uint64_t size) {
+  constexpr std::size_t growth = std::size_t{1} << 16;
+  std::string content;
+  std::size_t filled = 0;
+  // One byte more than the size shows the end of the file without growing once more.
+  content.resize(static_cast<std::size_t>(size) + 1);
+  for (;;) {
+    const auto count = readBlock(fileSystem, file.value(), std::span(content).subspan(filled));
+    if (!count) return std::nullopt;
+    filled += *count;
+    if (filled < content.size()) break;
+    content.resize(content.size() + std::max(growth, content.size() / 2));
+  }
+  content.resize(filled);
+  return content;
 }
 
 }  // namespace
@@ -137,20 +157,11 @@ std::optional<std::string> readWholeFile(const FileSystem& fileSystem, const std
   if (!status || status->type != FileStatus::Type::regular) return std::nullopt;
   const Descriptor file = fileSystem.open(path);
   if (!file) return std::nullopt;
-  constexpr std::size_t growth = std::size_t{1} << 16;
-  std::string content;
-  std::size_t filled = 0;
-  // One byte more than the size shows the end of the file without growing once more.
-  content.resize(static_cast<std::size_t>(status->size) + 1);
-  for (;;) {
-    const auto count = readBlock(fileSystem, file.value(), std::span(content).subspan(filled));
-    if (!count) return std::nullopt;
-    filled += *count;
-    if (filled < content.size()) break;
-    content.resize(content.size() + std::max(growth, content.size() / 2));
+  try {
+    return contentOf(fileSystem, file, status->size);
+  } catch (const std::exception&) {
+    return std::nullopt;  // more than the memory, or than a text, can hold
   }
-  content.resize(filled);
-  return content;
 }
 
 }  // namespace quillmeter

@@ -79,7 +79,7 @@ class FileSystem {
 [[nodiscard]] std::optional<std::size_t> readBlock(const FileSystem& fileSystem, int descriptor,
                                                    std::span<char> buffer);
 
-/// The whole content of a regular file; absent when it is none or cannot be read.
+/// The whole content of a regular file; absent when it is none, cannot be read or does not fit into memory.
 [[nodiscard]] std::optional<std::string> readWholeFile(const FileSystem& fileSystem, const std::string& path);
 
 }  // namespace quillmeter

@@ -150,13 +150,13 @@ bool ParseProject::fileIsOfTypeAndFile(std::span<const std::string_view> extensi
 }
 
 bool ParseProject::isSourceFileType(const FileObject& file) const {
-  return fileIsOfTypeAndFile(kCodeFileFormats, file);
+  return fileIsOfTypeAndFile(acceptedCodeFileFormats, file);
 }
 bool ParseProject::isXIBFileType(const FileObject& file) const {
-  return fileIsOfTypeAndFile(kOtherFormats, file);
+  return fileIsOfTypeAndFile(acceptedOtherFormats, file);
 }
 bool ParseProject::isImageFileType(const FileObject& file) const {
-  return fileIsOfTypeAndFile(kImageFormats, file);
+  return fileIsOfTypeAndFile(acceptedImagesFormats, file);
 }
 bool ParseProject::isImageFileTypeWithoutICNS(const FileObject& file) const {
   return fileIsOfTypeAndFile(kImageFormatsWithoutIcons, file);
@@ -172,13 +172,13 @@ std::size_t ParseProject::countOfKind(std::span<const std::string_view> extensio
 }
 
 std::size_t ParseProject::getNumberCodeFiles() const {
-  return countOfKind(kCodeFileFormats);
+  return countOfKind(acceptedCodeFileFormats);
 }
 std::size_t ParseProject::getNumberImageFiles() const {
-  return countOfKind(kImageFormats);
+  return countOfKind(acceptedImagesFormats);
 }
 std::size_t ParseProject::getNumberXIBFiles() const {
-  return countOfKind(kOtherFormats);
+  return countOfKind(acceptedOtherFormats);
 }
 
 const FileList& ParseProject::files() const {

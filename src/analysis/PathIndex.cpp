@@ -30,17 +30,15 @@ void PathIndex::forEachCandidate(std::string_view reference, const Visitor& visi
   if (reference.empty()) return;
   const bool isName = reference.find('/') == std::string_view::npos;
   if (!isName) {
-    if (const auto few = fewNamedLike(reference)) return visitSorted(*few, reference, visit);
+    if (const auto few = fewThatEndLike(reference)) return visitSorted(*few, reference, visit);
   }
   EndingTable& table = isName ? names() : endings(pathComponents(reference).size());
   EndingTable::Group* group = isName ? table.find(lowerCased(reference)) : table.find(reference);
   const Entries& repeated = repetitions(std::string(reference), table);
+  // No entry is in both lists: the ending of one that repeats the reference is longer than the reference.
   auto nextRepeated = repeated.begin();
   for (;;) {
     const FolderWalk::Index single = group != nullptr ? group->candidate : FolderWalk::kNone;
-    // An entry that is in both lists is offered once.
-    while (nextRepeated != repeated.end() && *nextRepeated == single)
-      ++nextRepeated;
     const FolderWalk::Index twice = nextRepeated != repeated.end() ? *nextRepeated : FolderWalk::kNone;
     const FolderWalk::Index entry = std::min(single, twice);
     if (entry == FolderWalk::kNone) return;
@@ -62,16 +60,26 @@ void PathIndex::visitSorted(const Entries& entries, std::string_view reference, 
   }
 }
 
-/// The entries that have the name at the reference's end, in any letter case; absent when they are many.
-std::optional<PathIndex::Entries> PathIndex::fewNamedLike(std::string_view reference) {
+/// The entries of an ending in walk order; absent when they are many.
+std::optional<PathIndex::Entries> PathIndex::fewIn(EndingTable& table, std::string_view ending) {
   Entries entries;
-  const EndingTable::Group* group = names().find(lowerCased(reference.substr(reference.rfind('/') + 1)));
+  const EndingTable::Group* group = table.find(ending);
   if (group == nullptr) return entries;
-  for (FolderWalk::Index entry = group->chain; entry != FolderWalk::kNone; entry = names().next(entry)) {
+  for (FolderWalk::Index entry = group->chain; entry != FolderWalk::kNone; entry = table.next(entry)) {
     if (entries.size() == kFew) return std::nullopt;
     entries.push_back(entry);
   }
   return entries;
+}
+
+/// The entries that end as the reference does, by its name or else by its last two components of three or
+/// more; absent when they are many.
+std::optional<PathIndex::Entries> PathIndex::fewThatEndLike(std::string_view reference) {
+  const std::size_t last = reference.rfind('/');
+  if (auto few = fewIn(names(), lowerCased(reference.substr(last + 1)))) return few;
+  const std::size_t secondLast = reference.substr(0, last).rfind('/');
+  if (secondLast == std::string_view::npos) return std::nullopt;
+  return fewIn(endings(2), reference.substr(secondLast + 1));
 }
 
 EndingTable& PathIndex::names() {

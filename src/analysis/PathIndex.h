@@ -25,12 +25,11 @@ namespace quillmeter {
 /// Why an index can give exactly these: when C matches by its ending, the occurrences removed at C's end
 /// spell R repeated k times, k ≥ 1, and begin at C's start or behind a "/".
 ///  - R without "/": C's last component is R or R repeated. A table of all names finds the first, and names
-///  that are
-///    repetitions are listed beside it.
-///  - R = A/…/Z: C's last component is Z. Where the table of names has few entries of that name, which is
-///  nearly
-///    always so, they are all looked at. Otherwise C ends in whole components that spell R (k = 1) or ZA/…/Z
-///    (k ≥ 2), and a table of endings of so many components, made when first needed, finds those.
+///    that are repetitions are listed beside it.
+///  - R = A/…/Z: C's last component is Z; if R has three components or more, C's last two are those of R.
+///    Where the table of names or that of two components has few such entries, which is nearly always so,
+///    they are all looked at. Otherwise C ends in whole components that spell R (k = 1) or ZA/…/Z (k ≥ 2),
+///    and a table of endings of so many components, made when first needed, finds those.
 /// What is found for an ending is still tested by the rule itself. A long group of entries belongs to one
 /// reference only, and what was missing or failed the test is dropped from it, so that all questions together
 /// stay linear.
@@ -42,8 +41,8 @@ class PathIndex {
   PathIndex(const PathIndex&) = delete;
   PathIndex& operator=(const PathIndex&) = delete;
 
-  /// Takes a candidate (its path, and what the walk found there) by returning true. A candidate that it refuses
-  /// is taken for missing on disk and may not be offered again.
+  /// Takes a candidate (its path, and what the walk found there) by returning true. A candidate that it
+  /// refuses is taken for missing on disk and may not be offered again.
   using Visitor = std::function<bool(const std::string& path, FolderWalk::Type type)>;
 
   /// Offers each candidate of `reference` to `visit` in walk order until one is taken or none is left. The
@@ -54,7 +53,8 @@ class PathIndex {
   using Entries = std::vector<FolderWalk::Index>;
 
   void visitSorted(const Entries& entries, std::string_view reference, const Visitor& visit) const;
-  [[nodiscard]] std::optional<Entries> fewNamedLike(std::string_view reference);
+  [[nodiscard]] static std::optional<Entries> fewIn(EndingTable& table, std::string_view ending);
+  [[nodiscard]] std::optional<Entries> fewThatEndLike(std::string_view reference);
   [[nodiscard]] EndingTable& names();
   [[nodiscard]] EndingTable& endings(std::size_t components);
   void listRepeatedName(FolderWalk::Index entry);

@@ -1,6 +1,9 @@
 #include "analysis/ProjectChooser.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 
 #include "analysis/FileSystem.h"
 #include "support/Paths.h"
@@ -26,6 +29,21 @@ std::string chosenProject(const std::string& folder) {
 
 std::string chosenProject(const std::string& folder, const FileSystem& fileSystem) {
   return projectInside(folder, fileSystem).value_or(folder);
+}
+
+std::string absoluteFolder(const std::string& argument) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  fs::path path = fs::absolute(argument, error);
+  if (error) path = argument;
+  if (std::find(path.begin(), path.end(), "..") != path.end()) {
+    const fs::path resolved = fs::canonical(path, error);
+    if (!error) path = resolved;
+  }
+  std::string folder = path.lexically_normal().string();
+  while (folder.size() > 1 && folder.ends_with('/'))
+    folder.pop_back();
+  return folder;
 }
 
 bool holdsProject(const std::string& folder) {

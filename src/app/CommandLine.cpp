@@ -1,8 +1,8 @@
 #include "app/CommandLine.h"
 
-#include <filesystem>
 #include <string_view>
 
+#include "analysis/ProjectChooser.h"
 #include "support/Addresses.h"
 
 namespace quillmeter {
@@ -20,16 +20,6 @@ constexpr auto kHelp =
     "Options:\n"
     "  -h, --help     Show this help and exit\n"
     "      --version  Show the version and exit\n";
-
-std::string absolutePath(std::string_view argument) {
-  std::error_code failure;
-  const std::filesystem::path given(argument);
-  const std::filesystem::path absolute = std::filesystem::absolute(given, failure);
-  std::string path = (failure ? given : absolute).lexically_normal().string();
-  while (path.size() > 1 && path.ends_with('/'))
-    path.pop_back();
-  return path;
-}
 
 }  // namespace
 
@@ -54,7 +44,7 @@ CommandLine readCommandLine(std::span<const char* const> arguments) {
       result.error = "the project's path is empty";
       return result;
     } else {
-      result.project = absolutePath(argument);
+      result.project = absoluteFolder(std::string(argument));
     }
   }
   return result;

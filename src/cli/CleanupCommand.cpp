@@ -34,7 +34,6 @@ void writeJson(const FileTable& table, Output& output) {
   }
   json.endArray();
   json.endObject();
-  output.write("\n");
 }
 
 /// Sizes and paths in two columns, a file a line.
@@ -80,16 +79,11 @@ void addCleanupCommand(CLI::App& app, int& status) {
   const auto options = std::make_shared<CleanupOptions>();
   CLI::App* command = app.add_subcommand(
       "cleanup", "List the files in a project's folder that the project does not reference");
-  command
-      ->add_option("PROJECT", options->read.project,
-                   "A folder that holds an .xcodeproj bundle, or the bundle")
-      ->required();
   command->add_option("--format", options->format, "table: sizes in KB (1000 bytes) and paths; json: bytes")
       ->check(CLI::IsMember({"table", "json"}))
       ->capture_default_str();
   command->add_flag("--check", options->check, "Exit with status 1 when there is any such file");
-  command->add_flag("--quiet", options->read.quiet, "Show no progress");
-  command->add_flag("--verbose", options->read.verbose, "Say on standard error what is being read");
+  addReadOptions(*command, options->read);
   command->footer(
       "Source files, images and interface files are looked for; hidden files are left out.\n\n"
       "Examples:\n"

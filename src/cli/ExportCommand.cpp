@@ -73,10 +73,6 @@ void addExportCommand(CLI::App& app, int& status) {
   const auto options = std::make_shared<ExportOptions>();
   CLI::App* command =
       app.add_subcommand("export", "Export a project's files as a CSV table or as a PDF report, or both");
-  command
-      ->add_option("PROJECT", options->read.project,
-                   "A folder that holds an .xcodeproj bundle, or the bundle")
-      ->required();
   command->add_option("--csv", options->csv, "Write the table to FILE; '-' is standard output")
       ->type_name("FILE");
   command
@@ -88,8 +84,7 @@ void addExportCommand(CLI::App& app, int& status) {
   command->add_option("--kinds", options->kinds, "What to export, a list of c, headers, objc, images and xib")
       ->type_name("KINDS")
       ->capture_default_str();
-  command->add_flag("--quiet", options->read.quiet, "Show no progress");
-  command->add_flag("--verbose", options->read.verbose, "Say on standard error what is being read");
+  addReadOptions(*command, options->read);
   command->footer(
       "Examples:\n"
       "  quillmeter-cli export --csv files.csv ~/Projects/Notebook\n"

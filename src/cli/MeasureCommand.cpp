@@ -37,17 +37,12 @@ int measure(const MeasureOptions& options) {
 void addMeasureCommand(CLI::App& app, int& status) {
   const auto options = std::make_shared<MeasureOptions>();
   CLI::App* command = app.add_subcommand("measure", "Measure a project and show its totals or every file");
-  command
-      ->add_option("PROJECT", options->read.project,
-                   "A folder that holds an .xcodeproj bundle, or the bundle")
-      ->required();
   command->add_option("--format", options->format, "table: totals to read; json, csv: every file")
       ->check(CLI::IsMember({"table", "json", "csv"}))
       ->capture_default_str();
   command->add_option("-o,--output", options->outputPath, "Write to FILE instead of standard output")
       ->type_name("FILE");
-  command->add_flag("--quiet", options->read.quiet, "Show no progress");
-  command->add_flag("--verbose", options->read.verbose, "Say on standard error what is being read");
+  addReadOptions(*command, options->read);
   command->footer(
       "Examples:\n"
       "  quillmeter-cli measure ~/Projects/Notebook\n"

@@ -1,24 +1,35 @@
 #include "cli/Measurement.h"
 
+#include <CLI/CLI.hpp>
 #include <cstdio>
 
 #include "analysis/FileSystem.h"
+#include "analysis/ProjectChooser.h"
 #include "cli/ExitStatus.h"
 #include "cli/Output.h"
 #include "cli/ProgressBar.h"
-#include "cli/ProjectPath.h"
+#include "support/Text.h"
 
 namespace quillmeter {
+
+void addReadOptions(CLI::App& command, ReadOptions& options) {
+  const auto mistakeIn = [](const std::string& path) {
+    return path.empty() ? std::string("the project's path is empty") : std::string();
+  };
+  command.add_option("PROJECT", options.project, "A folder that holds an .xcodeproj bundle, or the bundle")
+      ->required()
+      ->check(mistakeIn);
+  command.add_flag("--quiet", options.quiet, "Show no progress");
+  command.add_flag("--verbose", options.verbose, "Say on standard error what is being read");
+}
 
 std::unique_ptr<ParseProject> readProject(const ReadOptions& options) {
   auto project = std::make_unique<ParseProject>();
   if (options.verbose) {
-    project->setLogSink([](std::string_view line) {
-      std::fprintf(stderr, "%.*s\n", static_cast<int>(line.size()), line.data());
-    });
+    project->setLogSink([](std::string_view line) { std::fprintf(stderr, "%s\n", onOneLine(line).c_str()); });
   }
   ProgressBar progress(!options.quiet && !options.verbose);
-  project->parseFileAtPathAndDelegate(projectAtArgument(options.project), &progress);
+  project->parseFileAtPathAndDelegate(chosenProject(absoluteFolder(options.project)), &progress);
   project->setDelegate(nullptr);
   if (!project->files().empty()) return project;
 
@@ -32,7 +43,7 @@ std::unique_ptr<ParseProject> readProject(const ReadOptions& options) {
 }
 
 void complain(const std::string& message) {
-  std::fprintf(stderr, "quillmeter-cli: %s\n", message.c_str());
+  std::fprintf(stderr, "quillmeter-cli: %s\n", onOneLine(message).c_str());
 }
 
 int statusAfter(Output& output, int status) {

@@ -5,6 +5,10 @@
 
 #include "analysis/ParseProject.h"
 
+namespace CLI {
+class App;
+}
+
 namespace quillmeter {
 
 class Output;
@@ -16,11 +20,14 @@ struct ReadOptions {
   bool verbose = false;  ///< the reader's diagnostic lines on standard error
 };
 
+/// Adds the project and how it is read to a command's arguments. `options` must outlive the command.
+void addReadOptions(CLI::App& command, ReadOptions& options);
+
 /// Reads the project. Null when not one file could be measured; the user has been told on standard error
 /// then.
 [[nodiscard]] std::unique_ptr<ParseProject> readProject(const ReadOptions& options);
 
-/// Writes a line for the user on standard error, behind the tool's name.
+/// Writes one line for the user on standard error, behind the tool's name.
 void complain(const std::string& message);
 
 /// Completes a command's output. Gives `status` when it was written; otherwise tells the user why not and

@@ -94,7 +94,7 @@ void writeColumns(const std::vector<Row>& rows, Output& output) {
 void writeTable(const ParseProject& project, Output& output) {
   const DecimalFormatter formatter = overviewFormatter();
   const OverviewFigureTexts texts = overviewFigureTexts(overviewFigures(project), formatter);
-  output.write(project.projectTitle() + "\n" + project.initialPath() + "\n\n");
+  output.write(onOneLine(project.projectTitle()) + "\n" + onOneLine(project.initialPath()) + "\n\n");
 
   std::vector<Row> overview;
   for (std::size_t i = 0; i < kOverviewMetrics; ++i) {

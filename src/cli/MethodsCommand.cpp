@@ -15,6 +15,7 @@
 #include "cli/Measurement.h"
 #include "cli/Output.h"
 #include "parsers/RegulatorParser.h"
+#include "support/Text.h"
 
 namespace quillmeter {
 namespace {
@@ -108,7 +109,7 @@ class TableFormat final : public CountsFormat {
       output_.write(cell);
       output_.write("  ");
     }
-    output_.write(label);
+    output_.write(onOneLine(label));
     output_.write("\n");
   }
 

@@ -1,7 +1,9 @@
 #include "cli/ProgressBar.h"
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <string>
@@ -13,7 +15,15 @@ namespace {
 
 constexpr std::chrono::milliseconds kPatience{300};
 constexpr std::chrono::milliseconds kInterval{50};
-constexpr std::size_t kWidth = 40;
+constexpr int kWidest = 40;
+constexpr int kTextAround = 20;
+
+/// The bar's width in this terminal. What leaves the line cannot be drawn over.
+int barWidth() {
+  winsize terminal{};
+  if (::ioctl(STDERR_FILENO, TIOCGWINSZ, &terminal) != 0 || terminal.ws_col == 0) return kWidest;
+  return std::clamp(terminal.ws_col - kTextAround, 0, kWidest);
+}
 
 }  // namespace
 
@@ -29,8 +39,10 @@ void ProgressBar::progressParsingProject(double fraction) {
   if (now < nextDrawing_) return;
   nextDrawing_ = now + kInterval;
   shown_ = true;
-  const auto filled = static_cast<std::size_t>(clampedToInt32(fraction * static_cast<double>(kWidth)));
-  const std::string bar = std::string(filled, '#') + std::string(kWidth - filled, '.');
+  const int width = barWidth();
+  const int filled = clampedToInt32(fraction * width);
+  const std::string bar = std::string(static_cast<std::size_t>(filled), '#') +
+                          std::string(static_cast<std::size_t>(width - filled), '.');
   std::fprintf(stderr, "\rMeasuring [%s] %3d %%", bar.c_str(), clampedToInt32(fraction * 100.0));
 }
 

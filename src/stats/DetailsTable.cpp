@@ -10,10 +10,10 @@
 namespace quillmeter {
 namespace {
 
-/// Interface files here include the compiled ones, unlike anywhere else in the program.
 constexpr std::array<std::string_view, 2> kSourceExtensions = {"c", "cpp"};
 constexpr std::array<std::string_view, 3> kHeaderExtensions = {"h", "hh", "pch"};
 constexpr std::array<std::string_view, 2> kObjectiveCExtensions = {"m", "mm"};
+/// The compiled ones, too, unlike anywhere else in the program.
 constexpr std::array<std::string_view, 2> kInterfaceExtensions = {"xib", "nib"};
 
 struct Filter {
@@ -25,11 +25,11 @@ struct Filter {
 
 const Filter& filterAt(std::uint32_t number) {
   static constexpr std::array<Filter, kDetailsFilters> filters{{
-      {kCodeFileFormats, "source files", true, {true, true, true, false, false}},
+      {acceptedCodeFileFormats, "source files", true, {true, true, true, false, false}},
       {kSourceExtensions, "C and C++ sources", true, {true, false, false, false, false}},
       {kHeaderExtensions, "header files", true, {false, true, false, false, false}},
       {kObjectiveCExtensions, "Objective-C sources", true, {false, false, true, false, false}},
-      {kImageFormats, "images", false, {false, false, false, true, false}},
+      {acceptedImagesFormats, "images", false, {false, false, false, true, false}},
       {kInterfaceExtensions, "interface files", false, {false, false, false, false, true}},
   }};
   return filters[number < filters.size() ? number : 0];

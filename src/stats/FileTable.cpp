@@ -6,7 +6,6 @@
 
 #include "stats/TypeIcon.h"
 #include "support/Text.h"
-#include "support/Utf8.h"
 
 namespace quillmeter {
 namespace {
@@ -66,11 +65,6 @@ void arrange(FileList& rows, const std::vector<std::size_t>& order) {
   for (const std::size_t row : order)
     arranged.push_back(std::move(rows[row]));
   rows = std::move(arranged);
-}
-
-/// Unicode's line and paragraph separators, and all control characters.
-bool breaksLine(char32_t c) {
-  return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029;
 }
 
 }  // namespace
@@ -144,21 +138,6 @@ std::string FileTable::tabSeparated(const std::vector<std::size_t>& rows) const 
                               : cellText(row, column));
     }
     result += '\n';
-  }
-  return result;
-}
-
-std::string onOneLine(std::string_view text) {
-  std::string result;
-  result.reserve(text.size());
-  while (!text.empty()) {
-    const Utf8Character character = firstCharacter(text);
-    if (character.valid && breaksLine(character.codePoint)) {
-      result += ' ';
-    } else {
-      result += text.substr(0, character.bytes);
-    }
-    text.remove_prefix(character.bytes);
   }
   return result;
 }

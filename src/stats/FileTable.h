@@ -54,7 +54,4 @@ class FileTable {
   std::shared_ptr<const DecimalFormatter> formatter_;  ///< shared by copies of the table
 };
 
-/// `text` on one line: every tab, line break and other control character is a space.
-[[nodiscard]] std::string onOneLine(std::string_view text);
-
 }  // namespace quillmeter

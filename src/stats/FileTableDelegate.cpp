@@ -12,6 +12,7 @@
 #include "controls/Theme.h"
 #include "stats/FileTable.h"
 #include "stats/FileTableModel.h"
+#include "support/Text.h"
 
 namespace quillmeter {
 namespace {

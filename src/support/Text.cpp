@@ -19,6 +19,11 @@ bool isWhiteSpaceOrLineBreak(Utf8Character character) {
   return c == 0x85 || (U_GET_GC_MASK(static_cast<UChar32>(c)) & U_GC_Z_MASK) != 0;
 }
 
+/// Unicode's line and paragraph separators, and all control characters.
+bool breaksLine(char32_t c) {
+  return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029;
+}
+
 // Written without branches, so that the compiler makes vector code of both: names are lower-cased by the
 // million.
 bool isAscii(std::string_view text) {
@@ -141,6 +146,21 @@ std::string removingOccurrences(std::string_view text, std::string_view piece) {
     if (found == std::string_view::npos) return result;
     text.remove_prefix(found + piece.size());
   }
+}
+
+std::string onOneLine(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  while (!text.empty()) {
+    const Utf8Character character = firstCharacter(text);
+    if (character.valid && breaksLine(character.codePoint)) {
+      result += ' ';
+    } else {
+      result += text.substr(0, character.bytes);
+    }
+    text.remove_prefix(character.bytes);
+  }
+  return result;
 }
 
 bool isValidUtf8(std::string_view text) {

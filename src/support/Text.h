@@ -37,6 +37,9 @@ namespace quillmeter {
 /// An empty `piece` occurs nowhere.
 [[nodiscard]] std::string removingOccurrences(std::string_view text, std::string_view piece);
 
+/// `text` on one line: every tab, line break and other control character is a space.
+[[nodiscard]] std::string onOneLine(std::string_view text);
+
 [[nodiscard]] bool isValidUtf8(std::string_view text);
 
 }  // namespace quillmeter

@@ -172,6 +172,25 @@ class VanishingFileSystem final : public FileSystem {
   std::string gone_;
 };
 
+/// A disk on which every file claims to be larger than any memory.
+class BoastingFileSystem final : public FileSystem {
+ public:
+  [[nodiscard]] std::optional<FileStatus> status(const std::string& path) const override {
+    auto status = FileSystem::status(path);
+    if (status) status->size = std::uint64_t{1} << 63U;
+    return status;
+  }
+};
+
+TEST(BadProject, WhoseProjectFileFitsNoMemoryHasNoFiles) {
+  const TemporaryFolder folder;
+  folder.file("a.m");
+  const BoastingFileSystem disk;
+  ParseProject project(disk);
+  project.parseFileAtPathAndDelegate(writeProject(folder, {"a.m"}), nullptr);
+  EXPECT_EQ(project.files().size(), 0U);
+}
+
 TEST(BadProject, TakesTheNextFileOfTheNameWhenOneVanishesBetweenWalkAndRead) {
   const TemporaryFolder folder;
   folder.file("a/x.m");

@@ -125,6 +125,22 @@ TEST(FolderWalk, KeepsNamesThatAreNotUtf8) {
   EXPECT_EQ(relativePaths(folder), (std::vector<std::string>{"\xff\xfe.m"}));
 }
 
+TEST(FolderWalk, EntersTheFoldersBesideADeepOneOnItsWayBack) {
+  const TemporaryFolder folder;
+  constexpr int kLevels = 200;
+  std::string path = "top";
+  for (int level = 0; level < kLevels; ++level) {
+    folder.file(path + "/e/x.m");
+    path += "/d";
+  }
+  std::vector<std::string> expected;
+  listPlainly(folder.path(), expected);
+  for (std::string& entry : expected)
+    entry.erase(0, folder.path().size() + 1);
+  EXPECT_EQ(expected.size(), 3U * kLevels);
+  EXPECT_EQ(relativePaths(folder), expected);
+}
+
 TEST(FolderWalk, WalksFoldersNestedDeeperThanAPathMayBeLong) {
   const TemporaryFolder folder;
   constexpr int kLevels = 5000;

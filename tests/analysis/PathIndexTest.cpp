@@ -120,16 +120,17 @@ std::filesystem::path placeForTrees() {
   return ::access(memory.c_str(), W_OK) == 0 ? memory : std::filesystem::temp_directory_path();
 }
 
-/// Trees and references from few, colliding, awkward names.
+/// Trees and references from few, colliding, awkward names. Every twentieth tree is crowded: it has so many
+/// files of each name, and of each two components, that looking at all of them is no way any more.
 class Generator {
  public:
-  explicit Generator(unsigned seed) : random_(seed) {}
+  explicit Generator(unsigned seed) : crowded_(seed % 20 == 0), random_(seed) {}
 
   void makeTree(const TemporaryFolder& folder) {
-    const int files = below(24) + 2;
+    const int files = crowded_ ? 200 : below(24) + 2;
     for (int i = 0; i < files; ++i) {
       std::string path = "B";
-      for (int depth = below(4); depth > 0; --depth)
+      for (int depth = crowded_ ? 4 : below(4); depth > 0; --depth)
         path += "/" + name();
       addEntry(folder / path, name());
     }
@@ -184,7 +185,8 @@ class Generator {
         "a.m", "A.m",  "a.ma.m", "A.ma.m", "m",         "mm",  "x y.c", "Ä.m",   "ä.m",
         "ß.h", "SS.h", "İ.m",    "b",      "B",         "a",   "aa",    "a.m.m", "..a.m",
         ".m",  "c",    "ccc",    "c.c",    "e\u0301.m", "é.m", "b.mb",  "\xff.m"};
-    return names[index(names.size())];
+    constexpr std::size_t crowd = 3;
+    return names[index(crowded_ ? crowd : names.size())];
   }
 
   std::string joinedNames() {
@@ -214,6 +216,7 @@ class Generator {
     }
   }
 
+  bool crowded_;
   std::mt19937 random_;
 };
 

@@ -2,10 +2,12 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <vector>
 
+#include "helpers/TemporaryFolder.h"
 #include "support/Addresses.h"
 
 namespace quillmeter {
@@ -26,6 +28,13 @@ TEST(CommandLine, ProjectBecomesAnAbsolutePathWithoutASlashAtTheEnd) {
   EXPECT_EQ(read({"."}).project, here);
   EXPECT_EQ(read({"./x/../y"}).project, here + "/y");
   EXPECT_EQ(read({"/"}).project, "/");
+}
+
+TEST(CommandLine, StepsUpGoFromWhereALinkLeads) {
+  const testing::TemporaryFolder folder;
+  folder.folder("real/inner");
+  ASSERT_EQ(::symlink("real/inner", (folder / "link").c_str()), 0);
+  EXPECT_EQ(read({(folder / "link/..").c_str()}).project, folder / "real");
 }
 
 TEST(CommandLine, BytesOfAPathAreKept) {

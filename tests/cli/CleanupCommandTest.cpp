@@ -54,6 +54,7 @@ TEST_F(CleanupCommand, WritesJson) {
                           {{{"fileName", "A.png"}, {"filePath", folder / "A.png"}, {"fileSize", 0}},
                            {{"fileName", "b.m"}, {"filePath", folder / "b.m"}, {"fileSize", 5}}}}};
   EXPECT_EQ(json::parse(result.output), expected);
+  EXPECT_TRUE(result.output.ends_with("\n]}\n")) << "and no empty line behind it";
 }
 
 TEST_F(CleanupCommand, ACleanProjectIsAnEmptyListAsJson) {

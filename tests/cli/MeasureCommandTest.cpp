@@ -94,12 +94,41 @@ TEST_F(MeasureCommand, TakesBundlesRelativePathsAndTrailingSlashes) {
   EXPECT_EQ(runTool({"measure", "--format", "json", ".."}, {.folder = bundle}).output, output);
 }
 
+TEST_F(MeasureCommand, RefusesAnEmptyPath) {
+  const ToolResult result = runTool({"measure", ""}, {.folder = bundle});
+  EXPECT_EQ(result.status, 2);
+  EXPECT_EQ(result.output, "");
+  EXPECT_NE(result.errors.find("the project's path is empty"), std::string::npos) << result.errors;
+}
+
 TEST_F(MeasureCommand, ShowsTotalsAsATableByDefault) {
-  const ToolResult result = runTool({"measure", folder.path()});
+  folder.file("a.m", "// one\nint  a;\n" + std::string(1500, '\n'));
+  const ToolResult result = runTool({"measure", folder.path()}, {.variables = {"LC_ALL=en_US.UTF-8"}});
   EXPECT_EQ(result.status, 0);
-  for (const char* text : {"App", "Code files", "Image files", "Lines"}) {
-    EXPECT_NE(result.output.find(text), std::string::npos) << text << " in\n" << result.output;
-  }
+  EXPECT_EQ(result.output, "App\n" + bundle + R"(
+
+Size on disk                   1.5 KB
+Lines in total                  1,503
+Thousand lines (KLOC)            1.50
+Non-empty lines                     2
+Comment lines                       1
+Non-empty lines per code file       2
+Code files                          1
+Image files                         1
+Interface files (XIB)               0
+Comment lines per code file         1
+
+Kind                   Files  Lines  Non-empty  Comments  Words  Characters    Size
+Code                       1  1,503          2         1      5          13  1.5 KB
+Interface files (XIB)      0      0          0         0      0           0     0 B
+Images                     1      -          -         -      -           -     4 B
+)");
+}
+
+TEST_F(MeasureCommand, NoNameBreaksALineOfTheTable) {
+  const std::string odd = writeProject(folder, {"a.m"}, "two\nlines\x1B[31m");
+  EXPECT_EQ(runTool({"measure", odd}).output.find("two lines [31m\n" + folder / "two lines [31m.xcodeproj\n"),
+            0U);
 }
 
 TEST_F(MeasureCommand, WritesToAFile) {
@@ -136,6 +165,30 @@ TEST_F(MeasureCommand, EscapesNamesThatAreNotUtf8Reversibly) {
   EXPECT_NE(output.find(odd.path() + "/\\udcff\\udc80/a.m\""), std::string::npos) << output;
 }
 
+TEST_F(MeasureCommand, EscapesWhatNamesMayHoldInJson) {
+  const std::string name = "q\" b\\ n\n r\r t\t c\x01 d\x7F größe \U0001F600";
+  const std::string odd = writeProject(folder, {"a.m"}, name);
+  const std::string output = runTool({"measure", "--format", "json", odd}).output;
+  EXPECT_EQ(json::parse(output)["projectTitle"], name);
+  EXPECT_NE(output.find(R"("q\" b\\ n\n r\r t\t c\u0001 d\u007f größe )"), std::string::npos) << output;
+}
+
+TEST_F(MeasureCommand, WritesAnyNumberOfFilesOfAnyLengthOfName) {
+  std::vector<std::string> names;
+  for (int i = 100; i < 800; ++i)
+    names.push_back(std::string(200, 'n') + std::to_string(i) + ".m");
+  for (const std::string& name : names)
+    folder.file(name);
+  writeProject(folder, names);
+  const ToolResult result = runTool({"measure", "--format", "json", folder.path()});
+  const json files = json::parse(result.output)["files"];
+  ASSERT_EQ(files.size(), names.size());
+  for (std::size_t i = 0; i < names.size(); ++i)
+    ASSERT_EQ(files[i]["fileName"], names[i]);
+  EXPECT_EQ(runTool({"measure", "--format", "json", "-o", folder / "out.json", folder.path()}).status, 0);
+  EXPECT_EQ(readFile(folder / "out.json"), result.output);
+}
+
 TEST_F(MeasureCommand, ShowsNoProgressWhereStandardErrorIsNoTerminal) {
   EXPECT_EQ(runTool({"measure", folder.path()}).errors, "");
   EXPECT_EQ(runTool({"measure", "--quiet", folder.path()}).errors, "");
@@ -144,6 +197,9 @@ TEST_F(MeasureCommand, ShowsNoProgressWhereStandardErrorIsNoTerminal) {
 TEST_F(MeasureCommand, SaysWhatItReadsWhenAsked) {
   EXPECT_EQ(runTool({"measure", "--verbose", folder.path()}).errors,
             "parsing file b.png\nparsing file a.m\n");
+  folder.file("two \x1B[31m.m");
+  EXPECT_EQ(runTool({"measure", "--verbose", writeProject(folder, {"two \x1B[31m.m"})}).errors,
+            "parsing file two  [31m.m\n");
 }
 
 TEST(Tool, RefusesWrongUsage) {
@@ -161,8 +217,10 @@ TEST(Tool, RefusesWrongUsage) {
 TEST(Tool, ExplainsItself) {
   const ToolResult help = runTool({"--help"});
   EXPECT_EQ(help.status, 0);
-  EXPECT_NE(help.output.find("measure"), std::string::npos);
-  EXPECT_NE(runTool({"measure", "--help"}).output.find("Examples:"), std::string::npos);
+  for (const char* command : {"measure", "cleanup", "export", "methods"}) {
+    EXPECT_NE(help.output.find(command), std::string::npos) << command;
+    EXPECT_NE(runTool({command, "--help"}).output.find("Examples:"), std::string::npos) << command;
+  }
   const ToolResult version = runTool({"--version"});
   EXPECT_EQ(version.status, 0);
   EXPECT_EQ(version.output.find("quillmeter-cli 1."), 0U);

@@ -128,6 +128,14 @@ TEST_F(MethodsCommand, KeepsNamesThatAreNotUtf8) {
   EXPECT_NE(run({"caf\xe9.c"}).output.find("1  caf\xe9.c\n"), std::string::npos);
 }
 
+TEST_F(MethodsCommand, NoNameBreaksALine) {
+  folder.file("two\nlines\x1B[31m.c", "int main(void) {\n}\n");
+  const ToolResult result = run({"two\nlines\x1B[31m.c", "no\nfile.c"});
+  EXPECT_NE(result.output.find("1  two lines [31m.c\n"), std::string::npos) << result.output;
+  EXPECT_NE(result.output.find("-  no file.c\n"), std::string::npos) << result.output;
+  EXPECT_EQ(result.errors, "quillmeter-cli: no file.c: No such file or directory\n");
+}
+
 TEST_F(MethodsCommand, NeedsAFileAndAFormatThatExists) {
   EXPECT_EQ(run({}).status, 2);
   EXPECT_EQ(run({"--format", "csv", "sum.c"}).status, 2);

@@ -247,11 +247,5 @@ TEST(FileTable, NoNameBreaksTheLinesOfACopy) {
   EXPECT_EQ(table.tabSeparated({0}), "png\ta b  c d\xFF.png\t0\n");
 }
 
-TEST(OnOneLine, EveryControlCharacterBecomesASpace) {
-  EXPECT_EQ(onOneLine("a\nb\rc\td\ve\ff\x01g\x7Fh\xC2\x85i\xE2\x80\xA9j"), "a b c d e f g h i j");
-  EXPECT_EQ(onOneLine("ä b\xFF\xC3"), "ä b\xFF\xC3");
-  EXPECT_EQ(onOneLine(""), "");
-}
-
 }  // namespace
 }  // namespace quillmeter

@@ -59,7 +59,9 @@ TEST(LowerCasing, FollowsUnicodeAndNoLanguage) {
   EXPECT_EQ(lowerCased("ΟΔΟΣ"), "οδος");
 }
 
-TEST(LowerCasing, KeepsBytesThatAreNotUtf8) { EXPECT_EQ(lowerCased("\xff\xC4Ä\xfeY"), "\xff\xC4ä\xfey"); }
+TEST(LowerCasing, KeepsBytesThatAreNotUtf8) {
+  EXPECT_EQ(lowerCased("\xff\xC4Ä\xfeY"), "\xff\xC4ä\xfey");
+}
 
 TEST(CaseInsensitiveOrder, IgnoresCaseAndFoldsFully) {
   EXPECT_EQ(compareCaseInsensitive("readme.M", "README.m"), 0);
@@ -90,6 +92,12 @@ TEST(RemovingOccurrences, TakesThemFromTheLeftWithoutOverlap) {
   EXPECT_EQ(removingOccurrences("aaa", "aa"), "a");
   EXPECT_EQ(removingOccurrences("abc", "x"), "abc");
   EXPECT_EQ(removingOccurrences("abc", ""), "abc");
+}
+
+TEST(OnOneLine, EveryControlCharacterBecomesASpace) {
+  EXPECT_EQ(onOneLine("a\nb\rc\td\ve\ff\x01g\x7Fh\xC2\x85i\xE2\x80\xA9j"), "a b c d e f g h i j");
+  EXPECT_EQ(onOneLine("ä b\xFF\xC3"), "ä b\xFF\xC3");
+  EXPECT_EQ(onOneLine(""), "");
 }
 
 }  // namespace
