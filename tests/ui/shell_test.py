@@ -47,7 +47,9 @@ class Desktop:
         self.processes = []
         self.home = tempfile.mkdtemp(prefix="quillmeter-ui-")
         read_end, write_end = os.pipe()
-        self.start(["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1280x900x24"], pass_fds=[write_end])
+        # Without -noreset the server starts anew whenever its last client leaves, and throws out those just arriving.
+        self.start(["Xvfb", "-displayfd", str(write_end), "-noreset", "-screen", "0", "1280x900x24"],
+                   pass_fds=[write_end])
         os.close(write_end)
         with os.fdopen(read_end) as pipe:
             number = pipe.readline().strip()
