@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <exception>
 #include <memory>
 #include <system_error>
 #include <thread>
@@ -171,14 +172,25 @@ class SharedFolderWalk {
   }
 
  private:
+  /// What the other thread fails of, memory say, is a failure of the walk.
   void walkTogether(const Descriptor& root, bool wantsHelp) {
+    std::exception_ptr failure;
+    walkWithHelper(root, wantsHelp, failure);
+    if (failure) std::rethrow_exception(failure);
+  }
+
+  void walkWithHelper(const Descriptor& root, bool wantsHelp, std::exception_ptr& failure) {
     std::jthread helper;  // joined on every way out
     try {
       const int processor = ::sched_getcpu();
       if (wantsHelp) {
-        helper = std::jthread([this, &root, processor] {
+        helper = std::jthread([this, &root, &failure, processor] {
           leaveProcessor(processor);
-          walkParts(root);
+          try {
+            walkParts(root);
+          } catch (...) {
+            failure = std::current_exception();
+          }
         });
       }
     } catch (const std::system_error&) {

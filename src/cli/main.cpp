@@ -1,8 +1,10 @@
 #include <CLI/CLI.hpp>
 #include <csignal>
+#include <new>
 
 #include "cli/Commands.h"
 #include "cli/ExitStatus.h"
+#include "cli/Measurement.h"
 
 /// The terminal's door to the engine. Each command lives in a source file of its own; this only puts them
 /// together.
@@ -25,6 +27,9 @@ int main(int argc, char** argv) {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? quillmeter::kSuccess : quillmeter::kWrongUsage;
+  } catch (const std::bad_alloc&) {
+    quillmeter::complain("there is not enough memory");
+    return quillmeter::kNothingMeasured;
   }
   return status;
 }

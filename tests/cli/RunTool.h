@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -23,6 +24,7 @@ struct ToolSurroundings {
   std::string folder = "/";                 ///< the working folder
   std::string standardOutput = {};          ///< a file to open as standard output instead of collecting it
   std::vector<std::string> variables = {};  ///< "NAME=value" on top of the test's own environment
+  rlim_t addressSpace = RLIM_INFINITY;      ///< bytes
 };
 
 /// Runs the built quillmeter-cli with `arguments` and waits for its end.
@@ -41,6 +43,8 @@ inline ToolResult runTool(std::vector<std::string> arguments, const ToolSurround
     argv.push_back(nullptr);
     for (const std::string& variable : surroundings.variables)
       ::putenv(const_cast<char*>(variable.c_str()));
+    const rlimit space{surroundings.addressSpace, surroundings.addressSpace};
+    if (::setrlimit(RLIMIT_AS, &space) != 0) ::_exit(126);
     if (::chdir(surroundings.folder.c_str()) != 0) ::_exit(126);
     int standardOutput = out[1];
     if (!surroundings.standardOutput.empty())
