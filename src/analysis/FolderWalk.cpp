@@ -9,10 +9,9 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
-#include <exception>
+#include <future>
 #include <memory>
 #include <system_error>
-#include <thread>
 #include <utility>
 
 #include "analysis/FileSystem.h"
@@ -174,29 +173,20 @@ class SharedFolderWalk {
  private:
   /// What the other thread fails of, memory say, is a failure of the walk.
   void walkTogether(const Descriptor& root, bool wantsHelp) {
-    std::exception_ptr failure;
-    walkWithHelper(root, wantsHelp, failure);
-    if (failure) std::rethrow_exception(failure);
-  }
-
-  void walkWithHelper(const Descriptor& root, bool wantsHelp, std::exception_ptr& failure) {
-    std::jthread helper;  // joined on every way out
+    std::future<void> helper;  // waited for on every way out
     try {
       const int processor = ::sched_getcpu();
       if (wantsHelp) {
-        helper = std::jthread([this, &root, &failure, processor] {
+        helper = std::async(std::launch::async, [this, &root, processor] {
           leaveProcessor(processor);
-          try {
-            walkParts(root);
-          } catch (...) {
-            failure = std::current_exception();
-          }
+          walkParts(root);
         });
       }
     } catch (const std::system_error&) {
       // No thread to be had: this one walks alone.
     }
     walkParts(root);
+    if (helper.valid()) helper.get();
   }
 
   void walkParts(const Descriptor& root) {

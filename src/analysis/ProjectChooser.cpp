@@ -40,10 +40,7 @@ std::string absoluteFolder(const std::string& argument) {
     const fs::path resolved = fs::canonical(path, error);
     if (!error) path = resolved;
   }
-  std::string folder = path.lexically_normal().string();
-  while (folder.size() > 1 && folder.ends_with('/'))
-    folder.pop_back();
-  return folder;
+  return std::string(withoutTrailingSlashes(path.lexically_normal().string()));
 }
 
 bool holdsProject(const std::string& folder) {

@@ -4,6 +4,8 @@
 #include <cctype>
 #include <cstddef>
 
+#include "support/Paths.h"
+
 namespace quillmeter {
 namespace {
 
@@ -47,9 +49,7 @@ std::optional<std::string> localPath(std::string_view uri, std::string_view host
     uri.remove_prefix(host.size());
   }
   if (!uri.starts_with('/')) return std::nullopt;
-  while (uri.size() > 1 && uri.ends_with('/'))
-    uri.remove_suffix(1);
-  return withoutEscapes(uri);
+  return withoutEscapes(withoutTrailingSlashes(uri));
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 #include <QPainter>
 #include <QPalette>
 #include <QStringList>
-#include <QTextDocument>
 #include <QToolTip>
 #include <algorithm>
 
@@ -16,13 +15,14 @@
 #include "charts/ChartPainter.h"
 #include "controls/NamedImage.h"
 #include "controls/Theme.h"
+#include "controls/ToolTipText.h"
 
 namespace quillmeter {
 namespace {
 
 constexpr QSize kCanvasSize(660, 540);
 constexpr int kFocusMargin = 3;
-constexpr qsizetype kToolTipLine = 80;
+constexpr qsizetype kToolTipLine = 80;  // fits a screen
 
 ChartPoint toChartPoint(QPointF point) {
   return {point.x(), point.y()};
@@ -30,17 +30,6 @@ ChartPoint toChartPoint(QPointF point) {
 
 ChartSize toChartSize(QSizeF size) {
   return {size.width(), size.height()};
-}
-
-/// A text as it is, in lines that fit a screen. A tool tip would take what looks like markup for markup, and
-/// a file name may look like that.
-QString toolTipText(const QString& text) {
-  QStringList lines;
-  for (const QString& line : text.split(QLatin1Char('\n'))) {
-    for (qsizetype at = 0; at < line.size(); at += kToolTipLine)
-      lines += line.mid(at, kToolTipLine);
-  }
-  return Qt::convertFromPlainText(lines.join(QLatin1Char('\n')), Qt::WhiteSpacePre);
 }
 
 }  // namespace
@@ -280,7 +269,7 @@ bool DrawingCanvasView::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QWidget::event(event);
   const auto* help = static_cast<QHelpEvent*>(event);
   const QString text = descriptionAt(help->pos());
-  QToolTip::showText(help->globalPos(), text.isEmpty() ? QString() : toolTipText(text), this);
+  QToolTip::showText(help->globalPos(), text.isEmpty() ? QString() : toolTipText(text, kToolTipLine), this);
   return true;
 }
 

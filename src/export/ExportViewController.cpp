@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "analysis/ParseProject.h"
+#include "controls/BackgroundStyle.h"
 #include "export/Export.h"
 #include "export/ExportHost.h"
 #include "export/ReportChart.h"
@@ -15,7 +16,6 @@ namespace quillmeter {
 namespace {
 
 constexpr std::chrono::milliseconds kSaveDoneDelay{1000};
-constexpr int kBackgroundStyleRaised = 2;
 
 bool isOn(const QCheckBox* checkbox) {
   return checkbox != nullptr && checkbox->checkState() == Qt::Checked;
@@ -45,7 +45,7 @@ ExportViewController::~ExportViewController() = default;
 void ExportViewController::initViewCustom() {
   ui_->btnTypePDF->setChecked(true);
   ui_->btnTypeCSV->setChecked(false);
-  ui_->lblTextTitle1->setProperty("backgroundStyle", kBackgroundStyleRaised);
+  setRaisedBackgroundStyle(ui_->lblTextTitle1);
 }
 
 QCheckBox* ExportViewController::btnTypePDF() const {

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "analysis/ParseProject.h"
+#include "controls/BackgroundStyle.h"
 #include "controls/ButtonTextColor.h"
 #include "controls/Theme.h"
 #include "stats/DetailsHost.h"
@@ -20,7 +21,6 @@ namespace {
 
 constexpr std::chrono::milliseconds kFade(300);
 constexpr std::chrono::milliseconds kBeforeExportTab(100);
-constexpr int kBackgroundStyleRaised = 2;
 
 /// The key says "minimal", yet true means the long set of columns. It stays, as users have it stored.
 const std::string& showsExtraColumnsKey() {
@@ -74,7 +74,7 @@ void DetailsViewController::initViewCustom() {
     setTextColorAndAlternateColor(button, QColor(Qt::white), darkGray);
   ui_->viewFilters->hide();
   filtersOpacity_->setOpacity(0.0);
-  ui_->lblTextTitle1->setProperty("backgroundStyle", kBackgroundStyleRaised);
+  setRaisedBackgroundStyle(ui_->lblTextTitle1);
 }
 
 void DetailsViewController::setNumberOfColumnsForTableByFilter() {

@@ -10,6 +10,7 @@
 
 #include "controls/NamedImage.h"
 #include "controls/Theme.h"
+#include "controls/ToolTipText.h"
 #include "stats/FileTable.h"
 #include "stats/FileTableModel.h"
 #include "support/Text.h"
@@ -33,15 +34,6 @@ void paintPicture(QPainter* painter, const QRect& cell, const QIcon& picture, QS
     natural.scale(room, Qt::KeepAspectRatio);
   }
   picture.paint(painter, QRect(cell.center() - QPoint(natural.width() / 2, natural.height() / 2), natural));
-}
-
-QString inLinesForToolTip(const QString& text) {
-  QString lines;
-  for (qsizetype at = 0; at < text.size(); at += kToolTipLine) {
-    if (at > 0) lines += QLatin1String("<br>");
-    lines += text.mid(at, kToolTipLine).toHtmlEscaped();
-  }
-  return QStringLiteral("<div style='white-space: pre'>%1</div>").arg(lines);
 }
 
 }  // namespace
@@ -127,7 +119,7 @@ bool FileTableDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
   } else {
     const QString text = displayText(index.data(), option.locale);
     const bool fits = sizeHint(option, index).width() <= option.rect.width();
-    if (!fits) tip = inLinesForToolTip(text);
+    if (!fits) tip = toolTipText(text, kToolTipLine);
   }
   QToolTip::showText(event->globalPos(), tip, view);
   return true;

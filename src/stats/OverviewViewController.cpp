@@ -3,6 +3,7 @@
 #include <QLabel>
 
 #include "analysis/ParseProject.h"
+#include "controls/BackgroundStyle.h"
 #include "stats/FigureLabel.h"
 #include "stats/OverviewCaptions.h"
 #include "stats/StatsHost.h"
@@ -11,8 +12,6 @@
 
 namespace quillmeter {
 namespace {
-
-constexpr int kBackgroundStyleRaised = 2;
 
 QString fromUtf8(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -59,7 +58,7 @@ void OverviewViewController::initViewCustom() {
     showFigure(index + 1, texts.lblSizeMetrics.at(index));
   }
   for (QLabel* const heading : {ui_->lblTextTitle1, ui_->lblTextTitle2, ui_->lblTextTitle3}) {
-    heading->setProperty("backgroundStyle", kBackgroundStyleRaised);
+    setRaisedBackgroundStyle(heading);
   }
 }
 

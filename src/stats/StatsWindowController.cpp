@@ -15,6 +15,7 @@
 
 #include "analysis/ParseProject.h"
 #include "charts/ChartsViewController.h"
+#include "controls/BackgroundStyle.h"
 #include "controls/NamedImage.h"
 #include "controls/Theme.h"
 #include "export/ExportViewController.h"
@@ -30,7 +31,6 @@ namespace quillmeter {
 namespace {
 
 constexpr std::chrono::milliseconds kReminderDelay{4000};
-constexpr int kBackgroundStyleRaised = 2;
 constexpr int kYes = 0;
 
 /// Room between a button's picture and its title, which the toolkit has no measure for.
@@ -105,7 +105,7 @@ void StatsWindowController::windowDidLoad() {
   const QString title = titleOf(*project_);
   ui_->lblProjectTitle->setText(QStringLiteral("Current project: ") + title);
   ui_->lblProjectTitle->setToolTip(QStringLiteral("<p>%1</p>").arg(title.toHtmlEscaped()));
-  ui_->lblProjectTitle->setProperty("backgroundStyle", kBackgroundStyleRaised);
+  setRaisedBackgroundStyle(ui_->lblProjectTitle);
   showRatingsReminderWindow();
 }
 

@@ -22,6 +22,12 @@ std::string joinedPath(std::string_view folder, std::string_view name) {
   return result;
 }
 
+std::string_view withoutTrailingSlashes(std::string_view path) {
+  while (path.size() > 1 && path.ends_with('/'))
+    path.remove_suffix(1);
+  return path;
+}
+
 std::vector<std::string_view> pathComponents(std::string_view path) {
   std::vector<std::string_view> components;
   for (;;) {

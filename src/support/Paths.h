@@ -14,6 +14,9 @@ namespace quillmeter {
 /// `folder` and `name` with exactly one "/" between them. An empty part gives the other one.
 [[nodiscard]] std::string joinedPath(std::string_view folder, std::string_view name);
 
+/// `path` without the "/" at its end; of a path of slashes only the first one stays.
+[[nodiscard]] std::string_view withoutTrailingSlashes(std::string_view path);
+
 /// The pieces between the "/" of a path, so a first empty one for an absolute path; one empty piece for the
 /// empty path. They point into `path`.
 [[nodiscard]] std::vector<std::string_view> pathComponents(std::string_view path);

@@ -23,6 +23,13 @@ TEST(JoinedPath, PutsExactlyOneSlashBetweenTheParts) {
   EXPECT_EQ(joinedPath("/", ""), "/");
 }
 
+TEST(TrailingSlashes, AreLeftOutButForTheFirstOfTheRoot) {
+  EXPECT_EQ(withoutTrailingSlashes("/w/App//"), "/w/App");
+  EXPECT_EQ(withoutTrailingSlashes("/w/App"), "/w/App");
+  EXPECT_EQ(withoutTrailingSlashes("//"), "/");
+  EXPECT_EQ(withoutTrailingSlashes(""), "");
+}
+
 TEST(PathComponents, KeepEmptyPieces) {
   EXPECT_EQ(pathComponents("/w/x"), (std::vector<std::string_view>{"", "w", "x"}));
   EXPECT_EQ(pathComponents(""), (std::vector<std::string_view>{""}));
