@@ -89,7 +89,7 @@ void SwitchToBarChart(benchmark::State& state) {
   class Host final : public ChartsHost {
    public:
     explicit Host(std::int64_t count) : project_(largeProject(count)) {}
-    [[nodiscard]] std::shared_ptr<const ParseProject> parserProject() const override { return project_; }
+    [[nodiscard]] std::shared_ptr<const MeasuredProject> parserProject() const override { return project_; }
     [[nodiscard]] SourceTotals sourceTotals() const override { return {100, 10, 20}; }
 
    private:

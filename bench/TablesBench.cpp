@@ -9,10 +9,10 @@
 #include <string>
 
 #include "TablesRecords.h"
-#include "analysis/FolderWalk.h"
 #include "analysis/ParseProject.h"
-#include "stats/CleanUpTable.h"
-#include "stats/DetailsTable.h"
+#include "files/FolderWalk.h"
+#include "tables/CleanUpTable.h"
+#include "tables/DetailsTable.h"
 
 /// What the tables cost without a window, and what the clean-up costs on top of walking the folder.
 namespace quillmeter {

@@ -5,7 +5,7 @@
 #include <random>
 #include <string>
 
-#include "analysis/FileObject.h"
+#include "measuring/FileObject.h"
 
 namespace quillmeter::bench {
 

@@ -7,8 +7,8 @@
 
 #include "TablesRecords.h"
 #include "controls/Theme.h"
-#include "stats/DetailsTable.h"
-#include "stats/FileTableView.h"
+#include "tables/DetailsTable.h"
+#include "tables/FileTableView.h"
 
 /// What a user waits for in a table of 100 000 rows.
 namespace quillmeter {

@@ -14,7 +14,7 @@
 #include <string_view>
 #include <vector>
 
-#include "analysis/TextMeasurement.h"
+#include "measuring/TextMeasurement.h"
 
 namespace {
 

@@ -7,9 +7,9 @@
 #include <span>
 #include <string_view>
 
-#include "analysis/ReferenceMeasurement.h"
-#include "analysis/TextMeasurement.h"
-#include "analysis/TextScan.h"
+#include "measuring/ReferenceMeasurement.h"
+#include "measuring/TextMeasurement.h"
+#include "measuring/TextScan.h"
 
 /// The first byte picks the instruction set, the second the sizes of the blocks; the others are the text.
 /// Measuring it in those blocks gives what the reference gives for the whole.

@@ -1,1 +1,1 @@
-quillmeter_benchmark(quillmeter_text_measurement_benchmark SOURCES TextMeasurementBenchmark.cpp LIBS quillmeter_analysis)
+quillmeter_benchmark(quillmeter_text_measurement_benchmark SOURCES TextMeasurementBenchmark.cpp LIBS quillmeter_measuring)

@@ -1,3 +1,3 @@
 quillmeter_fuzzer(text_measurement_fuzzer
-  SOURCES TextMeasurementFuzzer.cpp ${CMAKE_SOURCE_DIR}/tests/analysis/ReferenceMeasurement.cpp
-  LIBS quillmeter_analysis)
+  SOURCES TextMeasurementFuzzer.cpp ${CMAKE_SOURCE_DIR}/tests/measuring/ReferenceMeasurement.cpp
+  LIBS quillmeter_measuring)

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "analysis/FolderWalk.h"
+#include "files/FolderWalk.h"
 
 namespace quillmeter {
 

@@ -7,9 +7,9 @@
 #include <unordered_set>
 #include <utility>
 
-#include "analysis/FileKinds.h"
-#include "analysis/FileSystem.h"
-#include "analysis/FolderWalk.h"
+#include "files/FileSystem.h"
+#include "files/FolderWalk.h"
+#include "measuring/FileKinds.h"
 
 namespace quillmeter {
 namespace {

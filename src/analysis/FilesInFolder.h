@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "analysis/FileObject.h"
+#include "measuring/FileObject.h"
 
 namespace quillmeter {
 

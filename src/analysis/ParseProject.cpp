@@ -4,13 +4,13 @@
 #include <stdexcept>
 #include <utility>
 
-#include "analysis/FileKinds.h"
-#include "analysis/FileStats.h"
-#include "analysis/FileSystem.h"
 #include "analysis/FilesInFolder.h"
-#include "analysis/FolderWalk.h"
 #include "analysis/PathIndex.h"
 #include "analysis/ReferenceSection.h"
+#include "files/FileSystem.h"
+#include "files/FolderWalk.h"
+#include "measuring/FileKinds.h"
+#include "measuring/FileStats.h"
 #include "support/Paths.h"
 #include "support/Text.h"
 
@@ -53,39 +53,42 @@ ParseProject::~ParseProject() = default;
 void ParseProject::parseFileAtPathAndDelegate(const std::string& path, ParseProjectDelegate* delegate) {
   delegate_ = delegate;
   allAvailableFilesPaths_.reset();
-  arrayFiles_.emplace();
-  initialPath_ = path;
-  projectTitle_ = removingOccurrences(lastPathComponent(path), ".xcodeproj");
+  setArrayFiles(FileList());
+  setInitialPath(path);
+  setProjectTitle(removingOccurrences(lastPathComponent(path), ".xcodeproj"));
 
   auto project = readWholeFile(*fileSystem_, joinedPath(path, "project.pbxproj"));
   if (project && !isValidUtf8(*project)) project.reset();
   if (delegate_ != nullptr) delegate_->progressParsingProjectStarted();
-  if (const auto section = project ? referenceSection(*project) : std::nullopt) parseSection(*section);
+  if (const auto section = project ? referenceSection(*project) : std::nullopt)
+    setArrayFiles(filesOf(*section));
   if (delegate_ != nullptr) delegate_->progressParsingProjectEnded();
 }
 
-void ParseProject::parseSection(std::string_view section) {
-  allAvailableFilesPaths_ = std::make_unique<PathIndex>(FolderWalk(parentFolder(initialPath_)));
+FileList ParseProject::filesOf(std::string_view section) {
+  FileList files;
+  allAvailableFilesPaths_ = std::make_unique<PathIndex>(FolderWalk(parentFolder(initialPath())));
   const auto lines = static_cast<std::uint32_t>(std::count(section.begin(), section.end(), '\n')) + 1U;
   for (std::uint32_t i = 0; i < lines; ++i) {
     const std::size_t end = section.find('\n');
-    parseLine(section.substr(0, end));
+    if (auto file = fileOf(section.substr(0, end))) files.push_back(std::move(file));
     if (end != std::string_view::npos) section.remove_prefix(end + 1);
     // A section of a single line divides 0 by 0; the not-a-number is passed on as it is.
     if (delegate_ != nullptr) delegate_->progressParsingProject(static_cast<double>(i) / (lines - 1U));
   }
+  return files;
 }
 
-void ParseProject::parseLine(std::string_view line) {
+std::shared_ptr<FileObject> ParseProject::fileOf(std::string_view line) {
   const auto reference = parseLineFileReference(line);
-  if (!reference) return;
+  if (!reference) return nullptr;
   try {
-    auto file = getFileInfoAtInitialPath(*reference, initialPath_);
-    if (!file) return;
-    if (log_) log_("parsing file " + file->fileName().value_or(""));
-    arrayFiles_->push_back(std::move(file));
+    auto file = getFileInfoAtInitialPath(*reference, initialPath());
+    if (file && log_) log_("parsing file " + file->fileName().value_or(""));
+    return file;
   } catch (const std::logic_error&) {
-    if (log_) log_("error parsing the file at path: " + initialPath_);
+    if (log_) log_("error parsing the file at path: " + initialPath());
+    return nullptr;
   }
 }
 
@@ -140,50 +143,8 @@ FileList ParseProject::allFilesInFolder() const {
 }
 
 FileList ParseProject::filesInFolderExcept(const FileList& files) const {
-  return filesInFolder(*fileSystem_, removingOccurrences(initialPath_, lastPathComponent(initialPath_)),
+  return filesInFolder(*fileSystem_, removingOccurrences(initialPath(), lastPathComponent(initialPath())),
                        files);
-}
-
-bool ParseProject::fileIsOfTypeAndFile(std::span<const std::string_view> extensions, const FileObject& file) {
-  const auto extension = file.getFileExtension();
-  return extension && isOneOf(*extension, extensions);
-}
-
-bool ParseProject::isSourceFileType(const FileObject& file) const {
-  return fileIsOfTypeAndFile(acceptedCodeFileFormats, file);
-}
-bool ParseProject::isXIBFileType(const FileObject& file) const {
-  return fileIsOfTypeAndFile(acceptedOtherFormats, file);
-}
-bool ParseProject::isImageFileType(const FileObject& file) const {
-  return fileIsOfTypeAndFile(acceptedImagesFormats, file);
-}
-bool ParseProject::isImageFileTypeWithoutICNS(const FileObject& file) const {
-  return fileIsOfTypeAndFile(kImageFormatsWithoutIcons, file);
-}
-bool ParseProject::isSourceFileForRegex(const FileObject& file) const {
-  return fileIsOfTypeAndFile(kFormatsForRegex, file);
-}
-
-std::size_t ParseProject::countOfKind(std::span<const std::string_view> extensions) const {
-  return static_cast<std::size_t>(std::count_if(files().begin(), files().end(), [&](const auto& file) {
-    return fileIsOfTypeAndFile(extensions, *file);
-  }));
-}
-
-std::size_t ParseProject::getNumberCodeFiles() const {
-  return countOfKind(acceptedCodeFileFormats);
-}
-std::size_t ParseProject::getNumberImageFiles() const {
-  return countOfKind(acceptedImagesFormats);
-}
-std::size_t ParseProject::getNumberXIBFiles() const {
-  return countOfKind(acceptedOtherFormats);
-}
-
-const FileList& ParseProject::files() const {
-  static const FileList none;
-  return arrayFiles_ ? *arrayFiles_ : none;
 }
 
 }  // namespace quillmeter

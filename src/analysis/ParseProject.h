@@ -1,14 +1,12 @@
 #pragma once
 
-#include <cstddef>
 #include <functional>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
-#include "analysis/FileObject.h"
+#include "analysis/MeasuredProject.h"
 
 namespace quillmeter {
 
@@ -27,8 +25,7 @@ class ParseProjectDelegate {
   virtual void progressParsingProjectEnded() = 0;
 };
 
-/// Turns a project bundle (a folder named *.xcodeproj) into the list of measured files that everything else
-/// shows.
+/// Reads a project bundle (a folder named *.xcodeproj) by the classic rules.
 ///
 /// The project description is not parsed as a property list: its file-reference section is cut out as text,
 /// one path is read per line, and each path is looked for among all entries below the folder that holds the
@@ -36,16 +33,14 @@ class ParseProjectDelegate {
 ///
 /// One object serves one thread at a time; after `parseFileAtPathAndDelegate` has returned it is only read,
 /// and may then be shared by threads. It touches nothing but its own fields and the file system.
-class ParseProject {
+class ParseProject final : public MeasuredProject {
  public:
   using LogSink = std::function<void(std::string_view)>;
 
   ParseProject();
   /// Reads through `fileSystem` instead of the real one; it must outlive this object.
   explicit ParseProject(const FileSystem& fileSystem);
-  ~ParseProject();
-  ParseProject(const ParseProject&) = delete;
-  ParseProject& operator=(const ParseProject&) = delete;
+  ~ParseProject() override;
 
   /// Reads the whole project whose bundle lies at `path` (no trailing "/"), on the caller's thread. A second
   /// call starts again from an empty list. `delegate` is not owned and may be null.
@@ -76,36 +71,10 @@ class ParseProject {
   /// quicker than leaving them out afterwards.
   [[nodiscard]] FileList filesInFolderExcept(const FileList& files) const;
 
-  [[nodiscard]] bool isSourceFileType(const FileObject& file) const;
-  [[nodiscard]] bool isXIBFileType(const FileObject& file) const;
-  [[nodiscard]] bool isImageFileType(const FileObject& file) const;
-  [[nodiscard]] bool isImageFileTypeWithoutICNS(const FileObject& file) const;
-  [[nodiscard]] bool isSourceFileForRegex(const FileObject& file) const;
-  [[nodiscard]] static bool fileIsOfTypeAndFile(std::span<const std::string_view> extensions,
-                                                const FileObject& file);
-
-  /// Records of a kind, counted as often as they occur; 0 before the first read.
-  [[nodiscard]] std::size_t getNumberCodeFiles() const;
-  [[nodiscard]] std::size_t getNumberImageFiles() const;
-  [[nodiscard]] std::size_t getNumberXIBFiles() const;
-  /// Always 0: reading a project counts no methods.
-  [[nodiscard]] std::size_t getNumberInstanceMethods() const { return 0; }
-  [[nodiscard]] std::size_t getNumberStaticMethods() const { return 0; }
-
-  /// The project's files in the order of their lines; a file referenced twice is there twice. Absent before
-  /// the first read. `files` gives an empty list then.
-  [[nodiscard]] const std::optional<FileList>& arrayFiles() const { return arrayFiles_; }
-  [[nodiscard]] const FileList& files() const;
-  /// The bundle's path as it was passed in.
-  [[nodiscard]] const std::string& initialPath() const { return initialPath_; }
-  /// The bundle's name without ".xcodeproj".
-  [[nodiscard]] const std::string& projectTitle() const { return projectTitle_; }
+  [[nodiscard]] FileList unreferencedFiles() const override { return filesInFolderExcept(files()); }
 
   [[nodiscard]] ParseProjectDelegate* delegate() const { return delegate_; }
   void setDelegate(ParseProjectDelegate* delegate) { delegate_ = delegate; }
-  void setArrayFiles(std::optional<FileList> files) { arrayFiles_ = std::move(files); }
-  void setInitialPath(std::string path) { initialPath_ = std::move(path); }
-  void setProjectTitle(std::string title) { projectTitle_ = std::move(title); }
 
   /// Where plain diagnostic lines go, one call a line, on the reader's thread. Without a sink no line is
   /// made.
@@ -113,16 +82,12 @@ class ParseProject {
 
  private:
   [[nodiscard]] std::shared_ptr<FileObject> linkedFile(std::string reference, const std::string& path) const;
-  [[nodiscard]] std::size_t countOfKind(std::span<const std::string_view> extensions) const;
-  void parseSection(std::string_view section);
-  void parseLine(std::string_view line);
+  [[nodiscard]] FileList filesOf(std::string_view section);
+  [[nodiscard]] std::shared_ptr<FileObject> fileOf(std::string_view line);
 
   const FileSystem* fileSystem_;
   ParseProjectDelegate* delegate_ = nullptr;
-  std::optional<FileList> arrayFiles_;
-  std::string initialPath_;
   std::unique_ptr<PathIndex> allAvailableFilesPaths_;
-  std::string projectTitle_;
   LogSink log_;
 };
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "analysis/EndingTable.h"
-#include "analysis/FolderWalk.h"
+#include "files/FolderWalk.h"
 
 namespace quillmeter {
 

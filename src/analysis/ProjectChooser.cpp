@@ -5,7 +5,7 @@
 #include <optional>
 #include <system_error>
 
-#include "analysis/FileSystem.h"
+#include "files/FileSystem.h"
 #include "support/Paths.h"
 #include "support/Text.h"
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "analysis/FileKinds.h"
+#include "measuring/FileKinds.h"
 #include "support/Text.h"
 
 namespace quillmeter {

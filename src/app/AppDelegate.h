@@ -19,6 +19,7 @@ class AppDelegate;
 
 class CustomShapeWindow;
 class OpenPanel;
+class MeasuredProject;
 class ParseProject;
 class ProjectRead;
 class StatsWindowController;
@@ -68,11 +69,15 @@ class AppDelegate final : public QObject, public CustomDragViewDelegate, public 
   static void openParsingFileDelayed(const std::string& path, const LogSink& log, ProjectRead& read);
 
   // From the statistics window.
-  [[nodiscard]] std::shared_ptr<const ParseProject> parserProject() const override { return parserProject_; }
+  [[nodiscard]] std::shared_ptr<const MeasuredProject> parserProject() const override {
+    return parserProject_;
+  }
   void showBackMainWindow() override;
 
   [[nodiscard]] CustomShapeWindow* window() const { return window_.get(); }
-  void setParserProject(std::shared_ptr<const ParseProject> project) { parserProject_ = std::move(project); }
+  void setParserProject(std::shared_ptr<const MeasuredProject> project) {
+    parserProject_ = std::move(project);
+  }
   /// The statistics window; null when there is none.
   [[nodiscard]] StatsWindowController* controllerWindow() const { return controllerWindow_.get(); }
   /// The outlets of the main screen.
@@ -106,7 +111,7 @@ class AppDelegate final : public QObject, public CustomDragViewDelegate, public 
   LogSink log_;
   std::unique_ptr<Ui::AppDelegate> ui_;
   std::unique_ptr<CustomShapeWindow> window_;
-  std::shared_ptr<const ParseProject> parserProject_;
+  std::shared_ptr<const MeasuredProject> parserProject_;
   std::unique_ptr<StatsWindowController> controllerWindow_;
   WindowButton* closeButton_ = nullptr;  ///< these three belong to the main screen
   WindowButton* minimizeButton_ = nullptr;

@@ -5,7 +5,7 @@
 #include "controls/QtUrlOpener.h"
 #include "controls/QtUserDefaults.h"
 #include "export/QtSavePanel.h"
-#include "stats/DesktopFileBrowser.h"
+#include "tables/DesktopFileBrowser.h"
 
 namespace quillmeter {
 

@@ -10,8 +10,8 @@
 
 #include "analysis/ParseProject.h"
 #include "export/Export.h"
+#include "overview/OverviewFigures.h"
 #include "stats/CanvasReportChart.h"
-#include "stats/OverviewFigures.h"
 #include "support/NumberFormat.h"
 
 namespace quillmeter {
@@ -28,7 +28,7 @@ int failed(int status, const std::string& message) {
   return status;
 }
 
-ReportSource sourceOf(const std::shared_ptr<const ParseProject>& project) {
+ReportSource sourceOf(const std::shared_ptr<const MeasuredProject>& project) {
   const OverviewFigureTexts texts = overviewFigureTexts(overviewFigures(*project), overviewFormatter());
   ReportSource source;
   source.project = project;

@@ -2,7 +2,7 @@
 
 #include <atomic>
 
-#include "analysis/FileSystem.h"
+#include "files/FileSystem.h"
 
 namespace quillmeter {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "analysis/FileObject.h"
+#include "measuring/FileObject.h"
 
 namespace quillmeter {
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <optional>
 
-#include "analysis/FileObject.h"
 #include "charts/ChartKind.h"
+#include "measuring/FileObject.h"
 
 namespace quillmeter {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "analysis/FileObject.h"
+#include "measuring/FileObject.h"
 
 /// The five charts, known everywhere by one number. Any other number is no chart: it has no title, no measure
 /// and draws nothing.

@@ -4,15 +4,15 @@
 #include <limits>
 #include <vector>
 
-#include "analysis/FileKinds.h"
-#include "analysis/ParseProject.h"
+#include "analysis/MeasuredProject.h"
 #include "charts/ChartKind.h"
 #include "charts/Ratio.h"
+#include "measuring/FileKinds.h"
 
 namespace quillmeter {
 namespace {
 
-bool isOfKind(std::int32_t graphType, const ParseProject& project, const FileObject& file) {
+bool isOfKind(std::int32_t graphType, const MeasuredProject& project, const FileObject& file) {
   switch (graphType) {
     case kSourceFilesBars:
       return project.isSourceFileType(file);
@@ -44,7 +44,7 @@ float singlePrecision(double value) {
 
 }  // namespace
 
-PieFractions pieFractions(const ParseProject& project, const SourceTotals& totals) {
+PieFractions pieFractions(const MeasuredProject& project, const SourceTotals& totals) {
   PieFractions fractions;
   const auto files = static_cast<double>(project.files().size());
   fractions.pieChart2Perc1 = ratio(static_cast<double>(project.getNumberCodeFiles()), files);
@@ -62,7 +62,7 @@ PieFractions pieFractions(const ParseProject& project, const SourceTotals& total
   return fractions;
 }
 
-BarChartValues barChartValues(std::int32_t graphType, const ParseProject& project) {
+BarChartValues barChartValues(std::int32_t graphType, const MeasuredProject& project) {
   std::vector<Ranked> ranking;
   std::int64_t sum = 0;
   for (const auto& file : project.files()) {

@@ -2,13 +2,13 @@
 
 #include <cstdint>
 
-#include "analysis/FileObject.h"
 #include "charts/ChartsHost.h"
+#include "measuring/FileObject.h"
 
 /// The numbers behind the charts, computed from a project without any drawing.
 namespace quillmeter {
 
-class ParseProject;
+class MeasuredProject;
 
 /// The shares of the pies, between 0 and 1. Where there is nothing to share out (no source lines, no files,
 /// no methods) a share is not a number.
@@ -22,7 +22,7 @@ struct PieFractions {
   double pieChart3Perc1 = 0;  ///< instance methods, of all methods
 };
 
-[[nodiscard]] PieFractions pieFractions(const ParseProject& project, const SourceTotals& totals);
+[[nodiscard]] PieFractions pieFractions(const MeasuredProject& project, const SourceTotals& totals);
 
 /// What a bar chart is made of.
 struct BarChartValues {
@@ -33,7 +33,7 @@ struct BarChartValues {
 
 /// The values of a bar chart. A graph type that is no bar chart has no files. An absent measure counts as 0,
 /// and a sum beyond the range of 64 bits stays at its end.
-[[nodiscard]] BarChartValues barChartValues(std::int32_t graphType, const ParseProject& project);
+[[nodiscard]] BarChartValues barChartValues(std::int32_t graphType, const MeasuredProject& project);
 
 /// Copies of the first `kMostBars` of `files` for one frame of the grow-in: name, lines and size, the chart's
 /// own measure multiplied by `factor`. That product is made in single precision, so large measures are

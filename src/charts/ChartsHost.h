@@ -1,11 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
+
+#include "analysis/ProjectHost.h"
 
 namespace quillmeter {
-
-class ParseProject;
 
 /// Line sums over the project's source files.
 struct SourceTotals {
@@ -15,11 +14,8 @@ struct SourceTotals {
 };
 
 /// What the Charts tab needs from the window that holds it. Main thread only; outlives the tab.
-class ChartsHost {
+class ChartsHost : public ProjectHost {
  public:
-  virtual ~ChartsHost() = default;
-  /// The project shown; never null.
-  [[nodiscard]] virtual std::shared_ptr<const ParseProject> parserProject() const = 0;
   [[nodiscard]] virtual SourceTotals sourceTotals() const = 0;
 };
 

@@ -12,7 +12,7 @@
 #include <string_view>
 #include <utility>
 
-#include "analysis/ParseProject.h"
+#include "analysis/MeasuredProject.h"
 #include "charts/ChartAdvice.h"
 #include "charts/ChartsHost.h"
 #include "charts/FadingPanel.h"

@@ -4,10 +4,10 @@
 #include <cstdint>
 #include <memory>
 
-#include "analysis/FileObject.h"
 #include "charts/ChartValues.h"
 #include "charts/DrawingCanvasView.h"
 #include "controls/Services.h"
+#include "measuring/FileObject.h"
 
 class QPushButton;
 

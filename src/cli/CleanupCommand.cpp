@@ -8,8 +8,8 @@
 #include "cli/JsonWriter.h"
 #include "cli/Measurement.h"
 #include "cli/Output.h"
-#include "stats/CleanUpTable.h"
 #include "support/Text.h"
+#include "tables/CleanUpTable.h"
 
 namespace quillmeter {
 namespace {

@@ -3,11 +3,11 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 
-#include "analysis/FileSystem.h"
 #include "analysis/ProjectChooser.h"
 #include "cli/ExitStatus.h"
 #include "cli/Output.h"
 #include "cli/ProgressBar.h"
+#include "files/FileSystem.h"
 #include "support/Text.h"
 
 namespace quillmeter {

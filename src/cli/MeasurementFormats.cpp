@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "analysis/ParseProject.h"
+#include "analysis/MeasuredProject.h"
 #include "cli/JsonWriter.h"
 #include "cli/Output.h"
 
@@ -38,7 +38,7 @@ void writeFile(const FileObject& file, JsonWriter& json) {
   json.endObject();
 }
 
-void writeTotals(const ParseProject& project, JsonWriter& json) {
+void writeTotals(const MeasuredProject& project, JsonWriter& json) {
   const auto count = [&json](std::string_view name, std::size_t value) {
     json.member(name, static_cast<std::int64_t>(value));
   };
@@ -65,7 +65,7 @@ void writeCsvField(std::string_view text, Output& output) {
 
 }  // namespace
 
-void writeJson(const ParseProject& project, Output& output) {
+void writeJson(const MeasuredProject& project, Output& output) {
   JsonWriter json(output);
   json.beginObject();
   json.member("projectTitle", std::string_view(project.projectTitle()));
@@ -80,7 +80,7 @@ void writeJson(const ParseProject& project, Output& output) {
   json.endObject();
 }
 
-void writeCsv(const ParseProject& project, Output& output) {
+void writeCsv(const MeasuredProject& project, Output& output) {
   output.write("fileName,filePath");
   for (const CounterField& field : kCounterFields)
     output.write(std::string(",").append(field.name));

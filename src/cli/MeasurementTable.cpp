@@ -4,12 +4,12 @@
 #include <string_view>
 #include <vector>
 
-#include "analysis/FileKinds.h"
-#include "analysis/ParseProject.h"
+#include "analysis/MeasuredProject.h"
 #include "cli/MeasurementFormats.h"
 #include "cli/Output.h"
-#include "stats/OverviewCaptions.h"
-#include "stats/OverviewFigures.h"
+#include "measuring/FileKinds.h"
+#include "overview/OverviewCaptions.h"
+#include "overview/OverviewFigures.h"
 #include "support/NumberFormat.h"
 #include "support/Text.h"
 
@@ -41,7 +41,7 @@ struct KindSums {
   std::int64_t size = 0;
 };
 
-KindSums sumsOf(const ParseProject& project, FileKind kind) {
+KindSums sumsOf(const MeasuredProject& project, FileKind kind) {
   KindSums sums;
   for (const auto& file : project.files()) {
     if (fileKind(file->getFileExtension().value_or("")) != kind) continue;
@@ -56,7 +56,7 @@ KindSums sumsOf(const ParseProject& project, FileKind kind) {
   return sums;
 }
 
-Row rowOf(const KindRow& kind, const ParseProject& project, const DecimalFormatter& formatter) {
+Row rowOf(const KindRow& kind, const MeasuredProject& project, const DecimalFormatter& formatter) {
   const KindSums sums = sumsOf(project, kind.kind);
   Row row{std::string(kind.name), formatter.format(sums.files)};
   for (const std::int64_t count :
@@ -91,7 +91,7 @@ void writeColumns(const std::vector<Row>& rows, Output& output) {
 
 }  // namespace
 
-void writeTable(const ParseProject& project, Output& output) {
+void writeTable(const MeasuredProject& project, Output& output) {
   const DecimalFormatter formatter = overviewFormatter();
   const OverviewFigureTexts texts = overviewFigureTexts(overviewFigures(project), formatter);
   output.write(onOneLine(project.projectTitle()) + "\n" + onOneLine(project.initialPath()) + "\n\n");

@@ -8,12 +8,12 @@
 #include <string_view>
 #include <vector>
 
-#include "analysis/FileSystem.h"
 #include "cli/Commands.h"
 #include "cli/ExitStatus.h"
 #include "cli/JsonWriter.h"
 #include "cli/Measurement.h"
 #include "cli/Output.h"
+#include "files/FileSystem.h"
 #include "parsers/RegulatorParser.h"
 #include "support/Text.h"
 

@@ -1,12 +1,12 @@
 #include "export/Export.h"
 
-#include "analysis/ParseProject.h"
+#include "analysis/MeasuredProject.h"
 #include "export/CsvText.h"
 #include "support/AtomicFile.h"
 
 namespace quillmeter {
 
-std::optional<std::string> exportCsv(const ParseProject& project, const ExportKinds& kinds,
+std::optional<std::string> exportCsv(const MeasuredProject& project, const ExportKinds& kinds,
                                      const std::string& path) {
   return writeFileAtomically(path, csvText(filesToExport(project.files(), kinds)));
 }

@@ -10,7 +10,7 @@
 /// system's message when the file could not be written (it is then as it was before), nothing on success.
 namespace quillmeter {
 
-[[nodiscard]] std::optional<std::string> exportCsv(const ParseProject& project, const ExportKinds& kinds,
+[[nodiscard]] std::optional<std::string> exportCsv(const MeasuredProject& project, const ExportKinds& kinds,
                                                    const std::string& path);
 
 /// Renders the report twice, the second one replacing the first, as this export has always done.

@@ -3,9 +3,10 @@
 #include <memory>
 #include <string>
 
+#include "analysis/ProjectHost.h"
+
 namespace quillmeter {
 
-class ParseProject;
 class ReportChart;
 
 /// The overview's figures as it shows them, for the totals of the report.
@@ -16,11 +17,8 @@ struct OverviewTexts {
 };
 
 /// What the Export tab needs from the window that holds it. Main thread only; outlives the tab.
-class ExportHost {
+class ExportHost : public ProjectHost {
  public:
-  virtual ~ExportHost() = default;
-  /// The project shown; never null.
-  [[nodiscard]] virtual std::shared_ptr<const ParseProject> parserProject() const = 0;
   [[nodiscard]] virtual OverviewTexts overviewTexts() const = 0;
   /// What paints the report's graph; null leaves the graph out.
   [[nodiscard]] virtual std::shared_ptr<const ReportChart> reportChart() const { return nullptr; }

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "analysis/FileKinds.h"
+#include "measuring/FileKinds.h"
 #include "support/Text.h"
 
 namespace quillmeter {

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "analysis/FileObject.h"
+#include "measuring/FileObject.h"
 
 /// Which of a project's files an export covers, and what each counts as.
 namespace quillmeter {

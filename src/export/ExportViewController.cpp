@@ -4,7 +4,7 @@
 #include <QPushButton>
 #include <utility>
 
-#include "analysis/ParseProject.h"
+#include "analysis/MeasuredProject.h"
 #include "controls/BackgroundStyle.h"
 #include "export/Export.h"
 #include "export/ExportHost.h"

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "analysis/FileKinds.h"
-#include "analysis/FileObject.h"
 #include "export/ReportGroups.h"
+#include "measuring/FileKinds.h"
+#include "measuring/FileObject.h"
 #include "support/AtomicFile.h"
 #include "support/NumberFormat.h"
 #include "support/Paths.h"

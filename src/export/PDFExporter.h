@@ -19,7 +19,7 @@ class FileObject;
 
 /// What a report shows beside its files.
 struct ReportSource {
-  std::shared_ptr<const ParseProject> project;  ///< never null
+  std::shared_ptr<const MeasuredProject> project;  ///< never null
   OverviewTexts overviewTexts;
   std::shared_ptr<const ReportChart> chart;  ///< null leaves the graph out
   /// The date and time printed under the title, as people in `locale` and `timeZone` (ICU names; empty: the

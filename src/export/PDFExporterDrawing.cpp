@@ -1,12 +1,12 @@
 #include <algorithm>
 
-#include "analysis/FileKinds.h"
-#include "analysis/FileObject.h"
-#include "analysis/ParseProject.h"
+#include "analysis/MeasuredProject.h"
 #include "export/PDFExporter.h"
 #include "export/ReportDate.h"
 #include "export/ReportGroups.h"
 #include "export/StringTools.h"
+#include "measuring/FileKinds.h"
+#include "measuring/FileObject.h"
 #include "support/Addresses.h"
 
 /// The report's pages: where everything stands and how it looks.

@@ -1,6 +1,6 @@
 #include "export/ReportGroups.h"
 
-#include "analysis/FileKinds.h"
+#include "measuring/FileKinds.h"
 
 namespace quillmeter {
 namespace {

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "analysis/FileSystem.h"
+#include "files/FileSystem.h"
 #include "parsers/FMethodStats.h"
 #include "parsers/Strategy.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "analysis/FileSystem.h"
+#include "files/FileSystem.h"
 
 namespace quillmeter {
 

@@ -13,18 +13,18 @@
 #include <QVBoxLayout>
 #include <chrono>
 
-#include "analysis/ParseProject.h"
+#include "analysis/MeasuredProject.h"
 #include "charts/ChartsViewController.h"
 #include "controls/BackgroundStyle.h"
 #include "controls/NamedImage.h"
 #include "controls/Theme.h"
 #include "export/ExportViewController.h"
+#include "overview/OverviewViewController.h"
 #include "reminder/DesktopReminder.h"
 #include "stats/CanvasReportChart.h"
-#include "stats/CleanUpToolViewController.h"
-#include "stats/DetailsViewController.h"
-#include "stats/OverviewViewController.h"
 #include "stats/StatsHost.h"
+#include "tables/CleanUpToolViewController.h"
+#include "tables/DetailsViewController.h"
 #include "ui_StatsWindowController.h"
 
 namespace quillmeter {
@@ -51,13 +51,13 @@ QIcon undimmedIcon(const QString& name, QSize size) {
 }
 
 /// A project's title is the name of a folder: bytes that need not be UTF-8.
-QString titleOf(const ParseProject& project) {
+QString titleOf(const MeasuredProject& project) {
   return QFile::decodeName(QByteArray::fromStdString(project.projectTitle()));
 }
 
 /// The toolkit puts its mark of unsaved changes in place of "[*]" in a window's title, unless it stands
 /// twice.
-QString windowTitleFor(const QString& window, const ParseProject& project) {
+QString windowTitleFor(const QString& window, const MeasuredProject& project) {
   return window + QStringLiteral(" – ") +
          titleOf(project).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
 }

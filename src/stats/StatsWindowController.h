@@ -8,7 +8,7 @@
 #include "charts/ChartsHost.h"
 #include "controls/Services.h"
 #include "export/ExportHost.h"
-#include "stats/DetailsHost.h"
+#include "tables/DetailsHost.h"
 
 class QPushButton;
 
@@ -63,7 +63,7 @@ class StatsWindowController final : public QWidget, public ChartsHost, public Ex
   /// that is still up loses its effect.
   void closeWithoutAsking();
 
-  [[nodiscard]] std::shared_ptr<const ParseProject> parserProject() const override { return project_; }
+  [[nodiscard]] std::shared_ptr<const MeasuredProject> parserProject() const override { return project_; }
   [[nodiscard]] SourceTotals sourceTotals() const override;
   [[nodiscard]] OverviewTexts overviewTexts() const override;
   [[nodiscard]] std::shared_ptr<const ReportChart> reportChart() const override;
@@ -95,7 +95,7 @@ class StatsWindowController final : public QWidget, public ChartsHost, public Ex
 
   StatsHost& host_;
   Services services_;
-  std::shared_ptr<const ParseProject> project_;
+  std::shared_ptr<const MeasuredProject> project_;
   std::unique_ptr<Ui::StatsWindowController> ui_;
   std::unique_ptr<OverviewViewController> overviewController_;
   std::unique_ptr<DetailsViewController> detailsViewController_;

@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "analysis/FileSystem.h"
 #include "analysis/ParseProject.h"
+#include "files/FileSystem.h"
 #include "helpers/DeepTree.h"
 #include "helpers/ProjectFixture.h"
 

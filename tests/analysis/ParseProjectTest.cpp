@@ -6,7 +6,7 @@
 #include <cmath>
 #include <filesystem>
 
-#include "analysis/FileSystem.h"
+#include "files/FileSystem.h"
 #include "helpers/ProjectFixture.h"
 
 namespace quillmeter {

@@ -395,7 +395,7 @@ TEST_F(AppDelegateTest, NewReadClosesTheStatisticsAtItsStart) {
   open(writeProject("first"));
   ASSERT_TRUE(waitForStats());
   const QPointer<QWidget> first = delegate->controllerWindow();
-  const std::weak_ptr<const ParseProject> firstProject = delegate->parserProject();
+  const std::weak_ptr<const MeasuredProject> firstProject = delegate->parserProject();
   const std::string second = writeProject("second", 5);
   std::unique_lock reading(readerGate);
   open(second);

@@ -12,15 +12,20 @@ import tempfile
 # Which folders a folder may include from, besides itself.
 ARROWS = {
     "support": set(),
-    "analysis": {"support"},
-    "parsers": {"support", "analysis"},
+    "files": {"support"},
+    "measuring": {"support", "files"},
+    "analysis": {"support", "files", "measuring"},
+    "parsers": {"support", "files"},
     "reminder": {"support", "controls"},
     "controls": {"support"},
-    "charts": {"support", "analysis", "controls"},
-    "export": {"support", "analysis", "controls"},
-    "stats": {"support", "analysis", "controls", "charts", "export", "reminder"},
-    "cli": {"support", "analysis", "parsers", "stats", "export"},
-    "app": {"support", "analysis", "controls", "charts", "export", "stats", "reminder"},
+    "charts": {"support", "measuring", "analysis", "controls"},
+    "export": {"support", "measuring", "analysis", "controls"},
+    "overview": {"support", "measuring", "analysis", "controls"},
+    "tables": {"support", "measuring", "analysis", "controls"},
+    "stats": {"support", "measuring", "analysis", "controls", "charts", "export", "overview", "tables", "reminder"},
+    "cli": {"support", "files", "measuring", "analysis", "parsers", "overview", "tables", "charts", "export"},
+    "app": {"support", "files", "measuring", "analysis", "controls", "charts", "export", "overview", "tables",
+            "stats", "reminder"},
 }
 PROJECT_INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)
 QT_INCLUDE = re.compile(r'^\s*#\s*include\s+<(Q[A-Za-z/]+)>', re.MULTILINE)

@@ -25,9 +25,9 @@ namespace {
 
 class HarnessHost final : public ChartsHost {
  public:
-  explicit HarnessHost(std::shared_ptr<const ParseProject> project) : project_(std::move(project)) {}
+  explicit HarnessHost(std::shared_ptr<const MeasuredProject> project) : project_(std::move(project)) {}
 
-  [[nodiscard]] std::shared_ptr<const ParseProject> parserProject() const override { return project_; }
+  [[nodiscard]] std::shared_ptr<const MeasuredProject> parserProject() const override { return project_; }
   [[nodiscard]] SourceTotals sourceTotals() const override {
     SourceTotals totals;
     for (const auto& file : project_->files()) {
@@ -43,7 +43,7 @@ class HarnessHost final : public ChartsHost {
   }
 
  private:
-  std::shared_ptr<const ParseProject> project_;
+  std::shared_ptr<const MeasuredProject> project_;
 };
 
 class TimedCalls final : public DelayedCalls {

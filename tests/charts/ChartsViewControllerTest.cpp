@@ -32,7 +32,7 @@ using testing::TemporaryFolder;
 
 class FixedHost final : public ChartsHost {
  public:
-  [[nodiscard]] std::shared_ptr<const ParseProject> parserProject() const override { return project; }
+  [[nodiscard]] std::shared_ptr<const MeasuredProject> parserProject() const override { return project; }
   [[nodiscard]] SourceTotals sourceTotals() const override { return totals; }
 
   std::shared_ptr<ParseProject> project;

@@ -24,11 +24,11 @@ using namespace std::chrono_literals;
 
 class FakeExportHost final : public ExportHost {
  public:
-  [[nodiscard]] std::shared_ptr<const ParseProject> parserProject() const override { return project; }
+  [[nodiscard]] std::shared_ptr<const MeasuredProject> parserProject() const override { return project; }
   [[nodiscard]] OverviewTexts overviewTexts() const override { return {"2", "1", "0"}; }
   [[nodiscard]] std::shared_ptr<const ReportChart> reportChart() const override { return chart; }
 
-  std::shared_ptr<const ParseProject> project =
+  std::shared_ptr<const MeasuredProject> project =
       testing::projectWith({record({.name = "b.m"}), record({.name = "A.h"}), record({.name = "c.png"})});
   std::shared_ptr<testing::FakeReportChart> chart = std::make_shared<testing::FakeReportChart>();
 };

@@ -5,9 +5,9 @@
 #include <utility>
 #include <vector>
 
-#include "analysis/FileObject.h"
 #include "analysis/ParseProject.h"
 #include "helpers/TemporaryFolder.h"
+#include "measuring/FileObject.h"
 
 namespace quillmeter::testing {
 

@@ -4,7 +4,7 @@
 #include <memory>
 #include <utility>
 
-#include "analysis/ParseProject.h"
+#include "analysis/MeasuredProject.h"
 #include "stats/StatsHost.h"
 
 namespace quillmeter::testing {
@@ -12,15 +12,15 @@ namespace quillmeter::testing {
 /// Stands for the application below a statistics window.
 class FakeStatsHost final : public StatsHost {
  public:
-  explicit FakeStatsHost(std::shared_ptr<const ParseProject> shown) : project(std::move(shown)) {}
+  explicit FakeStatsHost(std::shared_ptr<const MeasuredProject> shown) : project(std::move(shown)) {}
 
-  [[nodiscard]] std::shared_ptr<const ParseProject> parserProject() const override { return project; }
+  [[nodiscard]] std::shared_ptr<const MeasuredProject> parserProject() const override { return project; }
   void showBackMainWindow() override {
     ++shownBack;
     if (whenShownBack) whenShownBack();
   }
 
-  std::shared_ptr<const ParseProject> project;
+  std::shared_ptr<const MeasuredProject> project;
   int shownBack = 0;
   std::function<void()> whenShownBack;
 };

@@ -18,10 +18,10 @@
 #include "export/ReportChart.h"
 #include "helpers/FakeServices.h"
 #include "helpers/ProjectFixture.h"
-#include "stats/CleanUpToolViewController.h"
-#include "stats/DetailsViewController.h"
+#include "overview/OverviewViewController.h"
 #include "stats/FakeStatsHost.h"
-#include "stats/OverviewViewController.h"
+#include "tables/CleanUpToolViewController.h"
+#include "tables/DetailsViewController.h"
 
 namespace quillmeter {
 namespace {
@@ -425,7 +425,7 @@ TEST_F(StatsWindow, GivesTheReportItsGraph) {
 
 TEST_F(StatsWindow, KeepsItsProjectWhateverTheApplicationReadsMeanwhile) {
   open();
-  const std::weak_ptr<const ParseProject> shown = host.project;
+  const std::weak_ptr<const MeasuredProject> shown = host.project;
   host.project = smallProject("Other");
   EXPECT_EQ(window->parserProject(), shown.lock());
   window.reset();

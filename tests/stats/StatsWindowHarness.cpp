@@ -16,12 +16,12 @@ namespace {
 
 class HarnessHost final : public StatsHost {
  public:
-  explicit HarnessHost(std::shared_ptr<const ParseProject> project) : project_(std::move(project)) {}
-  [[nodiscard]] std::shared_ptr<const ParseProject> parserProject() const override { return project_; }
+  explicit HarnessHost(std::shared_ptr<const MeasuredProject> project) : project_(std::move(project)) {}
+  [[nodiscard]] std::shared_ptr<const MeasuredProject> parserProject() const override { return project_; }
   void showBackMainWindow() override { QCoreApplication::quit(); }
 
  private:
-  std::shared_ptr<const ParseProject> project_;
+  std::shared_ptr<const MeasuredProject> project_;
 };
 
 std::shared_ptr<ParseProject> usualProject(const std::string& title) {

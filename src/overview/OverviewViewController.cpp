@@ -1,0 +1,88 @@
+#include "overview/OverviewViewController.h"
+
+#include <QLabel>
+
+#include "analysis/MeasuredProject.h"
+#include "analysis/ProjectHost.h"
+#include "controls/BackgroundStyle.h"
+#include "overview/FigureLabel.h"
+#include "overview/OverviewCaptions.h"
+#include "support/NumberFormat.h"
+#include "ui_OverviewViewController.h"
+
+namespace quillmeter {
+namespace {
+
+QString fromUtf8(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// A tool tip breaks its lines only in rich text.
+QString toolTipFor(const OverviewCaption& caption) {
+  return QStringLiteral("<p>%1</p>").arg(fromUtf8(caption.definition).toHtmlEscaped());
+}
+
+/// Tells a screen reader the figure together with what it is, and both readers what it means.
+void describe(QLabel* figure, const OverviewCaption& caption) {
+  figure->setAccessibleName(fromUtf8(caption.caption) + QStringLiteral(": ") + figure->text());
+  figure->setAccessibleDescription(fromUtf8(caption.definition));
+  figure->setToolTip(toolTipFor(caption));
+}
+
+}  // namespace
+
+std::unique_ptr<OverviewViewController> OverviewViewController::create(ProjectHost& host) {
+  std::unique_ptr<OverviewViewController> controller(new OverviewViewController(host));
+  controller->initViewCustom();
+  return controller;
+}
+
+OverviewViewController::OverviewViewController(ProjectHost& host)
+    : host_(host), ui_(std::make_unique<Ui::OverviewViewController>()) {
+  ui_->setupUi(this);
+  ui_->lblCaptionTotal->setToolTip(toolTipFor(kTotalLinesCaption));
+  for (std::size_t index = 0; index < kOverviewMetrics; ++index) {
+    const auto name = QStringLiteral("lblCaption%1").arg(index + 1);
+    findChild<QLabel*>(name)->setToolTip(toolTipFor(kOverviewCaptions.at(index)));
+  }
+}
+
+OverviewViewController::~OverviewViewController() = default;
+
+void OverviewViewController::initViewCustom() {
+  figures_ = overviewFigures(*host_.parserProject());
+  ui_->lblTotalNumberLines->setText(QStringLiteral("0"));
+  setTotalLinesOfCode(figures_.totalNumberLines);
+  const auto texts = overviewFigureTexts(figures_, overviewFormatter());
+  for (std::size_t index = 0; index < kOverviewMetrics; ++index) {
+    showFigure(index + 1, texts.lblSizeMetrics.at(index));
+  }
+  for (QLabel* const heading : {ui_->lblTextTitle1, ui_->lblTextTitle2, ui_->lblTextTitle3}) {
+    setRaisedBackgroundStyle(heading);
+  }
+}
+
+void OverviewViewController::setTotalLinesOfCode(std::uint64_t lines) {
+  ui_->lblTotalNumberLines->setText(fromUtf8(overviewFormatter().format(lines)));
+  describe(ui_->lblTotalNumberLines, kTotalLinesCaption);
+}
+
+void OverviewViewController::showFigure(std::size_t number, const std::string& text) {
+  QLabel* const label = lblSizeMetrics(number);
+  label->setText(fromUtf8(text));
+  describe(label, kOverviewCaptions.at(number - 1));
+}
+
+QLabel* OverviewViewController::lblTotalNumberLines() const {
+  return ui_->lblTotalNumberLines;
+}
+
+QLabel* OverviewViewController::lblSizeMetrics(std::size_t number) const {
+  const std::array<QLabel*, kOverviewMetrics> labels{
+      ui_->lblSizeMetrics1, ui_->lblSizeMetrics2, ui_->lblSizeMetrics3, ui_->lblSizeMetrics4,
+      ui_->lblSizeMetrics5, ui_->lblSizeMetrics6, ui_->lblSizeMetrics7, ui_->lblSizeMetrics8,
+      ui_->lblSizeMetrics9, ui_->lblSizeMetrics10};
+  return labels.at(number - 1);
+}
+
+}  // namespace quillmeter

@@ -1,0 +1,25 @@
+#include "tables/CleanUpTable.h"
+
+#include <utility>
+
+#include "analysis/MeasuredProject.h"
+
+namespace quillmeter {
+
+FileList unreferencedFiles(const MeasuredProject& project) {
+  return project.unreferencedFiles();
+}
+
+std::vector<FileTableColumn> cleanUpColumns() {
+  return {typeColumn(),
+          revealColumn(),
+          {.field = FileTableField::fileName, .width = 300},
+          {.field = FileTableField::filePath, .width = 300},
+          {.field = FileTableField::fileSize, .width = 100}};
+}
+
+FileTable cleanUpTable(FileList unreferenced, const std::string& locale) {
+  return {cleanUpColumns(), std::move(unreferenced), 1000.0, locale};
+}
+
+}  // namespace quillmeter

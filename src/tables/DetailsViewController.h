@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+#include <cstdint>
+#include <memory>
+
+#include "controls/Services.h"
+#include "measuring/FileObject.h"
+
+class QGraphicsOpacityEffect;
+class QPropertyAnimation;
+class QPushButton;
+
+namespace quillmeter {
+
+class DetailsHost;
+namespace Ui {
+class DetailsViewController;
+}
+
+/// The Details tab: every file of a chosen group in a table, with more columns on request; the way from a row
+/// to the file browser and from the group to the Export tab. The choice of columns is remembered, the group
+/// and everything done to the table is not. Its maker owns it. Main thread only.
+class DetailsViewController final : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// A tab that is set up and shows the host's project. `host` outlives it.
+  [[nodiscard]] static std::unique_ptr<DetailsViewController> create(DetailsHost& host,
+                                                                     const Services& services);
+  ~DetailsViewController() override;
+
+  /// Puts the tab into the state it starts in.
+  void initViewCustom();
+  /// Makes columns and rows anew for the current filter and check box, in the order of the names.
+  void setNumberOfColumnsForTableByFilter();
+  /// Opens the filter pop-up, or closes it when it is open.
+  void tapFilters();
+  /// Shows the group of one of the six filter buttons; any other sender leaves the group as it is.
+  void tapSelectedFilter(const QObject* sender);
+  void tapCheckMinimalVersion();
+  /// Ticks the current group in the Export tab and goes there.
+  void tapSave();
+  /// Reveals the file of a row; nothing happens for a row that is not there.
+  void tapViewInFinder(int row);
+  /// Closes the filter pop-up at once.
+  void forcePopupClose();
+  void makeFiltersHiddenAfterAnimation();
+  void enableBackFilter();
+
+  /// 0 to 5.
+  [[nodiscard]] std::uint32_t currentTableFilter() const { return currentTableFilter_; }
+  /// The rows in display order.
+  [[nodiscard]] const FileList& currentDataArray() const;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  DetailsViewController(DetailsHost& host, const Services& services);
+  [[nodiscard]] std::array<QPushButton*, 6> filterButtons() const;
+  void connectActions();
+  void fadeFilters(double opacity);
+  void hideFiltersAfterFade();
+  void highlightCurrentFilter();
+  void placeFilters();
+
+  DetailsHost& host_;
+  Services services_;
+  std::unique_ptr<Ui::DetailsViewController> ui_;
+  QGraphicsOpacityEffect* filtersOpacity_;
+  QPropertyAnimation* fade_;
+  double targetOpacity_ = 0.0;  ///< the opacity of the pop-up, or the one it is fading to
+  unsigned fades_ = 0;          ///< how often the pop-up was opened or closed
+  std::uint32_t currentTableFilter_ = 0;
+};
+
+}  // namespace quillmeter

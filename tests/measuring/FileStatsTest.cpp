@@ -1,0 +1,224 @@
+#include "measuring/FileStats.h"
+
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+
+#include "analysis/ParseProject.h"
+#include "files/FileSystem.h"
+#include "helpers/ProjectFixture.h"
+#include "helpers/Unprivileged.h"
+
+namespace quillmeter {
+namespace {
+
+using testing::TemporaryFolder;
+
+void expectAllCountersZero(const std::shared_ptr<FileObject>& file) {
+  ASSERT_NE(file, nullptr);
+  for (const auto& counter :
+       {file->noLinesTotal(), file->noLinesWithoutSpaces(), file->noLinesComments(), file->noWords(),
+        file->noCharactersTotal(), file->noCharactersWithoutSpaces()}) {
+    ASSERT_TRUE(counter.has_value());
+    EXPECT_EQ(counter->longValue(), 0);
+  }
+}
+
+std::size_t openDescriptors() {
+  std::size_t count = 0;
+  for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator("/proc/self/fd"))
+    ++count;
+  return count;
+}
+
+TEST(FileStats, MeasureASourceFile) {
+  const TemporaryFolder folder;
+  const std::string path = folder.file("a.m", "// say it\nint  a;\n\n");
+  const auto file = ParseProject().getFileStats(path);
+  ASSERT_NE(file, nullptr);
+  EXPECT_EQ(file->filePath(), path);
+  EXPECT_EQ(file->fileName(), "a.m");
+  EXPECT_EQ(integerValue(file->fileSize()), 19);
+  EXPECT_EQ(integerValue(file->noLinesTotal()), 4);
+  EXPECT_EQ(integerValue(file->noLinesWithoutSpaces()), 2);
+  EXPECT_EQ(integerValue(file->noLinesComments()), 1);
+  EXPECT_EQ(integerValue(file->noWords()), 6);
+  EXPECT_EQ(integerValue(file->noCharactersWithoutSpaces()), 12);
+  EXPECT_EQ(integerValue(file->noCharactersTotal()), 16);
+}
+
+TEST(FileStats, MeasureAnInterfaceFileByTheSameRules) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(integerValue(ParseProject().getFileStats(folder.file("V.XIB", "<a>\n</a>"))->noLinesTotal()), 2);
+}
+
+TEST(FileStats, CountOneLineInAZeroByteSource) {
+  const TemporaryFolder folder;
+  const auto file = ParseProject().getFileStats(folder.file("a.c"));
+  EXPECT_EQ(integerValue(file->noLinesTotal()), 1);
+  EXPECT_EQ(integerValue(file->noWords()), 0);
+}
+
+TEST(FileStats, CarryOnlyTheSizeOfAnImage) {
+  const TemporaryFolder folder;
+  for (const char* name : {"a.png", "notes.txt", "Makefile"}) {
+    const auto file = ParseProject().getFileStats(folder.file(name, "a\nb\n"));
+    EXPECT_EQ(integerValue(file->fileSize()), 4) << name;
+    EXPECT_EQ(file->noLinesTotal(), Number(0)) << name;
+    EXPECT_EQ(file->noLinesWithoutSpaces(), Number(0)) << name;
+    EXPECT_EQ(file->noLinesComments(), std::nullopt) << name;
+    EXPECT_EQ(file->noWords(), std::nullopt) << name;
+    EXPECT_EQ(file->noCharactersTotal(), std::nullopt) << name;
+    EXPECT_EQ(file->noCharactersWithoutSpaces(), std::nullopt) << name;
+  }
+}
+
+TEST(FileStats, AreAbsentWhereNothingExists) {
+  const TemporaryFolder folder;
+  ASSERT_EQ(::symlink("nowhere", (folder / "dangling.m").c_str()), 0);
+  ASSERT_EQ(::symlink("loop.m", (folder / "loop.m").c_str()), 0);
+  for (const char* name : {"missing.m", "dangling.m", "loop.m", "missing/a.m"}) {
+    EXPECT_EQ(ParseProject().getFileStats(folder / name), nullptr) << name;
+  }
+}
+
+TEST(FileStats, AreZeroForTextInAnotherEncoding) {
+  const TemporaryFolder folder;
+  const auto utf16 = ParseProject().getFileStats(folder.file("a.m", std::string("\xff\xfe"
+                                                                                "a\0\n\0",
+                                                                                6)));
+  expectAllCountersZero(utf16);
+  EXPECT_EQ(integerValue(utf16->fileSize()), 6);
+  expectAllCountersZero(ParseProject().getFileStats(folder.file("b.m", "caf\xe9\n")));
+}
+
+TEST(FileStats, DoNotCountAByteOrderMark) {
+  const TemporaryFolder folder;
+  const auto file = ParseProject().getFileStats(folder.file("a.m", "\xef\xbb\xbf// x"));
+  EXPECT_EQ(integerValue(file->noLinesComments()), 1);
+  EXPECT_EQ(integerValue(file->noCharactersTotal()), 4);
+}
+
+TEST(FileStats, OfAFolderFifoSocketOrDeviceAreZeroWithoutReadingIt) {
+  const TemporaryFolder folder;
+  folder.folder("folder.m");
+  ASSERT_EQ(::mkfifo((folder / "fifo.m").c_str(), 0600), 0);
+  ASSERT_EQ(::symlink("/dev/zero", (folder / "device.m").c_str()), 0);
+  const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  std::strncpy(address.sun_path, (folder / "socket.m").c_str(), sizeof address.sun_path - 1);
+  ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+  for (const char* name : {"folder.m", "fifo.m", "device.m", "socket.m"}) {
+    SCOPED_TRACE(name);
+    expectAllCountersZero(ParseProject().getFileStats(folder / name));
+  }
+  ::close(socket);
+}
+
+TEST(FileStats, AreZeroForAnUnreadableFile) {
+  const TemporaryFolder folder;
+  ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
+  const std::string path = folder.file("a.m", "int a;\n");
+  ASSERT_EQ(::chmod(path.c_str(), 0), 0);
+  const testing::Unprivileged unprivileged;
+  const auto file = ParseProject().getFileStats(path);
+  expectAllCountersZero(file);
+  EXPECT_EQ(integerValue(file->fileSize()), 7);
+}
+
+TEST(FileStats, AreAbsentInAFolderThatMayNotBeEntered) {
+  const TemporaryFolder folder;
+  ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
+  const std::string path = folder.file("closed/a.m", "int a;\n");
+  ASSERT_EQ(::chmod((folder / "closed").c_str(), 0), 0);
+  {
+    const testing::Unprivileged unprivileged;
+    EXPECT_EQ(ParseProject().getFileStats(path), nullptr);
+  }
+  ASSERT_EQ(::chmod((folder / "closed").c_str(), 0755), 0);
+}
+
+TEST(FileStats, KeepAPathThatIsNotUtf8) {
+  const TemporaryFolder folder;
+  const auto file = ParseProject().getFileStats(folder.file("\xff\xfe.m", "a\nb"));
+  EXPECT_EQ(file->fileName(), "\xff\xfe.m");
+  EXPECT_EQ(integerValue(file->noLinesTotal()), 2);
+}
+
+/// A disk that gives little at a time, is interrupted, or fails.
+class FlakyFileSystem final : public FileSystem {
+ public:
+  [[nodiscard]] Descriptor open(const std::string& path) const override {
+    return vanishes ? Descriptor() : FileSystem::open(path);
+  }
+  [[nodiscard]] ssize_t read(int descriptor, std::span<char> buffer) const override {
+    ++calls_;
+    if (calls_ % 2 == 0) {
+      errno = EINTR;
+      return -1;
+    }
+    if (failsAtCall != 0 && calls_ >= failsAtCall) {
+      errno = EIO;
+      return -1;
+    }
+    if (endsAtCall != 0 && calls_ >= endsAtCall) return 0;
+    return FileSystem::read(descriptor, buffer.first(std::min<std::size_t>(3, buffer.size())));
+  }
+
+  bool vanishes = false;
+  int failsAtCall = 0;
+  int endsAtCall = 0;
+
+ private:
+  mutable int calls_ = 0;
+};
+
+TEST(FileStatsOnAFlakyDisk, AreExactThroughShortAndInterruptedReads) {
+  const TemporaryFolder folder;
+  const FlakyFileSystem disk;
+  const auto file = fileStats(disk, folder.file("a.m", "größe\r\nint b; /* x\n*/ y"));
+  EXPECT_EQ(integerValue(file->noLinesTotal()), 4);
+  EXPECT_EQ(integerValue(file->noCharactersTotal()), 5 + 11 + 4);
+}
+
+TEST(FileStatsOnAFlakyDisk, AreZeroForAFileThatVanishesBeforeItIsOpened) {
+  const TemporaryFolder folder;
+  FlakyFileSystem disk;
+  disk.vanishes = true;
+  expectAllCountersZero(fileStats(disk, folder.file("a.m", "int a;")));
+}
+
+TEST(FileStatsOnAFlakyDisk, AreZeroWhenReadingFailsInTheMiddle) {
+  const TemporaryFolder folder;
+  FlakyFileSystem disk;
+  disk.failsAtCall = 3;
+  expectAllCountersZero(fileStats(disk, folder.file("a.m", "int a;\nint b;\n")));
+}
+
+TEST(FileStatsOnAFlakyDisk, MeasureWhatIsLeftOfAFileThatIsCutWhileItIsRead) {
+  const TemporaryFolder folder;
+  FlakyFileSystem disk;
+  disk.endsAtCall = 5;
+  const auto file = fileStats(disk, folder.file("a.m", "a\nb\nc\nd\n"));
+  EXPECT_EQ(integerValue(file->noLinesTotal()), 4);
+}
+
+TEST(FileStats, LeakNoDescriptors) {
+  const TemporaryFolder folder;
+  const std::string path = folder.file("a.m", "caf\xe9");
+  const std::size_t before = openDescriptors();
+  for (int i = 0; i < 50; ++i)
+    ASSERT_NE(ParseProject().getFileStats(path), nullptr);
+  EXPECT_EQ(openDescriptors(), before);
+}
+
+}  // namespace
+}  // namespace quillmeter

@@ -1,0 +1,159 @@
+#include "overview/OverviewViewController.h"
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QPixmap>
+
+#include "controls/Theme.h"
+#include "helpers/ProjectFixture.h"
+#include "overview/FigureLabel.h"
+#include "overview/OverviewCaptions.h"
+#include "stats/FakeStatsHost.h"
+
+namespace quillmeter {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+using testing::FakeStatsHost;
+using testing::projectWith;
+using testing::record;
+
+/// Sets the locale of the process's environment until it goes.
+class UserLocale {
+ public:
+  explicit UserLocale(const QByteArray& name) { qputenv("LC_ALL", name); }
+  ~UserLocale() { before_.isNull() ? qunsetenv("LC_ALL") : qputenv("LC_ALL", before_); }
+  UserLocale(const UserLocale&) = delete;
+  UserLocale& operator=(const UserLocale&) = delete;
+
+ private:
+  QByteArray before_ = qEnvironmentVariableIsSet("LC_ALL") ? qgetenv("LC_ALL") : QByteArray();
+};
+
+QString figure(const OverviewViewController& panel, std::size_t number) {
+  return panel.lblSizeMetrics(number)->text();
+}
+
+TEST(OverviewViewController, ShowsTheLinesInLargeTypeAndTenFigures) {
+  const UserLocale locale("en_US.UTF-8");
+  FakeStatsHost host(projectWith({
+      record({.name = "a.m", .size = 1536, .lines = 12345, .linesWithoutSpaces = 10000, .comments = 2001}),
+      record({.name = "a.png", .size = 0}),
+      record({.name = "b.xib", .size = 0, .lines = 50}),
+      record({.name = "a.h", .size = 0}),
+  }));
+  const auto panel = OverviewViewController::create(host);
+  EXPECT_EQ(panel->lblTotalNumberLines()->text(), u"12,345"_s);
+  EXPECT_EQ(figure(*panel, 1), u"1.5 KB"_s);
+  EXPECT_EQ(figure(*panel, 2), u"12,345"_s);
+  EXPECT_EQ(figure(*panel, 3), u"12.35"_s);
+  EXPECT_EQ(figure(*panel, 4), u"10,000"_s);
+  EXPECT_EQ(figure(*panel, 5), u"2,001"_s);
+  EXPECT_EQ(figure(*panel, 6), u"5,000"_s);
+  EXPECT_EQ(panel->lblSizeMetrics7()->text(), u"2"_s);
+  EXPECT_EQ(panel->lblSizeMetrics8()->text(), u"1"_s);
+  EXPECT_EQ(panel->lblSizeMetrics9()->text(), u"1"_s);
+  EXPECT_EQ(figure(*panel, 10), u"1,000"_s);
+  EXPECT_EQ(panel->totalNumberLines(), 12345U);
+  EXPECT_EQ(panel->totalNumberLinesWithSpaces(), 2345U);
+  EXPECT_EQ(panel->totalNumberLinesWithComments(), 2001U);
+}
+
+TEST(OverviewViewController, FollowsTheUsersGrouping) {
+  const UserLocale locale("de_DE.UTF-8");
+  FakeStatsHost host(projectWith({record({.name = "a.m", .size = 1536, .lines = 12345})}));
+  const auto panel = OverviewViewController::create(host);
+  EXPECT_EQ(panel->lblTotalNumberLines()->text(), u"12.345"_s);
+  EXPECT_EQ(figure(*panel, 1), u"1,5 KB"_s);
+  EXPECT_EQ(figure(*panel, 3), u"12.35"_s);
+}
+
+TEST(OverviewViewController, ShowsZerosForAnEmptyProject) {
+  FakeStatsHost host(projectWith({}));
+  const auto panel = OverviewViewController::create(host);
+  EXPECT_EQ(panel->lblTotalNumberLines()->text(), u"0"_s);
+  EXPECT_EQ(figure(*panel, 1), u"0 B"_s);
+  EXPECT_EQ(figure(*panel, 6), u"0"_s);
+  EXPECT_EQ(figure(*panel, 10), u"0"_s);
+}
+
+TEST(OverviewViewController, KeepsItsFiguresWhenTheApplicationReadsAnotherProject) {
+  FakeStatsHost host(projectWith({record({.name = "a.m", .lines = 7})}));
+  const auto panel = OverviewViewController::create(host);
+  host.project = projectWith({record({.name = "b.m", .lines = 9})});
+  EXPECT_EQ(panel->lblTotalNumberLines()->text(), u"7"_s);
+  panel->setTotalLinesOfCode(1);
+  EXPECT_EQ(panel->lblTotalNumberLines()->text(), u"1"_s);
+  EXPECT_EQ(panel->totalNumberLines(), 7U);
+}
+
+TEST(OverviewViewController, CaptionsAndToolTipsSayWhatTheListOfCaptionsSays) {
+  FakeStatsHost host(projectWith({record({.name = "a.m", .lines = 7})}));
+  const auto panel = OverviewViewController::create(host);
+  EXPECT_EQ(panel->findChild<QLabel*>(u"lblCaptionTotal"_s)->text(),
+            QString::fromUtf8(kTotalLinesCaption.caption.data()));
+  for (std::size_t number = 1; number <= kOverviewMetrics; ++number) {
+    const OverviewCaption& expected = kOverviewCaptions.at(number - 1);
+    const QString definition = QString::fromUtf8(expected.definition.data());
+    const auto* caption = panel->findChild<QLabel*>(u"lblCaption%1"_s.arg(number));
+    ASSERT_NE(caption, nullptr);
+    EXPECT_EQ(caption->text(), QString::fromUtf8(expected.caption.data()));
+    EXPECT_EQ(caption->toolTip(), u"<p>%1</p>"_s.arg(definition.toHtmlEscaped()));
+    const QLabel* const label = panel->lblSizeMetrics(number);
+    EXPECT_EQ(label->toolTip(), caption->toolTip());
+    EXPECT_EQ(label->accessibleDescription(), definition);
+    EXPECT_EQ(label->accessibleName(), caption->text() + u": "_s + label->text());
+  }
+}
+
+TEST(OverviewViewController, GroupsTheFiguresUnderThreeHeadingsOnCards) {
+  FakeStatsHost host(projectWith({}));
+  const auto panel = OverviewViewController::create(host);
+  for (int number = 1; number <= 3; ++number) {
+    const auto* heading = panel->findChild<QLabel*>(u"lblTextTitle%1"_s.arg(number));
+    ASSERT_NE(heading, nullptr);
+    EXPECT_FALSE(heading->text().isEmpty());
+    EXPECT_EQ(heading->property("backgroundStyle").toInt(), 2);
+    EXPECT_EQ(heading->parentWidget()->property("role").toString(), u"card"_s);
+  }
+}
+
+TEST(OverviewViewController, CardsStayTogetherAtTheTopOfATallWindow) {
+  FakeStatsHost host(projectWith({record({.name = "a.m", .lines = 30})}));
+  const auto panel = OverviewViewController::create(host);
+  panel->resize(1600, 2000);
+  panel->show();
+  const auto* total = panel->findChild<QWidget*>(u"cardTotal"_s);
+  EXPECT_LT(total->y(), 32);
+  EXPECT_LE(total->height(), 240);
+  for (const char* const name : {"cardLines", "cardFiles", "cardAverages"}) {
+    const auto* card = panel->findChild<QWidget*>(QLatin1String(name));
+    EXPECT_EQ(card->y(), total->geometry().bottom() + 1 + 16) << name;
+    EXPECT_EQ(card->height(), 480) << name;
+  }
+}
+
+TEST(FigureLabel, LargeNumbersTakeASmallerFontInsteadOfBeingCutOff) {
+  FigureLabel label(u"18,446,744,073,709,551,614"_s);
+  QFont font = label.font();
+  font.setPixelSize(kFigureSize);
+  label.setFont(font);
+  label.resize(190, 40);
+  EXPECT_LT(label.fittingFont().pixelSize(), kFigureSize);
+  EXPECT_LE(QFontMetrics(label.fittingFont()).horizontalAdvance(label.text()), 190);
+  label.setText(u"12"_s);
+  EXPECT_EQ(label.fittingFont().pixelSize(), kFigureSize);
+}
+
+TEST(FigureLabel, NeverWidensThePage) {
+  FigureLabel label(QString(400, QLatin1Char('8')));
+  EXPECT_EQ(label.minimumSizeHint().width(), 0);
+  label.resize(1, 20);
+  EXPECT_GT(label.fittingFont().pixelSize(), 0);
+  EXPECT_FALSE(label.grab().isNull());
+}
+
+}  // namespace
+}  // namespace quillmeter
