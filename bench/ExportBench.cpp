@@ -44,7 +44,7 @@ void reportPeak(benchmark::State& state) {
 /// One rendering, into memory.
 void renderReport(benchmark::State& state) {
   const ReportSource source = sourceOf(files(state.range(0), static_cast<std::size_t>(state.range(1))));
-  const auto selected = reportFiles(source.project->files(), ExportKinds::all());
+  const auto selected = reportFiles(*source.project, classicKinds().allGroups());
   std::int32_t pages = 0;
   for (auto _ : state) {
     PDFExporter exporter(source);
@@ -70,7 +70,7 @@ void exportPdfAsTheTabDoes(benchmark::State& state) {
   const testing::TemporaryFolder folder;
   const ReportSource source = sourceOf(files(state.range(0), 16));
   for (auto _ : state)
-    benchmark::DoNotOptimize(exportPdf(source, ExportKinds::all(), folder / "report.pdf"));
+    benchmark::DoNotOptimize(exportPdf(source, classicKinds().allGroups(), folder / "report.pdf"));
   reportPeak(state);
 }
 BENCHMARK(exportPdfAsTheTabDoes)->ArgName("files")->Arg(20000)->Arg(22000)->Unit(benchmark::kMillisecond);
@@ -78,7 +78,7 @@ BENCHMARK(exportPdfAsTheTabDoes)->ArgName("files")->Arg(20000)->Arg(22000)->Unit
 void chooseAndWriteCsv(benchmark::State& state) {
   const FileList list = files(state.range(0), 16);
   for (auto _ : state)
-    benchmark::DoNotOptimize(csvText(filesToExport(list, ExportKinds::all())));
+    benchmark::DoNotOptimize(csvText(filesToExport(list, classicKinds().allGroups(), classicKinds())));
   reportPeak(state);
 }
 BENCHMARK(chooseAndWriteCsv)->ArgName("files")->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);

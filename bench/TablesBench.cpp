@@ -20,15 +20,19 @@ namespace {
 
 constexpr int kRows = 100000;
 
+FileTable allSources(const FileList& files) {
+  return detailsTable(files, classicKinds(), detailsFilter(classicKinds(), 0), true);
+}
+
 void rebuildDetails(benchmark::State& state) {
   const FileList files = bench::sourceRecords(kRows);
   for (auto step : state)
-    benchmark::DoNotOptimize(detailsTable(files, 0, true));
+    benchmark::DoNotOptimize(allSources(files));
 }
 BENCHMARK(rebuildDetails)->Unit(benchmark::kMillisecond);
 
 void sortDetails(benchmark::State& state) {
-  FileTable table = detailsTable(bench::sourceRecords(kRows), 0, true);
+  FileTable table = allSources(bench::sourceRecords(kRows));
   const auto column = static_cast<std::size_t>(state.range(0));
   state.SetLabel(std::string(table.columns()[column].identifier()));
   bool ascending = true;
@@ -102,7 +106,7 @@ BENCHMARK(walkFolder)->Arg(few)->Arg(many)->Unit(benchmark::kMillisecond)->MinTi
 void cleanUpFolder(benchmark::State& state) {
   const BigFolder& folder = BigFolder::get(state);
   for (auto step : state) {
-    const FileTable table = cleanUpTable(unreferencedFiles(folder.project()));
+    const FileTable table = cleanUpTable(unreferencedFiles(folder.project()), classicKinds());
     state.counters["rows"] = static_cast<double>(table.rows().size());
   }
 }

@@ -21,7 +21,7 @@ std::unique_ptr<FileTableView> shownView(const FileList& files) {
   view->setRevealButtonLook(RevealButtonLook::magnifier);
   view->resize(1280, 900);
   view->show();
-  view->setTable(detailsTable(files, 0, true));
+  view->setTable(detailsTable(files, classicKinds(), detailsFilter(classicKinds(), 0), true));
   QApplication::processEvents();
   return view;
 }
@@ -30,7 +30,7 @@ void rebuild(benchmark::State& state) {
   const FileList files = bench::sourceRecords(kRows);
   const auto view = shownView(files);
   for (auto step : state) {
-    view->setTable(detailsTable(files, 0, true));
+    view->setTable(detailsTable(files, classicKinds(), detailsFilter(classicKinds(), 0), true));
     QApplication::processEvents();
   }
 }

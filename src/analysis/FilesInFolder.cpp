@@ -49,11 +49,11 @@ class PathsByFolder {
 };
 
 /// Whether an entry is visible, of a known kind and, going by the walk, a regular file or a link to one.
-bool mayBeListed(const FolderWalk& walk, FolderWalk::Index entry) {
+bool mayBeListed(const FileKindTable& kinds, const FolderWalk& walk, FolderWalk::Index entry) {
   const FolderWalk::Type type = walk.type(entry);
   if (type != FolderWalk::Type::regular && type != FolderWalk::Type::link) return false;
   const std::string_view name = walk.name(entry);
-  return !name.starts_with('.') && fileKindOfPath(name) != FileKind::none;
+  return !name.starts_with('.') && kinds.kindOfPath(name) != FileKind::none;
 }
 
 /// One folder of the walk, opened when the first size in it is asked for.
@@ -90,7 +90,8 @@ class CurrentFolder {
 
 }  // namespace
 
-FileList filesInFolder(const FileSystem& fileSystem, std::string_view folder, const FileList& except) {
+FileList filesInFolder(const FileSystem& fileSystem, const FileKindTable& kinds, std::string_view folder,
+                       const FileList& except) {
   const FolderWalk walk(folder);
   const PathsByFolder exceptions(except);
   FileList files;
@@ -98,7 +99,7 @@ FileList filesInFolder(const FileSystem& fileSystem, std::string_view folder, co
   FolderWalk::Index currentEntry = FolderWalk::kNone;
   const Names* left = nullptr;
   for (FolderWalk::Index i = 0; i < walk.size(); ++i) {
-    if (!mayBeListed(walk, i)) continue;
+    if (!mayBeListed(kinds, walk, i)) continue;
     if (!current || currentEntry != walk.parent(i)) {
       currentEntry = walk.parent(i);
       current.emplace(fileSystem, currentEntry == FolderWalk::kNone ? walk.root() : walk.path(currentEntry));

@@ -6,16 +6,17 @@
 
 namespace quillmeter {
 
+class FileKindTable;
 class FileSystem;
 
-/// Every file of a known kind below `folder`, in walk order, hidden files left out, and those left out whose
-/// path is, byte by byte, the path of one of `except`. Regular files only, through links. Each record has
-/// name, path and size.
+/// Every file of a kind that `kinds` knows below `folder`, in walk order, hidden files left out, and those
+/// left out whose path is, byte by byte, the path of one of `except`. Regular files only, through links. Each
+/// record has name, path and size.
 ///
 /// Linear in what lies below the folder and in `except`. The disk is asked about the files of the result
 /// alone (and about links of a known kind that lead elsewhere), so that where nearly all is left out the
 /// search takes little more than the walk.
-[[nodiscard]] FileList filesInFolder(const FileSystem& fileSystem, std::string_view folder,
-                                     const FileList& except);
+[[nodiscard]] FileList filesInFolder(const FileSystem& fileSystem, const FileKindTable& kinds,
+                                     std::string_view folder, const FileList& except);
 
 }  // namespace quillmeter

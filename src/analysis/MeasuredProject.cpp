@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "measuring/FileKinds.h"
-
 namespace quillmeter {
 
 bool MeasuredProject::fileIsOfTypeAndFile(std::span<const std::string_view> extensions,
@@ -13,35 +11,36 @@ bool MeasuredProject::fileIsOfTypeAndFile(std::span<const std::string_view> exte
 }
 
 bool MeasuredProject::isSourceFileType(const FileObject& file) const {
-  return fileIsOfTypeAndFile(acceptedCodeFileFormats, file);
+  return kinds_.kind(file) == FileKind::code;
 }
 bool MeasuredProject::isXIBFileType(const FileObject& file) const {
-  return fileIsOfTypeAndFile(acceptedOtherFormats, file);
+  return kinds_.kind(file) == FileKind::interface;
 }
 bool MeasuredProject::isImageFileType(const FileObject& file) const {
-  return fileIsOfTypeAndFile(acceptedImagesFormats, file);
+  return kinds_.kind(file) == FileKind::image;
 }
 bool MeasuredProject::isImageFileTypeWithoutICNS(const FileObject& file) const {
-  return fileIsOfTypeAndFile(kImageFormatsWithoutIcons, file);
+  const FileKindEntry* entry = kinds_.find(file);
+  return kinds_.kindOf(entry) == FileKind::image && !entry->isIconSet;
 }
 bool MeasuredProject::isSourceFileForRegex(const FileObject& file) const {
-  return fileIsOfTypeAndFile(kFormatsForRegex, file);
+  const FileKindEntry* entry = kinds_.find(file);
+  return entry != nullptr && entry->hasMethods;
 }
 
-std::size_t MeasuredProject::countOfKind(std::span<const std::string_view> extensions) const {
-  return static_cast<std::size_t>(std::count_if(files().begin(), files().end(), [&](const auto& file) {
-    return fileIsOfTypeAndFile(extensions, *file);
-  }));
+std::size_t MeasuredProject::countOfKind(FileKind kind) const {
+  return static_cast<std::size_t>(std::count_if(
+      files().begin(), files().end(), [&](const auto& file) { return kinds_.kind(*file) == kind; }));
 }
 
 std::size_t MeasuredProject::getNumberCodeFiles() const {
-  return countOfKind(acceptedCodeFileFormats);
+  return countOfKind(FileKind::code);
 }
 std::size_t MeasuredProject::getNumberImageFiles() const {
-  return countOfKind(acceptedImagesFormats);
+  return countOfKind(FileKind::image);
 }
 std::size_t MeasuredProject::getNumberXIBFiles() const {
-  return countOfKind(acceptedOtherFormats);
+  return countOfKind(FileKind::interface);
 }
 
 const FileList& MeasuredProject::files() const {

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "measuring/FileKinds.h"
 #include "measuring/FileObject.h"
 
 namespace quillmeter {
@@ -17,7 +18,7 @@ namespace quillmeter {
 /// After its read it is only read, and may then be shared by threads.
 class MeasuredProject {
  public:
-  MeasuredProject() = default;
+  explicit MeasuredProject(FileKindTable kinds = classicKinds()) : kinds_(std::move(kinds)) {}
   virtual ~MeasuredProject() = default;
   MeasuredProject(const MeasuredProject&) = delete;
   MeasuredProject& operator=(const MeasuredProject&) = delete;
@@ -25,6 +26,19 @@ class MeasuredProject {
   /// The files of a known kind in the project's folder, in walk order, that are none of the project's files.
   /// Each record has name, path and size only. For the clean-up tool.
   [[nodiscard]] virtual FileList unreferencedFiles() const = 0;
+
+  /// Which files belong to this project, and what they are.
+  [[nodiscard]] const FileKindTable& kinds() const { return kinds_; }
+  /// The extensions of source code, of images and of interface files.
+  [[nodiscard]] std::span<const std::string_view> acceptedCodeFileFormats() const {
+    return kinds_.extensions(FileKind::code);
+  }
+  [[nodiscard]] std::span<const std::string_view> acceptedImagesFormats() const {
+    return kinds_.extensions(FileKind::image);
+  }
+  [[nodiscard]] std::span<const std::string_view> acceptedOtherFormats() const {
+    return kinds_.extensions(FileKind::interface);
+  }
 
   [[nodiscard]] bool isSourceFileType(const FileObject& file) const;
   [[nodiscard]] bool isXIBFileType(const FileObject& file) const;
@@ -56,8 +70,9 @@ class MeasuredProject {
   void setProjectTitle(std::string title) { projectTitle_ = std::move(title); }
 
  private:
-  [[nodiscard]] std::size_t countOfKind(std::span<const std::string_view> extensions) const;
+  [[nodiscard]] std::size_t countOfKind(FileKind kind) const;
 
+  FileKindTable kinds_;
   std::optional<FileList> arrayFiles_;
   std::string initialPath_;
   std::string projectTitle_;

@@ -9,7 +9,6 @@
 #include "analysis/ReferenceSection.h"
 #include "files/FileSystem.h"
 #include "files/FolderWalk.h"
-#include "measuring/FileKinds.h"
 #include "measuring/FileStats.h"
 #include "support/Paths.h"
 #include "support/Text.h"
@@ -47,7 +46,8 @@ std::optional<std::string> folded(const std::string& path) {
 }  // namespace
 
 ParseProject::ParseProject() : ParseProject(FileSystem::real()) {}
-ParseProject::ParseProject(const FileSystem& fileSystem) : fileSystem_(&fileSystem) {}
+ParseProject::ParseProject(const FileSystem& fileSystem, FileKindTable kinds)
+    : MeasuredProject(std::move(kinds)), fileSystem_(&fileSystem) {}
 ParseProject::~ParseProject() = default;
 
 void ParseProject::parseFileAtPathAndDelegate(const std::string& path, ParseProjectDelegate* delegate) {
@@ -93,7 +93,7 @@ std::shared_ptr<FileObject> ParseProject::fileOf(std::string_view line) {
 }
 
 std::optional<std::string> ParseProject::parseLineFileReference(std::string_view line) const {
-  return referencedPath(line);
+  return referencedPath(line, kinds());
 }
 
 std::vector<std::string> ParseProject::getAllFilesFromInitialPath(const std::string& path) const {
@@ -111,7 +111,7 @@ std::shared_ptr<FileObject> ParseProject::getFileInfoAtInitialPath(const std::st
   if (allAvailableFilesPaths_) {
     allAvailableFilesPaths_->forEachCandidate(
         reference, [&](const std::string& candidate, FolderWalk::Type type) {
-          file = type == FolderWalk::Type::regular ? regularFileStats(*fileSystem_, candidate)
+          file = type == FolderWalk::Type::regular ? regularFileStats(*fileSystem_, kinds(), candidate)
                                                    : getFileStats(candidate);
           return file != nullptr;
         });
@@ -135,7 +135,7 @@ std::shared_ptr<FileObject> ParseProject::linkedFile(std::string reference, cons
 }
 
 std::shared_ptr<FileObject> ParseProject::getFileStats(const std::string& path) const {
-  return fileStats(*fileSystem_, path);
+  return fileStats(*fileSystem_, kinds(), path);
 }
 
 FileList ParseProject::allFilesInFolder() const {
@@ -143,8 +143,8 @@ FileList ParseProject::allFilesInFolder() const {
 }
 
 FileList ParseProject::filesInFolderExcept(const FileList& files) const {
-  return filesInFolder(*fileSystem_, removingOccurrences(initialPath(), lastPathComponent(initialPath())),
-                       files);
+  return filesInFolder(*fileSystem_, kinds(),
+                       removingOccurrences(initialPath(), lastPathComponent(initialPath())), files);
 }
 
 }  // namespace quillmeter

@@ -38,8 +38,9 @@ class ParseProject final : public MeasuredProject {
   using LogSink = std::function<void(std::string_view)>;
 
   ParseProject();
-  /// Reads through `fileSystem` instead of the real one; it must outlive this object.
-  explicit ParseProject(const FileSystem& fileSystem);
+  /// Reads through `fileSystem` instead of the real one; it must outlive this object. `kinds` says which
+  /// files belong to a project and what they are.
+  explicit ParseProject(const FileSystem& fileSystem, FileKindTable kinds = classicKinds());
   ~ParseProject() override;
 
   /// Reads the whole project whose bundle lies at `path` (no trailing "/"), on the caller's thread. A second

@@ -33,14 +33,14 @@ std::optional<std::string_view> referenceSection(std::string_view project) {
   return trimmed(project.substr(0, last));
 }
 
-std::optional<std::string> referencedPath(std::string_view line) {
+std::optional<std::string> referencedPath(std::string_view line, const FileKindTable& kinds) {
   const auto entries = secondPiece(line, "*/ = {");
   if (!entries) return std::nullopt;
   const auto value = secondPiece(trimmed(firstPiece(*entries, "}")), "path =");
   if (!value) return std::nullopt;
   std::string path(trimmed(firstPiece(*value, ";")));
   if (path.starts_with('"')) std::erase(path, '"');
-  if (fileKindOfPath(path) == FileKind::none) return std::nullopt;
+  if (kinds.kindOfPath(path) == FileKind::none) return std::nullopt;
   return path;
 }
 

@@ -6,14 +6,16 @@
 
 namespace quillmeter {
 
+class FileKindTable;
+
 /// The file-reference section of a project description: the text between the first begin marker and the first
 /// end marker behind it, without white space and line breaks at its ends. Absent when a marker is missing.
 /// The result points into `project`.
 [[nodiscard]] std::optional<std::string_view> referenceSection(std::string_view project);
 
-/// The path that one line of the section references, if it is of a known kind: the text of the first "path ="
-/// entry behind the line's "*/ = {", up to its ";". A path that begins with a double quote loses all its
-/// double quotes. Absent for a line of any other form.
-[[nodiscard]] std::optional<std::string> referencedPath(std::string_view line);
+/// The path that one line of the section references, if it is of a kind that `kinds` knows: the text of the
+/// first "path =" entry behind the line's "*/ = {", up to its ";". A path that begins with a double quote
+/// loses all its double quotes. Absent for a line of any other form.
+[[nodiscard]] std::optional<std::string> referencedPath(std::string_view line, const FileKindTable& kinds);
 
 }  // namespace quillmeter

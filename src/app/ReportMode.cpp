@@ -45,11 +45,11 @@ std::optional<std::string> writeToStandardOutput(const std::optional<std::string
   return "cannot write standard output: " + std::generic_category().message(errno);
 }
 
-int report(const std::string& file, const ExportKinds& kinds, const std::string& bundle) {
+int report(const std::string& file, const FileGroups& groups, const std::string& bundle) {
   const auto project = std::make_shared<ParseProject>();
   project->parseFileAtPathAndDelegate(bundle, nullptr);
   if (project->files().empty()) return failed(kNothingMeasured, "nothing to report in " + bundle);
-  const auto files = reportFiles(project->files(), kinds);
+  const auto files = reportFiles(*project, groups);
   const auto exporter = PDFExporter::create(sourceOf(project));
   if (file == "-") {
     const auto error = writeToStandardOutput(exporter->renderForFiles(files));
@@ -64,14 +64,14 @@ int report(const std::string& file, const ExportKinds& kinds, const std::string&
 
 std::optional<int> runReportMode(int argc, char** argv) {
   if (argc < 2 || std::string_view(argv[1]) != "--report") return std::nullopt;
-  const auto kinds = argc == kArguments ? exportKindsNamed(argv[3]) : std::nullopt;
-  if (!kinds) return failed(kWrongUsage, "usage: quillmeter --report FILE KINDS BUNDLE");
+  const auto groups = argc == kArguments ? fileGroupsNamed(argv[3], classicKinds()) : std::nullopt;
+  if (!groups) return failed(kWrongUsage, "usage: quillmeter --report FILE KINDS BUNDLE");
   // What the toolkit says of its surroundings (no run-time folder, no theme) helps nobody on a build server.
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
   qputenv("QT_QPA_PLATFORM", "offscreen");
   int toolkitArguments = 1;
   const QApplication application(toolkitArguments, argv);
-  return report(argv[2], *kinds, argv[4]);
+  return report(argv[2], *groups, argv[4]);
 }
 
 }  // namespace quillmeter

@@ -63,7 +63,7 @@ void writeTable(const FileTable& table, Output& output) {
 int cleanup(const CleanupOptions& options) {
   const auto project = readProject(options.read);
   if (!project) return kNothingMeasured;
-  const FileTable table = cleanUpTable(unreferencedFiles(*project));
+  const FileTable table = cleanUpTable(unreferencedFiles(*project), project->kinds());
   Output output(std::nullopt);
   if (options.format == "json") {
     writeJson(table, output);

@@ -19,7 +19,7 @@ struct ExportOptions {
   ReadOptions read;
   std::optional<std::string> csv;
   std::optional<std::string> pdf;
-  std::string kinds = "c,headers,objc,images,xib";
+  std::string kinds = fileGroupKeys(classicKinds());
 };
 
 /// Whether two names lead to one file, whichever way they are written.
@@ -39,15 +39,16 @@ std::optional<std::string> misuse(const ExportOptions& options) {
   if (options.csv && options.pdf && isOneFile(*options.csv, *options.pdf)) {
     return "export: --csv and --pdf name the same file";
   }
-  if (!exportKindsNamed(options.kinds)) {
-    return "export: --kinds takes a list of c, headers, objc, images and xib, separated by commas";
+  if (!fileGroupsNamed(options.kinds, classicKinds())) {
+    return "export: --kinds takes a list of " + fileGroupKeysInWords(classicKinds()) +
+           ", separated by commas";
   }
   return std::nullopt;
 }
 
-int exportCsvTo(const std::string& path, const ParseProject& project, const ExportKinds& kinds) {
+int exportCsvTo(const std::string& path, const ParseProject& project, const FileGroups& groups) {
   Output output(path);
-  output.write(csvText(filesToExport(project.files(), kinds)));
+  output.write(csvText(filesToExport(project.files(), groups, project.kinds())));
   return statusAfter(output, kSuccess);
 }
 
@@ -59,7 +60,8 @@ int exportFiles(const ExportOptions& options) {
   const auto project = readProject(options.read);
   if (!project) return kNothingMeasured;
   int status = kSuccess;
-  if (options.csv) status = exportCsvTo(*options.csv, *project, *exportKindsNamed(options.kinds));
+  if (options.csv)
+    status = exportCsvTo(*options.csv, *project, *fileGroupsNamed(options.kinds, project->kinds()));
   if (options.pdf) {
     const int reported = runApplication({"--report", *options.pdf, options.kinds, project->initialPath()});
     if (status == kSuccess) status = reported;
@@ -81,7 +83,9 @@ void addExportCommand(CLI::App& app, int& status) {
           "Write the report to FILE; '-' is standard output. Needs the application beside this tool, "
           "but no display")
       ->type_name("FILE");
-  command->add_option("--kinds", options->kinds, "What to export, a list of c, headers, objc, images and xib")
+  command
+      ->add_option("--kinds", options->kinds,
+                   "What to export, a list of " + fileGroupKeysInWords(classicKinds()))
       ->type_name("KINDS")
       ->capture_default_str();
   addReadOptions(*command, options->read);

@@ -44,7 +44,7 @@ struct KindSums {
 KindSums sumsOf(const MeasuredProject& project, FileKind kind) {
   KindSums sums;
   for (const auto& file : project.files()) {
-    if (fileKind(file->getFileExtension().value_or("")) != kind) continue;
+    if (project.kinds().kind(*file) != kind) continue;
     ++sums.files;
     sums.lines += integerValue(file->noLinesTotal());
     sums.nonEmptyLines += integerValue(file->noLinesWithoutSpaces());
@@ -96,9 +96,10 @@ void writeTable(const MeasuredProject& project, Output& output) {
   const OverviewFigureTexts texts = overviewFigureTexts(overviewFigures(project), formatter);
   output.write(onOneLine(project.projectTitle()) + "\n" + onOneLine(project.initialPath()) + "\n\n");
 
+  const OverviewCaptions captions = overviewCaptions(project.kinds());
   std::vector<Row> overview;
   for (std::size_t i = 0; i < kOverviewMetrics; ++i) {
-    overview.push_back({std::string(kOverviewCaptions[i].caption), texts.lblSizeMetrics[i]});
+    overview.push_back({std::string(captions[i].caption), texts.lblSizeMetrics[i]});
   }
   writeColumns(overview, output);
   output.write("\n");

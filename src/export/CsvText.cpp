@@ -13,29 +13,15 @@ constexpr std::string_view kHeader =
 constexpr double kKilobytesPerByte = 0.0009765625;
 constexpr std::size_t kTypicalRowLength = 80;
 
-std::string_view typeText(ExportKind kind) {
-  switch (kind) {
-    case ExportKind::image:
-      return "image";
-    case ExportKind::xib:
-      return "XIB";
-    case ExportKind::header:
-      return "header";
-    case ExportKind::source:
-      break;
-  }
-  return "source";
-}
-
 void appendCount(std::string& text, const std::optional<Number>& count) {
   text.append(",\"").append(std::to_string(integerValue(count))).append("\"");
 }
 
 void appendRow(std::string& text, const ExportedFile& exported) {
   const FileObject& file = *exported.file;
-  text.append("\"").append(typeText(exported.kind)).append("\",\"");
+  text.append("\"").append(exported.group->csvType).append("\",\"");
   text.append(file.fileName().value_or("")).append("\"");
-  if (exported.kind == ExportKind::source || exported.kind == ExportKind::header) {
+  if (exported.group->kind == FileKind::code) {
     appendCount(text, file.noLinesTotal());
     appendCount(text, file.noLinesWithoutSpaces());
     appendCount(text, file.noWords());

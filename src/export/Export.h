@@ -10,14 +10,14 @@
 /// system's message when the file could not be written (it is then as it was before), nothing on success.
 namespace quillmeter {
 
-[[nodiscard]] std::optional<std::string> exportCsv(const MeasuredProject& project, const ExportKinds& kinds,
+[[nodiscard]] std::optional<std::string> exportCsv(const MeasuredProject& project, const FileGroups& groups,
                                                    const std::string& path);
 
 /// Renders the report twice, the second one replacing the first, as this export has always done.
-[[nodiscard]] std::optional<std::string> exportPdf(const ReportSource& source, const ExportKinds& kinds,
+[[nodiscard]] std::optional<std::string> exportPdf(const ReportSource& source, const FileGroups& groups,
                                                    const std::string& path);
 
 /// The files of a report: the records of what `filesToExport` gives.
-[[nodiscard]] PDFExporter::ReportFiles reportFiles(const FileList& files, const ExportKinds& kinds);
+[[nodiscard]] PDFExporter::ReportFiles reportFiles(const MeasuredProject& project, const FileGroups& groups);
 
 }  // namespace quillmeter

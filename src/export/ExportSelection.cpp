@@ -1,64 +1,57 @@
 #include "export/ExportSelection.h"
 
 #include <algorithm>
-#include <array>
-#include <string>
 #include <utility>
 
-#include "measuring/FileKinds.h"
 #include "support/Text.h"
 
 namespace quillmeter {
 namespace {
 
-std::optional<ExportKind> sourceKind(std::string_view extension, const ExportKinds& kinds) {
-  if (kinds.c && (extension == "c" || extension == "cpp")) return ExportKind::source;
-  if (kinds.headers && (extension == "h" || extension == "hh" || extension == "pch")) {
-    return ExportKind::header;
+std::string keys(const FileKindTable& kinds, std::string_view separator, std::string_view lastSeparator) {
+  const auto& groups = kinds.groups();
+  std::string text;
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    if (i > 0) text.append(i + 1 < groups.size() ? separator : lastSeparator);
+    text.append(groups[i].key);
   }
-  if (kinds.objc && (extension == "m" || extension == "mm")) return ExportKind::source;
-  return std::nullopt;
+  return text;
 }
 
 }  // namespace
 
-std::optional<ExportKinds> exportKindsNamed(std::string_view list) {
-  ExportKinds kinds;
-  const std::array<std::pair<std::string_view, bool*>, 5> names = {{{"c", &kinds.c},
-                                                                    {"headers", &kinds.headers},
-                                                                    {"objc", &kinds.objc},
-                                                                    {"images", &kinds.images},
-                                                                    {"xib", &kinds.xib}}};
+std::optional<FileGroups> fileGroupsNamed(std::string_view list, const FileKindTable& kinds) {
+  FileGroups groups;
   for (bool more = true; more;) {
     const std::size_t comma = list.find(',');
-    const std::string_view name = list.substr(0, comma);
-    const auto known =
-        std::find_if(names.begin(), names.end(), [name](const auto& entry) { return entry.first == name; });
-    if (known == names.end()) return std::nullopt;
-    *known->second = true;
+    const std::string_view key = list.substr(0, comma);
+    const auto known = std::find_if(kinds.groups().begin(), kinds.groups().end(),
+                                    [key](const FileGroupEntry& entry) { return entry.key == key; });
+    if (known == kinds.groups().end()) return std::nullopt;
+    groups.insert(known->group);
     more = comma != std::string_view::npos;
     if (more) list.remove_prefix(comma + 1);
   }
-  return kinds;
+  return groups;
 }
 
-std::optional<ExportKind> exportKind(const FileObject& file, const ExportKinds& kinds) {
-  const auto extension = file.getFileExtension();
-  if (!extension) return std::nullopt;
-  switch (fileKind(*extension)) {
-    case FileKind::image:
-      return kinds.images ? std::optional(ExportKind::image) : std::nullopt;
-    case FileKind::interface:
-      return kinds.xib ? std::optional(ExportKind::xib) : std::nullopt;
-    case FileKind::code:
-      return sourceKind(*extension, kinds);
-    case FileKind::none:
-      break;
-  }
-  return std::nullopt;
+std::string fileGroupKeys(const FileKindTable& kinds) {
+  return keys(kinds, ",", ",");
 }
 
-std::vector<ExportedFile> filesToExport(const FileList& files, const ExportKinds& kinds) {
+std::string fileGroupKeysInWords(const FileKindTable& kinds) {
+  return keys(kinds, ", ", " and ");
+}
+
+const FileGroupEntry* exportGroup(const FileObject& file, const FileGroups& groups,
+                                  const FileKindTable& kinds) {
+  const FileKindEntry* entry = kinds.find(file);
+  if (kinds.kindOf(entry) == FileKind::none || !groups.contains(entry->group)) return nullptr;
+  return &kinds.row(entry->group);
+}
+
+std::vector<ExportedFile> filesToExport(const FileList& files, const FileGroups& groups,
+                                        const FileKindTable& kinds) {
   // Folding a name costs far more than comparing two folded ones, so each is folded once.
   struct Keyed {
     std::string key;
@@ -67,8 +60,8 @@ std::vector<ExportedFile> filesToExport(const FileList& files, const ExportKinds
   std::vector<Keyed> kept;
   for (const auto& file : files) {
     if (!file) continue;
-    const auto kind = exportKind(*file, kinds);
-    if (kind) kept.push_back({caseFoldKey(file->fileName().value_or("")), {file, *kind}});
+    const FileGroupEntry* group = exportGroup(*file, groups, kinds);
+    if (group != nullptr) kept.push_back({caseFoldKey(file->fileName().value_or("")), {file, group}});
   }
   std::stable_sort(kept.begin(), kept.end(), [](const Keyed& a, const Keyed& b) { return a.key < b.key; });
   std::vector<ExportedFile> result;

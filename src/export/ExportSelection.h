@@ -2,42 +2,38 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
+#include "measuring/FileKinds.h"
 #include "measuring/FileObject.h"
 
 /// Which of a project's files an export covers, and what each counts as.
 namespace quillmeter {
 
-/// The kinds of files that the user asked for; one for each check box of the export tab, in its order.
-struct ExportKinds {
-  bool c = false;        ///< "c", "cpp"
-  bool headers = false;  ///< "h", "hh", "pch"
-  bool objc = false;     ///< "m", "mm"
-  bool images = false;
-  bool xib = false;
-
-  [[nodiscard]] bool none() const { return !(c || headers || objc || images || xib); }
-  [[nodiscard]] static ExportKinds all() { return {true, true, true, true, true}; }
-};
-
-/// The kinds that a list such as "c,headers,objc,images,xib" names; nothing when it is empty or names
+/// The groups that a list of their keys names, such as "c,headers"; nothing when it is empty or names
 /// anything else.
-[[nodiscard]] std::optional<ExportKinds> exportKindsNamed(std::string_view list);
+[[nodiscard]] std::optional<FileGroups> fileGroupsNamed(std::string_view list, const FileKindTable& kinds);
 
-enum class ExportKind { image, xib, source, header };
+/// All keys, separated by commas: the list that names every group.
+[[nodiscard]] std::string fileGroupKeys(const FileKindTable& kinds);
+
+/// All keys for a sentence: "c, headers, objc, images and xib".
+[[nodiscard]] std::string fileGroupKeysInWords(const FileKindTable& kinds);
 
 struct ExportedFile {
   std::shared_ptr<const FileObject> file;
-  ExportKind kind;
+  const FileGroupEntry* group;  ///< points into the table of kinds, never null
 };
 
-/// What `file` is exported as; nothing when it is left out.
-[[nodiscard]] std::optional<ExportKind> exportKind(const FileObject& file, const ExportKinds& kinds);
+/// The group that `file` is exported in; null when it is left out. Points into `kinds`.
+[[nodiscard]] const FileGroupEntry* exportGroup(const FileObject& file, const FileGroups& groups,
+                                                const FileKindTable& kinds);
 
-/// The files of `files` that are exported, in ascending order of their names without regard to letter case;
-/// files of equal names keep their order. A null entry is left out.
-[[nodiscard]] std::vector<ExportedFile> filesToExport(const FileList& files, const ExportKinds& kinds);
+/// The files of `files` that belong to `groups`, in ascending order of their names without regard to letter
+/// case; files of equal names keep their order. A null entry is left out. `kinds` must outlive the result.
+[[nodiscard]] std::vector<ExportedFile> filesToExport(const FileList& files, const FileGroups& groups,
+                                                      const FileKindTable& kinds);
 
 }  // namespace quillmeter

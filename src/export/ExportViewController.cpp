@@ -17,6 +17,10 @@ namespace {
 
 constexpr std::chrono::milliseconds kSaveDoneDelay{1000};
 
+/// What the five boxes stand for.
+constexpr std::array kBoxGroups = {FileGroup::c, FileGroup::headers, FileGroup::objectiveC, FileGroup::images,
+                                   FileGroup::interfaceFiles};
+
 bool isOn(const QCheckBox* checkbox) {
   return checkbox != nullptr && checkbox->checkState() == Qt::Checked;
 }
@@ -46,6 +50,21 @@ void ExportViewController::initViewCustom() {
   ui_->btnTypePDF->setChecked(true);
   ui_->btnTypeCSV->setChecked(false);
   setRaisedBackgroundStyle(ui_->lblTextTitle1);
+  showTypes();
+}
+
+/// Says beside each box which extensions it stands for.
+void ExportViewController::showTypes() {
+  const auto project = host_.parserProject();
+  if (!project) return;
+  const std::array labels{ui_->lblCheckbox1Types, ui_->lblCheckbox2Types, ui_->lblCheckbox3Types,
+                          ui_->lblCheckbox4Types, ui_->lblCheckbox5Types};
+  for (std::size_t box = 0; box < kBoxGroups.size(); ++box) {
+    const QString types =
+        QString::fromStdString(extensionsText(project->kinds().extensions(kBoxGroups.at(box))));
+    labels.at(box)->setText(types);
+    checkboxes_.at(box)->setAccessibleDescription(tr("Files of the types %1").arg(types));
+  }
 }
 
 QCheckBox* ExportViewController::btnTypePDF() const {
@@ -79,16 +98,21 @@ void ExportViewController::tapExportType(const QObject* sender) {
   }
 }
 
-ExportKinds ExportViewController::kinds() const {
-  return {.c = isOn(checkbox1()),
-          .headers = isOn(checkbox2()),
-          .objc = isOn(checkbox3()),
-          .images = isOn(checkbox4()),
-          .xib = isOn(checkbox5())};
+FileGroups ExportViewController::groups() const {
+  FileGroups groups;
+  for (std::size_t box = 0; box < kBoxGroups.size(); ++box) {
+    if (isOn(checkboxes_.at(box))) groups.insert(kBoxGroups.at(box));
+  }
+  return groups;
+}
+
+void ExportViewController::setGroups(const FileGroups& groups) {
+  for (std::size_t box = 0; box < kBoxGroups.size(); ++box)
+    checkboxes_.at(box)->setChecked(groups.contains(kBoxGroups.at(box)));
 }
 
 void ExportViewController::tapGenerate() {
-  if (kinds().none()) {
+  if (groups().empty()) {
     services_.alerts->runModal(window(), tr("Please select at least one of the export options."), {tr("Ok")});
     return;
   }
@@ -113,9 +137,9 @@ void ExportViewController::save(const std::optional<std::string>& chosenPath, bo
     source.project = project;
     source.overviewTexts = host_.overviewTexts();
     source.chart = host_.reportChart();
-    static_cast<void>(exportPdf(source, kinds(), path));
+    static_cast<void>(exportPdf(source, groups(), path));
   } else {
-    static_cast<void>(exportCsv(*project, kinds(), path));
+    static_cast<void>(exportCsv(*project, groups(), path));
   }
   services_.delayedCalls->performAfterDelay(this, kSaveDoneDelay, [this] { showSaveDone(); });
 }

@@ -50,6 +50,9 @@ class ExportViewController final : public QWidget {
   void setCheckbox4(QCheckBox* checkbox) { checkboxes_[3] = checkbox; }
   void setCheckbox5(QCheckBox* checkbox) { checkboxes_[4] = checkbox; }
 
+  /// Ticks the boxes of exactly these groups.
+  void setGroups(const FileGroups& groups);
+
   [[nodiscard]] QCheckBox* btnTypePDF() const;
   [[nodiscard]] QCheckBox* btnTypeCSV() const;
   [[nodiscard]] QPushButton* btnGenerate() const;
@@ -65,12 +68,13 @@ class ExportViewController final : public QWidget {
   ExportViewController(ExportHost& host, Services services);
 
   void save(const std::optional<std::string>& chosenPath, bool pdf);
-  [[nodiscard]] ExportKinds kinds() const;
+  void showTypes();
+  [[nodiscard]] FileGroups groups() const;
 
   ExportHost& host_;
   Services services_;
   std::unique_ptr<::Ui::ExportViewController> ui_;
-  std::array<QPointer<QCheckBox>, 5> checkboxes_;
+  std::array<QPointer<QCheckBox>, 5> checkboxes_;  ///< in the order of `kBoxGroups`
 };
 
 }  // namespace quillmeter

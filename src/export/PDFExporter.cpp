@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "export/ReportGroups.h"
-#include "measuring/FileKinds.h"
+#include "analysis/MeasuredProject.h"
 #include "measuring/FileObject.h"
 #include "support/AtomicFile.h"
 #include "support/NumberFormat.h"
@@ -33,7 +32,9 @@ std::unique_ptr<PDFExporter> PDFExporter::create(ReportSource source) {
 }
 
 PDFExporter::PDFExporter(ReportSource source)
-    : source_(std::move(source)), columnTitles_{"File types", "Lines of code", "SLOC", "Size"} {}
+    : source_(std::move(source)),
+      groups_(source_.project->kinds()),
+      columnTitles_{"File types", "Lines of code", "SLOC", "Size"} {}
 
 void PDFExporter::renderForFilesAtPath(const ReportFiles& files, const std::string& path) {
   setFiles(sortFilesArray(files));
@@ -56,7 +57,7 @@ void PDFExporter::setFiles(ReportFiles files) {
   files_ = std::move(files);
   // A group's row is drawn again on each of its pages; summing once keeps the time linear in the files.
   groupSums_.clear();
-  for (const auto& group : reportOrder())
+  for (const auto& group : groups_.order())
     groupSums_.push_back(sumsOf(files_, group));
 }
 
@@ -66,16 +67,17 @@ PDFExporter::GroupSums PDFExporter::sumsOf(ReportFiles const& files,
   for (const auto& file : files) {
     if (!isOneOf(pathExtension(file->fileName().value_or("")), group)) continue;
     sums.lines = sum(sums.lines, integerValue(file->noLinesTotal()));
-    sums.linesWithoutSpaces = sum(sums.linesWithoutSpaces, integerValue(file->noLinesWithoutSpaces()));
+    sums.linesWithoutSpaces =
+        sum(sums.linesWithoutSpaces, integerValue(file->noLinesWithoutSpaces()));
     sums.size = sum(sums.size, integerValue(file->fileSize()));
   }
   return sums;
 }
 
-PDFExporter::ReportFiles PDFExporter::sortFilesArray(const ReportFiles& files) {
+PDFExporter::ReportFiles PDFExporter::sortFilesArray(const ReportFiles& files) const {
   ReportFiles sorted;
   sorted.reserve(files.size());
-  for (const auto& group : reportOrder()) {
+  for (const auto& group : groups_.order()) {
     const ReportFiles ofGroup = getFilesForExtensionTypesFromArray(group, files);
     sorted.insert(sorted.end(), ofGroup.begin(), ofGroup.end());
   }
@@ -95,24 +97,20 @@ PDFExporter::ReportFiles PDFExporter::getFilesForExtensionTypesFromArray(
 }
 
 std::optional<std::span<const std::string_view>> PDFExporter::getArrayRangeBasedOnExtension(
-    std::string_view extension) {
-  return reportGroup(extension);
+    std::string_view extension) const {
+  return groups_.groupOf(extension);
 }
 
 std::array<std::string, 3> PDFExporter::cellValuesForFileType(std::string_view extension) const {
-  const auto& order = reportOrder();
-  const auto group = std::find_if(
-      order.begin(), order.end(),
-      [extension](const ReportExtensions& extensions) { return isOneOf(extension, extensions); });
-  const auto index = static_cast<std::size_t>(group - order.begin());
-  const GroupSums sums = index < groupSums_.size() ? groupSums_[index] : GroupSums{};
-  const bool counted = showsLineCounts(extension);
+  const auto group = groups_.indexOf(extension);
+  const GroupSums sums = group && *group < groupSums_.size() ? groupSums_[*group] : GroupSums{};
+  const bool counted = groups_.showsLineCounts(extension);
   return {counted ? std::to_string(sums.lines) : "-", counted ? std::to_string(sums.linesWithoutSpaces) : "-",
           sizeText(sums.size)};
 }
 
-std::array<std::string, 4> PDFExporter::cellValuesForFile(const FileObject& file) {
-  const bool counted = showsLineCounts(file.getFileExtension().value_or(""));
+std::array<std::string, 4> PDFExporter::cellValuesForFile(const FileObject& file) const {
+  const bool counted = groups_.showsLineCounts(file.getFileExtension().value_or(""));
   return {file.fileName().value_or(""), counted ? std::to_string(integerValue(file.noLinesTotal())) : "-",
           counted ? std::to_string(integerValue(file.noLinesWithoutSpaces())) : "-",
           sizeText(integerValue(file.fileSize()))};

@@ -12,6 +12,7 @@
 
 #include "export/ExportHost.h"
 #include "export/PdfContext.h"
+#include "export/ReportGroups.h"
 
 namespace quillmeter {
 
@@ -48,17 +49,17 @@ class PDFExporter {
   [[nodiscard]] std::optional<std::string> renderForFiles(const ReportFiles& files);
 
   /// The files in report order: group by group, each in the order given.
-  [[nodiscard]] static ReportFiles sortFilesArray(const ReportFiles& files);
+  [[nodiscard]] ReportFiles sortFilesArray(const ReportFiles& files) const;
   [[nodiscard]] static ReportFiles getFilesForExtensionTypesFromArray(
       std::span<const std::string_view> extensions, const ReportFiles& files);
   /// The extensions of the group that `extension` belongs to; nothing for any other text.
-  [[nodiscard]] static std::optional<std::span<const std::string_view>> getArrayRangeBasedOnExtension(
-      std::string_view extension);
+  [[nodiscard]] std::optional<std::span<const std::string_view>> getArrayRangeBasedOnExtension(
+      std::string_view extension) const;
   /// Lines, lines that are not empty and size of the group that `extension` belongs to, over all `files`. The
   /// sums take a file by the extension as it is written, so "A.M" is in the group but not in its sums.
   [[nodiscard]] std::array<std::string, 3> cellValuesForFileType(std::string_view extension) const;
   /// Name, lines, lines that are not empty and size.
-  [[nodiscard]] static std::array<std::string, 4> cellValuesForFile(const FileObject& file);
+  [[nodiscard]] std::array<std::string, 4> cellValuesForFile(const FileObject& file) const;
 
   [[nodiscard]] const ReportFiles& files() const { return files_; }
   [[nodiscard]] const std::array<std::string, 4>& columnTitles() const { return columnTitles_; }
@@ -103,6 +104,7 @@ class PDFExporter {
                 double fontSize);
 
   ReportSource source_;
+  ReportGroups groups_;
   ReportFiles files_;
   std::vector<GroupSums> groupSums_;  ///< one for each group of the report order
   std::array<std::string, 4> columnTitles_;

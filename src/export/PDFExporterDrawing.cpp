@@ -3,7 +3,6 @@
 #include "analysis/MeasuredProject.h"
 #include "export/PDFExporter.h"
 #include "export/ReportDate.h"
-#include "export/ReportGroups.h"
 #include "export/StringTools.h"
 #include "measuring/FileKinds.h"
 #include "measuring/FileObject.h"
@@ -144,7 +143,7 @@ void PDFExporter::drawTableColumnsHeader(std::span<const std::string> texts) {
 
 void PDFExporter::drawHeaderWithValues(std::string_view extension, const std::array<std::string, 3>& values) {
   drawTableColumnsHeader(columnTitles_);
-  const std::array<std::string, 4> cells = {std::string(reportGroupLabel(extension)), values[0], values[1],
+  const std::array<std::string, 4> cells = {std::string(groups_.labelOf(extension)), values[0], values[1],
                                             values[2]};
   drawRow(cells, {kWhite, kBold, 20, 20, 3});
 }

@@ -1,45 +1,39 @@
 #include "export/ReportGroups.h"
 
-#include "measuring/FileKinds.h"
+#include <algorithm>
 
 namespace quillmeter {
-namespace {
 
-constexpr std::array<std::string_view, 2> kC = {"c", "cpp"};
-constexpr std::array<std::string_view, 3> kHeaders = {"h", "hh", "pch"};
-constexpr std::array<std::string_view, 2> kObjectiveC = {"m", "mm"};
-constexpr std::array<std::string_view, 4> kImages = {"jpg", "png", "tiff", "icns"};
-constexpr std::array<std::string_view, 4> kImagesByLookup = {"png", "jpg", "tiff", "icns"};
-constexpr std::array<std::string_view, 1> kXib = {"xib"};
-// "mm" is missing on purpose: reports have always shown a dash for it.
-constexpr std::array<std::string_view, 6> kCounted = {"h", "hh", "c", "cpp", "m", "pch"};
-
-}  // namespace
-
-const std::array<ReportExtensions, 5>& reportOrder() {
-  static const std::array<ReportExtensions, 5> order = {kC, kHeaders, kObjectiveC, kImages, kXib};
-  return order;
+ReportGroups::ReportGroups(const FileKindTable& kinds) : kinds_(kinds) {
+  for (const FileGroupEntry& group : kinds.groups()) {
+    order_.push_back(kinds.extensions(group.group));
+    lookUp_.push_back(order_.back());
+    std::stable_partition(lookUp_.back().begin(), lookUp_.back().end(), [&kinds](std::string_view extension) {
+      return kinds.find(extension)->isFirstOfItsGroup;
+    });
+  }
 }
 
-std::optional<ReportExtensions> reportGroup(std::string_view extension) {
-  static const std::array<ReportExtensions, 5> groups = {kC, kHeaders, kObjectiveC, kXib, kImagesByLookup};
-  for (const ReportExtensions& group : groups) {
-    if (isOneOf(extension, group)) return group;
+std::optional<std::size_t> ReportGroups::indexOf(std::string_view extension) const {
+  for (std::size_t group = 0; group < order_.size(); ++group) {
+    if (isOneOf(extension, order_[group])) return group;
   }
   return std::nullopt;
 }
 
-std::string_view reportGroupLabel(std::string_view extension) {
-  if (isOneOf(extension, kObjectiveC)) return "m/mm files";
-  if (isOneOf(extension, kC)) return "c/cpp files";
-  if (isOneOf(extension, kImages)) return "image files";
-  if (isOneOf(extension, kHeaders)) return "h/hh files";
-  if (isOneOf(extension, kXib)) return "xib files";
-  return {};
+std::optional<ReportExtensions> ReportGroups::groupOf(std::string_view extension) const {
+  const auto group = indexOf(extension);
+  return group ? std::optional<ReportExtensions>(lookUp_[*group]) : std::nullopt;
 }
 
-bool showsLineCounts(std::string_view extension) {
-  return isOneOf(extension, kCounted);
+std::string_view ReportGroups::labelOf(std::string_view extension) const {
+  const auto group = indexOf(extension);
+  return group ? kinds_.groups()[*group].reportLabel : std::string_view();
+}
+
+bool ReportGroups::showsLineCounts(std::string_view extension) const {
+  const FileKindEntry* entry = kinds_.find(extension);
+  return kinds_.kindOf(entry) == FileKind::code && !entry->hasNoReportLines;
 }
 
 }  // namespace quillmeter

@@ -36,7 +36,8 @@ Number number(std::uint64_t value) {
   return Number(static_cast<std::int64_t>(value));
 }
 
-bool isMeasured(FileKind kind) {
+bool isMeasured(const FileKindTable& kinds, const std::string& path) {
+  const FileKind kind = kinds.kindOfPath(lastPathComponent(path));
   return kind == FileKind::code || kind == FileKind::interface;
 }
 
@@ -65,19 +66,21 @@ std::shared_ptr<FileObject> measuredFile(const std::string& path, const FileStat
 
 }  // namespace
 
-std::shared_ptr<FileObject> fileStats(const FileSystem& fileSystem, const std::string& path) {
+std::shared_ptr<FileObject> fileStats(const FileSystem& fileSystem, const FileKindTable& kinds,
+                                      const std::string& path) {
   const auto status = fileSystem.status(path);
   if (!status) return nullptr;
-  if (!isMeasured(fileKindOfPath(lastPathComponent(path)))) return sizedFile(path, *status);
+  if (!isMeasured(kinds, path)) return sizedFile(path, *status);
   if (status->type != FileStatus::Type::regular) return measuredFile(path, *status, {});
   return measuredFile(path, *status, countsOf(fileSystem, fileSystem.open(path), status->size));
 }
 
-std::shared_ptr<FileObject> regularFileStats(const FileSystem& fileSystem, const std::string& path) {
-  if (!isMeasured(fileKindOfPath(lastPathComponent(path)))) return fileStats(fileSystem, path);
+std::shared_ptr<FileObject> regularFileStats(const FileSystem& fileSystem, const FileKindTable& kinds,
+                                             const std::string& path) {
+  if (!isMeasured(kinds, path)) return fileStats(fileSystem, kinds, path);
   const Descriptor file = fileSystem.open(path);
   const auto status = file ? fileSystem.statusOfOpen(file) : std::nullopt;
-  if (!status || status->type != FileStatus::Type::regular) return fileStats(fileSystem, path);
+  if (!status || status->type != FileStatus::Type::regular) return fileStats(fileSystem, kinds, path);
   return measuredFile(path, *status, countsOf(fileSystem, file, status->size));
 }
 

@@ -6,7 +6,6 @@
 #include "analysis/ProjectHost.h"
 #include "controls/BackgroundStyle.h"
 #include "overview/FigureLabel.h"
-#include "overview/OverviewCaptions.h"
 #include "support/NumberFormat.h"
 #include "ui_OverviewViewController.h"
 
@@ -38,12 +37,15 @@ std::unique_ptr<OverviewViewController> OverviewViewController::create(ProjectHo
 }
 
 OverviewViewController::OverviewViewController(ProjectHost& host)
-    : host_(host), ui_(std::make_unique<Ui::OverviewViewController>()) {
+    : host_(host),
+      ui_(std::make_unique<Ui::OverviewViewController>()),
+      totalCaption_(totalLinesCaption(host.parserProject()->kinds())),
+      captions_(overviewCaptions(host.parserProject()->kinds())) {
   ui_->setupUi(this);
-  ui_->lblCaptionTotal->setToolTip(toolTipFor(kTotalLinesCaption));
+  ui_->lblCaptionTotal->setToolTip(toolTipFor(totalCaption_));
   for (std::size_t index = 0; index < kOverviewMetrics; ++index) {
     const auto name = QStringLiteral("lblCaption%1").arg(index + 1);
-    findChild<QLabel*>(name)->setToolTip(toolTipFor(kOverviewCaptions.at(index)));
+    findChild<QLabel*>(name)->setToolTip(toolTipFor(captions_.at(index)));
   }
 }
 
@@ -64,13 +66,13 @@ void OverviewViewController::initViewCustom() {
 
 void OverviewViewController::setTotalLinesOfCode(std::uint64_t lines) {
   ui_->lblTotalNumberLines->setText(fromUtf8(overviewFormatter().format(lines)));
-  describe(ui_->lblTotalNumberLines, kTotalLinesCaption);
+  describe(ui_->lblTotalNumberLines, totalCaption_);
 }
 
 void OverviewViewController::showFigure(std::size_t number, const std::string& text) {
   QLabel* const label = lblSizeMetrics(number);
   label->setText(fromUtf8(text));
-  describe(label, kOverviewCaptions.at(number - 1));
+  describe(label, captions_.at(number - 1));
 }
 
 QLabel* OverviewViewController::lblTotalNumberLines() const {

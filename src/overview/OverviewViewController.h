@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "overview/OverviewCaptions.h"
 #include "overview/OverviewFigures.h"
 
 class QLabel;
@@ -61,6 +62,8 @@ class OverviewViewController final : public QWidget {
 
   ProjectHost& host_;
   std::unique_ptr<Ui::OverviewViewController> ui_;
+  OverviewCaption totalCaption_;
+  OverviewCaptions captions_;
   OverviewFigures figures_;
 };
 

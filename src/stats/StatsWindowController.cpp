@@ -1,6 +1,5 @@
 #include "stats/StatsWindowController.h"
 
-#include <QCheckBox>
 #include <QCloseEvent>
 #include <QFile>
 #include <QGuiApplication>
@@ -290,12 +289,8 @@ std::shared_ptr<const ReportChart> StatsWindowController::reportChart() const {
   return std::make_shared<CanvasReportChart>();
 }
 
-void StatsWindowController::setExportKinds(const std::array<bool, 5>& kinds) {
-  const ExportViewController& tab = *exportViewController_;
-  const std::array<QCheckBox*, 5> boxes{tab.checkbox1(), tab.checkbox2(), tab.checkbox3(), tab.checkbox4(),
-                                        tab.checkbox5()};
-  for (std::size_t index = 0; index < boxes.size(); ++index)
-    boxes.at(index)->setChecked(kinds.at(index));
+void StatsWindowController::setExportGroups(const FileGroups& groups) {
+  exportViewController_->setGroups(groups);
 }
 
 QWidget* StatsWindowController::viewLeft() const {

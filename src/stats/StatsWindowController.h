@@ -67,7 +67,7 @@ class StatsWindowController final : public QWidget, public ChartsHost, public Ex
   [[nodiscard]] SourceTotals sourceTotals() const override;
   [[nodiscard]] OverviewTexts overviewTexts() const override;
   [[nodiscard]] std::shared_ptr<const ReportChart> reportChart() const override;
-  void setExportKinds(const std::array<bool, 5>& kinds) override;
+  void setExportGroups(const FileGroups& groups) override;
 
   [[nodiscard]] OverviewViewController* overviewController() const { return overviewController_.get(); }
   [[nodiscard]] DetailsViewController* detailsViewController() const { return detailsViewController_.get(); }

@@ -18,8 +18,8 @@ std::vector<FileTableColumn> cleanUpColumns() {
           {.field = FileTableField::fileSize, .width = 100}};
 }
 
-FileTable cleanUpTable(FileList unreferenced, const std::string& locale) {
-  return {cleanUpColumns(), std::move(unreferenced), 1000.0, locale};
+FileTable cleanUpTable(FileList unreferenced, const FileKindTable& kinds, const std::string& locale) {
+  return {cleanUpColumns(), std::move(unreferenced), kinds, 1000.0, locale};
 }
 
 }  // namespace quillmeter

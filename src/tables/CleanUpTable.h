@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "measuring/FileKinds.h"
 #include "measuring/FileObject.h"
 #include "tables/FileTable.h"
 
@@ -25,6 +26,7 @@ inline constexpr std::string_view kCleanProjectText =
 
 /// The unreferenced files in the order of their names ignoring letter case, with sizes in units of 1000
 /// bytes.
-[[nodiscard]] FileTable cleanUpTable(FileList unreferenced, const std::string& locale = {});
+[[nodiscard]] FileTable cleanUpTable(FileList unreferenced, const FileKindTable& kinds,
+                                     const std::string& locale = {});
 
 }  // namespace quillmeter

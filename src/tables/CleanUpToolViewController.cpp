@@ -59,7 +59,7 @@ void CleanUpToolViewController::tapSearchFiles() {
 
 void CleanUpToolViewController::lookforFiles() {
   const auto project = host_.parserProject();
-  ui_->tblFiles->setTable(cleanUpTable(unreferencedFiles(*project)));
+  ui_->tblFiles->setTable(cleanUpTable(unreferencedFiles(*project), project->kinds()));
   ui_->tblFiles->setEmptyText(tr("No file was found that the project does not reference."));
   showNoSearch();
   if (arrayDifferentFiles().empty()) {

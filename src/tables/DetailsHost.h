@@ -1,17 +1,15 @@
 #pragma once
 
-#include <array>
-
 #include "analysis/ProjectHost.h"
+#include "measuring/FileGroups.h"
 
 namespace quillmeter {
 
 /// What the Details tab needs from the window that holds it. Main thread only; outlives the tab.
 class DetailsHost : public ProjectHost {
  public:
-  /// Ticks exactly these file groups in the Export tab, its five boxes in their order: C and C++ sources,
-  /// headers, Objective-C sources, images, interface files.
-  virtual void setExportKinds(const std::array<bool, 5>& kinds) = 0;
+  /// Ticks exactly these groups in the Export tab.
+  virtual void setExportGroups(const FileGroups& groups) = 0;
   /// Switches to the Export tab.
   virtual void tapExportTab() = 0;
 };

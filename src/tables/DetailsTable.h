@@ -1,41 +1,43 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "measuring/FileKinds.h"
 #include "measuring/FileObject.h"
 #include "tables/FileTable.h"
 
-/// What the Details tab shows: one row for each project file of a chosen group. The six groups are numbered
-/// 0 to 5 as the tab's filter buttons are; every operation reads a greater number as 0.
+/// What the Details tab shows: one row for each project file that a chosen filter lets through.
 namespace quillmeter {
 
-inline constexpr std::uint32_t kDetailsFilters = 6;
+/// What one of the tab's buttons shows.
+struct DetailsFilter {
+  FileGroups groups;          ///< also those that an export of the filter covers
+  std::string_view name;      ///< as a sentence has it, such as "C and C++ sources"
+  bool showsCounters = true;  ///< images and interface files show their sizes alone
+};
 
-/// The extensions of the group's files.
-[[nodiscard]] std::span<const std::string_view> detailsExtensions(std::uint32_t filter);
+/// The filters in the order of the buttons: all source files, then each group by itself.
+[[nodiscard]] std::vector<DetailsFilter> detailsFilters(const FileKindTable& kinds);
 
-/// The group's name as a text has it, such as "C and C++ sources".
-[[nodiscard]] std::string_view detailsFilterName(std::uint32_t filter);
+/// Filter `number` of them; the first one for a number beyond the last.
+[[nodiscard]] DetailsFilter detailsFilter(const FileKindTable& kinds, std::uint32_t number);
 
-/// The columns for a group. Images and interface files have few columns, whatever `showsExtraColumns` is.
-[[nodiscard]] std::vector<FileTableColumn> detailsColumns(std::uint32_t filter, bool showsExtraColumns);
+/// The columns for a filter. Without counters there are few columns, whatever `showsExtraColumns` is.
+[[nodiscard]] std::vector<FileTableColumn> detailsColumns(const DetailsFilter& filter,
+                                                          bool showsExtraColumns);
 
-/// The files of `files` that belong to the group, in the order of their names ignoring letter case, with
+/// The files of `files` that the filter lets through, in the order of their names ignoring letter case, with
 /// sizes in units of 1024 bytes.
-[[nodiscard]] FileTable detailsTable(const FileList& files, std::uint32_t filter, bool showsExtraColumns,
+[[nodiscard]] FileTable detailsTable(const FileList& files, const FileKindTable& kinds,
+                                     const DetailsFilter& filter, bool showsExtraColumns,
                                      const std::string& locale = {});
 
-/// Which file groups of an export stand for the filter: C and C++ sources, headers, Objective-C sources,
-/// images, interface files.
-[[nodiscard]] std::array<bool, 5> detailsExportKinds(std::uint32_t filter);
-
 /// Why a table without rows has none; `projectIsEmpty` when the project has no files at all.
-[[nodiscard]] std::string detailsEmptyText(std::uint32_t filter, bool projectIsEmpty);
+[[nodiscard]] std::string detailsEmptyText(const FileKindTable& kinds, const DetailsFilter& filter,
+                                           bool projectIsEmpty);
 
 /// "1 file" or "1,204 files", grouped as the locale has it.
 [[nodiscard]] std::string fileCountText(std::size_t count, const std::string& locale = {});

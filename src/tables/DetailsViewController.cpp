@@ -78,12 +78,14 @@ void DetailsViewController::initViewCustom() {
 }
 
 void DetailsViewController::setNumberOfColumnsForTableByFilter() {
-  const FileList& files = host_.parserProject()->files();
+  const auto project = host_.parserProject();
+  const FileList& files = project->files();
+  const DetailsFilter filter = detailsFilter(project->kinds(), currentTableFilter_);
   ui_->tableDetails->setTable(
-      detailsTable(files, currentTableFilter_, ui_->checkMinimalVersion->isChecked()));
-  ui_->tableDetails->setEmptyText(tableText(detailsEmptyText(currentTableFilter_, files.empty())));
-  ui_->lblRowCount->setText(tr("%1 – %2").arg(tableText(fileCountText(currentDataArray().size())),
-                                              tableText(detailsFilterName(currentTableFilter_))));
+      detailsTable(files, project->kinds(), filter, ui_->checkMinimalVersion->isChecked()));
+  ui_->tableDetails->setEmptyText(tableText(detailsEmptyText(project->kinds(), filter, files.empty())));
+  ui_->lblRowCount->setText(
+      tr("%1 – %2").arg(tableText(fileCountText(currentDataArray().size())), tableText(filter.name)));
 }
 
 const FileList& DetailsViewController::currentDataArray() const {
@@ -190,7 +192,7 @@ void DetailsViewController::tapCheckMinimalVersion() {
 }
 
 void DetailsViewController::tapSave() {
-  host_.setExportKinds(detailsExportKinds(currentTableFilter_));
+  host_.setExportGroups(detailsFilter(host_.parserProject()->kinds(), currentTableFilter_).groups);
   services_.delayedCalls->performAfterDelay(this, kBeforeExportTab, [this] { host_.tapExportTab(); });
 }
 

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "support/Text.h"
-#include "tables/TypeIcon.h"
 
 namespace quillmeter {
 namespace {
@@ -69,12 +68,13 @@ void arrange(FileList& rows, const std::vector<std::size_t>& order) {
 
 }  // namespace
 
-FileTable::FileTable() : FileTable({}, {}, 1.0) {}
+FileTable::FileTable() : FileTable({}, {}, classicKinds(), 1.0) {}
 
-FileTable::FileTable(std::vector<FileTableColumn> columns, FileList files, double bytesInSizeUnit,
-                     const std::string& locale)
+FileTable::FileTable(std::vector<FileTableColumn> columns, FileList files, const FileKindTable& kinds,
+                     double bytesInSizeUnit, const std::string& locale)
     : columns_(withMinimumWidths(std::move(columns))),
       rows_(std::move(files)),
+      kinds_(kinds),
       bytesInSizeUnit_(bytesInSizeUnit),
       formatter_(std::make_shared<const DecimalFormatter>(0, 2, locale)) {
   const auto keys =
@@ -122,7 +122,8 @@ std::string FileTable::cellText(std::size_t row, std::size_t column) const {
 }
 
 std::string_view FileTable::iconName(std::size_t row) const {
-  return typeIconName(rows_[row]->getFileExtension().value_or(std::string()));
+  const FileKindEntry* entry = kinds_.find(*rows_[row]);
+  return entry == nullptr ? kOtherPicture : entry->picture;
 }
 
 std::string FileTable::tabSeparated(const std::vector<std::size_t>& rows) const {

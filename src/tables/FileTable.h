@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "measuring/FileKinds.h"
 #include "measuring/FileObject.h"
 #include "support/NumberFormat.h"
 #include "tables/FileTableColumn.h"
@@ -23,10 +24,10 @@ class FileTable {
   /// A table without rows and columns.
   FileTable();
   /// The rows are put in the order of their names, ignoring letter case; equal names keep their order.
-  /// `bytesInSizeUnit` is what a size is divided by to be shown. `locale` is that of the number texts; the
-  /// empty name means the user's own.
-  FileTable(std::vector<FileTableColumn> columns, FileList files, double bytesInSizeUnit,
-            const std::string& locale = {});
+  /// `kinds` gives the pictures. `bytesInSizeUnit` is what a size is divided by to be shown. `locale` is that
+  /// of the number texts; the empty name means the user's own.
+  FileTable(std::vector<FileTableColumn> columns, FileList files, const FileKindTable& kinds,
+            double bytesInSizeUnit, const std::string& locale = {});
 
   [[nodiscard]] const std::vector<FileTableColumn>& columns() const { return columns_; }
   [[nodiscard]] const FileList& rows() const { return rows_; }
@@ -50,6 +51,7 @@ class FileTable {
  private:
   std::vector<FileTableColumn> columns_;
   FileList rows_;
+  FileKindTable kinds_;
   double bytesInSizeUnit_ = 1.0;
   std::shared_ptr<const DecimalFormatter> formatter_;  ///< shared by copies of the table
 };

@@ -2,8 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include "measuring/FileKinds.h"
+
 namespace quillmeter {
 namespace {
+
+std::optional<std::string> referencedPath(std::string_view line) {
+  return quillmeter::referencedPath(line, classicKinds());
+}
 
 std::string entry(const std::string& path) {
   return "\t\t8D11 /* name */ = {isa = PBXFileReference; name = other.png; path = " + path +

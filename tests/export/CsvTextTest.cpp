@@ -14,7 +14,7 @@ const std::string kHeader =
     "lines\",\"Words\",\"Chars\",\"Size(KB)\"";
 
 std::string csvOf(const FileList& files) {
-  return csvText(filesToExport(files, ExportKinds::all()));
+  return csvText(filesToExport(files, classicKinds().allGroups(), classicKinds()));
 }
 
 TEST(CsvText, ProjectWithoutFilesIsTheHeaderLineAlone) {

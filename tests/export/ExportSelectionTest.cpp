@@ -11,6 +11,18 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using testing::record;
 
+const FileGroups kAll = classicKinds().allGroups();
+
+std::vector<ExportedFile> filesToExport(const FileList& files, const FileGroups& groups) {
+  return quillmeter::filesToExport(files, groups, classicKinds());
+}
+
+/// The type that the file's row names; empty when the file is left out.
+std::string_view typeOf(const FileObject& file, const FileGroups& groups) {
+  const FileGroupEntry* group = exportGroup(file, groups, classicKinds());
+  return group == nullptr ? std::string_view() : group->csvType;
+}
+
 std::vector<std::string> names(const std::vector<ExportedFile>& files) {
   std::vector<std::string> result;
   for (const ExportedFile& exported : files)
@@ -28,46 +40,45 @@ FileList filesNamed(const std::vector<std::string>& fileNames) {
 TEST(ExportSelection, EachKindTakesItsOwnExtensions) {
   const FileList files = filesNamed({"1.c", "2.cpp", "3.h", "4.hh", "5.pch", "6.m", "7.mm", "8.jpg", "9.png",
                                      "a.tiff", "b.icns", "c.xib", "d.txt", "e.cc", "f.storyboard"});
-  EXPECT_THAT(names(filesToExport(files, {.c = true})), ElementsAre("1.c", "2.cpp"));
-  EXPECT_THAT(names(filesToExport(files, {.headers = true})), ElementsAre("3.h", "4.hh", "5.pch"));
-  EXPECT_THAT(names(filesToExport(files, {.objc = true})), ElementsAre("6.m", "7.mm"));
-  EXPECT_THAT(names(filesToExport(files, {.images = true})),
+  EXPECT_THAT(names(filesToExport(files, {FileGroup::c})), ElementsAre("1.c", "2.cpp"));
+  EXPECT_THAT(names(filesToExport(files, {FileGroup::headers})), ElementsAre("3.h", "4.hh", "5.pch"));
+  EXPECT_THAT(names(filesToExport(files, {FileGroup::objectiveC})), ElementsAre("6.m", "7.mm"));
+  EXPECT_THAT(names(filesToExport(files, {FileGroup::images})),
               ElementsAre("8.jpg", "9.png", "a.tiff", "b.icns"));
-  EXPECT_THAT(names(filesToExport(files, {.xib = true})), ElementsAre("c.xib"));
+  EXPECT_THAT(names(filesToExport(files, {FileGroup::interfaceFiles})), ElementsAre("c.xib"));
   EXPECT_THAT(names(filesToExport(files, {})), IsEmpty());
-  EXPECT_EQ(filesToExport(files, ExportKinds::all()).size(), 12U);
+  EXPECT_EQ(filesToExport(files, kAll).size(), 12U);
 }
 
 TEST(ExportSelection, KindsAreNamedForTheTable) {
-  const ExportKinds all = ExportKinds::all();
-  EXPECT_EQ(exportKind(*record({.name = "a.c"}), all), ExportKind::source);
-  EXPECT_EQ(exportKind(*record({.name = "a.mm"}), all), ExportKind::source);
-  EXPECT_EQ(exportKind(*record({.name = "x.pch"}), all), ExportKind::header);
-  EXPECT_EQ(exportKind(*record({.name = "a.png"}), all), ExportKind::image);
-  EXPECT_EQ(exportKind(*record({.name = "a.xib"}), all), ExportKind::xib);
-  EXPECT_EQ(exportKind(*record({.name = "a.txt"}), all), std::nullopt);
+  EXPECT_EQ(typeOf(*record({.name = "a.c"}), kAll), "source");
+  EXPECT_EQ(typeOf(*record({.name = "a.mm"}), kAll), "source");
+  EXPECT_EQ(typeOf(*record({.name = "x.pch"}), kAll), "header");
+  EXPECT_EQ(typeOf(*record({.name = "a.png"}), kAll), "image");
+  EXPECT_EQ(typeOf(*record({.name = "a.xib"}), kAll), "XIB");
+  EXPECT_EQ(typeOf(*record({.name = "a.txt"}), kAll), "");
 }
 
 TEST(ExportSelection, PrecompiledHeaderNeedsTheHeaders) {
-  ExportKinds kinds = ExportKinds::all();
-  kinds.headers = false;
-  EXPECT_EQ(exportKind(*record({.name = "x.pch"}), kinds), std::nullopt);
+  const FileGroups others = {FileGroup::c, FileGroup::objectiveC, FileGroup::images,
+                             FileGroup::interfaceFiles};
+  EXPECT_EQ(typeOf(*record({.name = "x.pch"}), others), "");
 }
 
 TEST(ExportSelection, LetterCaseOfTheExtensionDoesNotMatter) {
-  EXPECT_EQ(exportKind(*record({.name = "x.C"}), {.c = true}), ExportKind::source);
-  EXPECT_EQ(exportKind(*record({.name = "LOGO.PNG"}), {.images = true}), ExportKind::image);
+  EXPECT_EQ(typeOf(*record({.name = "x.C"}), {FileGroup::c}), "source");
+  EXPECT_EQ(typeOf(*record({.name = "LOGO.PNG"}), {FileGroup::images}), "image");
 }
 
 TEST(ExportSelection, NameWithoutADotIsItsOwnExtension) {
-  EXPECT_EQ(exportKind(*record({.name = "h"}), {.headers = true}), ExportKind::header);
-  EXPECT_EQ(exportKind(*record({.name = "Makefile"}), ExportKinds::all()), std::nullopt);
+  EXPECT_EQ(typeOf(*record({.name = "h"}), {FileGroup::headers}), "header");
+  EXPECT_EQ(typeOf(*record({.name = "Makefile"}), kAll), "");
 }
 
 TEST(ExportSelection, NamesComeInOrderWithoutRegardToLetterCase) {
-  EXPECT_THAT(names(filesToExport(filesNamed({"b.m", "A.m", "a.h"}), ExportKinds::all())),
+  EXPECT_THAT(names(filesToExport(filesNamed({"b.m", "A.m", "a.h"}), kAll)),
               ElementsAre("a.h", "A.m", "b.m"));
-  EXPECT_THAT(names(filesToExport(filesNamed({"B.c", "ä.c", "Z.c", "a.c", "Ä.h"}), ExportKinds::all())),
+  EXPECT_THAT(names(filesToExport(filesNamed({"B.c", "ä.c", "Z.c", "a.c", "Ä.h"}), kAll)),
               ElementsAre("a.c", "B.c", "Z.c", "ä.c", "Ä.h"));
 }
 
@@ -75,26 +86,28 @@ TEST(ExportSelection, FilesOfEqualNamesKeepTheOrderOfTheProject) {
   FileList files = {record({.name = "a.c", .size = 1}), record({.name = "A.C", .size = 2}),
                     record({.name = "a.c", .size = 3})};
   std::vector<std::int64_t> sizes;
-  for (const ExportedFile& exported : filesToExport(files, ExportKinds::all()))
+  for (const ExportedFile& exported : filesToExport(files, kAll))
     sizes.push_back(integerValue(exported.file->fileSize()));
   EXPECT_THAT(sizes, ElementsAre(1, 2, 3));
 }
 
 TEST(ExportSelection, RecordsWithoutANameAreLeftOut) {
   const FileList files = {std::make_shared<FileObject>(), nullptr, record({.name = "a.c"})};
-  EXPECT_THAT(names(filesToExport(files, ExportKinds::all())), ElementsAre("a.c"));
+  EXPECT_THAT(names(filesToExport(files, kAll)), ElementsAre("a.c"));
 }
 
-TEST(ExportSelection, KindsAreChosenByTheirNames) {
-  const auto two = exportKindsNamed("objc,c");
-  ASSERT_TRUE(two.has_value());
-  EXPECT_TRUE(two->c && two->objc);
-  EXPECT_FALSE(two->headers || two->images || two->xib);
-  const auto all = exportKindsNamed("c,headers,objc,images,xib");
-  ASSERT_TRUE(all.has_value());
-  EXPECT_TRUE(all->c && all->headers && all->objc && all->images && all->xib);
+TEST(ExportSelection, GroupsAreChosenByTheirKeys) {
+  EXPECT_EQ(fileGroupsNamed("objc,c", classicKinds()), (FileGroups{FileGroup::c, FileGroup::objectiveC}));
+  EXPECT_EQ(fileGroupsNamed("c,headers,objc,images,xib", classicKinds()),
+            (FileGroups{FileGroup::c, FileGroup::headers, FileGroup::objectiveC, FileGroup::images,
+                        FileGroup::interfaceFiles}));
   for (const char* wrong : {"", "c,", ",c", "swift", "C", "c headers", "c, headers"})
-    EXPECT_FALSE(exportKindsNamed(wrong).has_value()) << wrong;
+    EXPECT_FALSE(fileGroupsNamed(wrong, classicKinds()).has_value()) << wrong;
+}
+
+TEST(ExportSelection, AllKeysAreAListAndAPhrase) {
+  EXPECT_EQ(fileGroupKeys(classicKinds()), "c,headers,objc,images,xib");
+  EXPECT_EQ(fileGroupKeysInWords(classicKinds()), "c, headers, objc, images and xib");
 }
 
 }  // namespace

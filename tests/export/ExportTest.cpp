@@ -27,11 +27,11 @@ enum class Form { csv, pdf };
 class Export : public ::testing::TestWithParam<Form> {
  protected:
   std::optional<std::string> exportTo(const std::string& path) {
-    if (GetParam() == Form::csv) return exportCsv(*project, ExportKinds::all(), path);
+    if (GetParam() == Form::csv) return exportCsv(*project, classicKinds().allGroups(), path);
     ReportSource source;
     source.project = project;
     source.chart = std::make_shared<testing::FakeReportChart>();
-    return exportPdf(source, ExportKinds::all(), path);
+    return exportPdf(source, classicKinds().allGroups(), path);
   }
 
   [[nodiscard]] static std::string beginning() {
@@ -146,7 +146,7 @@ TEST(ReportExport, RendersTheReportTwice) {
   ReportSource source;
   source.project = testing::projectWith({record({.name = "a.c"})});
   source.chart = chart;
-  EXPECT_EQ(exportPdf(source, ExportKinds::all(), folder / "out.pdf"), std::nullopt);
+  EXPECT_EQ(exportPdf(source, classicKinds().allGroups(), folder / "out.pdf"), std::nullopt);
   EXPECT_EQ(chart->requests.size(), 2U);
   EXPECT_EQ(testing::lineAt(testing::pdfWords(folder / "out.pdf"), 1, 71), "Page 1");
 }
@@ -159,7 +159,7 @@ TEST(ReportExport, HoldsTheChosenKindsButTheChartAndTotalsShowTheProject) {
       testing::projectWith({record({.name = "b.c"}), record({.name = "A.c"}), record({.name = "a.png"})});
   source.overviewTexts = {"2", "1", "0"};
   source.chart = chart;
-  EXPECT_EQ(exportPdf(source, {.c = true}, folder / "out.pdf"), std::nullopt);
+  EXPECT_EQ(exportPdf(source, {FileGroup::c}, folder / "out.pdf"), std::nullopt);
   const auto words = testing::pdfWords(folder / "out.pdf");
   EXPECT_EQ(testing::lineAt(words, 1, 708), "A.c 0 0 0.0 KB");
   EXPECT_EQ(testing::lineAt(words, 1, 668), "b.c 0 0 0.0 KB");

@@ -10,6 +10,7 @@
 #include "export/ExportHost.h"
 #include "export/FakeReportChart.h"
 #include "helpers/FakeServices.h"
+#include "helpers/KindsWithHpp.h"
 #include "helpers/ProjectFixture.h"
 
 namespace quillmeter {
@@ -59,6 +60,28 @@ TEST_F(ExportTab, BeginsWithAPdfReportOfEverything) {
     EXPECT_TRUE(kind->isChecked()) << kind->objectName().toStdString();
   EXPECT_EQ(tab->lblTextTitle1()->text(), QStringLiteral("Export"));
   EXPECT_EQ(tab->lblTextTitle1()->property("backgroundStyle").toInt(), 2);
+}
+
+TEST_F(ExportTab, SaysBesideEachBoxWhichTypesItStandsFor) {
+  const auto types = [this](int box) {
+    return tab->findChild<QLabel*>(QStringLiteral("lblCheckbox%1Types").arg(box))->text();
+  };
+  EXPECT_EQ(types(1), QStringLiteral(".c, .cpp"));
+  EXPECT_EQ(types(2), QStringLiteral(".h, .hh, .pch"));
+  EXPECT_EQ(types(3), QStringLiteral(".m, .mm"));
+  EXPECT_EQ(types(4), QStringLiteral(".jpg, .png, .tiff, .icns"));
+  EXPECT_EQ(types(5), QStringLiteral(".xib"));
+  for (int box = 1; box <= 5; ++box) {
+    EXPECT_EQ(kinds()[static_cast<std::size_t>(box - 1)]->accessibleDescription(),
+              QStringLiteral("Files of the types ") + types(box));
+  }
+}
+
+TEST_F(ExportTab, NamesTheTypesOfAProjectWithATableOfItsOwn) {
+  host.project = testing::projectWith({}, "Fixture", testing::kindsWithHpp());
+  tab = ExportViewController::create(host, fakes.services());
+  EXPECT_EQ(tab->findChild<QLabel*>(QStringLiteral("lblCheckbox2Types"))->text(),
+            QStringLiteral(".h, .hh, .pch, .hpp"));
 }
 
 TEST_F(ExportTab, OneFormIsChosenAtAnyTime) {

@@ -39,7 +39,7 @@ PDFExporter::ReportFiles filesNamed(const std::vector<std::string>& fileNames) {
 }
 
 std::string sizeOf(std::int64_t bytes) {
-  return PDFExporter::cellValuesForFile(*record({.name = "a.c", .size = bytes}))[3];
+  return exporter().cellValuesForFile(*record({.name = "a.c", .size = bytes}))[3];
 }
 
 TEST(PDFExporter, BeginsWithItsColumnTitlesAndNoPages) {
@@ -56,14 +56,14 @@ TEST(PDFExporter, BeginsWithItsColumnTitlesAndNoPages) {
 
 TEST(PDFExporter, ReportGoesGroupByGroup) {
   const auto files = filesNamed({"a.mm", "b.m", "c.c", "i.png", "r.txt", "x.xib"});
-  EXPECT_THAT(names(PDFExporter::sortFilesArray(files)), ElementsAre("c.c", "a.mm", "b.m", "i.png", "x.xib"));
+  EXPECT_THAT(names(exporter().sortFilesArray(files)), ElementsAre("c.c", "a.mm", "b.m", "i.png", "x.xib"));
 }
 
 TEST(PDFExporter, FilesKeepTheirOrderInsideAGroup) {
   const auto files =
       filesNamed({"z.xib", "a.icns", "b.jpg", "c.tiff", "d.png", "e.pch", "f.h", "g.HH", "h.cpp", "i.c"});
   EXPECT_THAT(
-      names(PDFExporter::sortFilesArray(files)),
+      names(exporter().sortFilesArray(files)),
       ElementsAre("h.cpp", "i.c", "e.pch", "f.h", "g.HH", "a.icns", "b.jpg", "c.tiff", "d.png", "z.xib"));
 }
 
@@ -82,9 +82,9 @@ TEST(PDFExporter, FilteringGoesByTheExactExtensionAsOftenAsItIsAsked) {
 }
 
 TEST(PDFExporter, ExtensionLeadsToItsGroup) {
-  const auto group = [](std::string_view extension) {
-    return PDFExporter::getArrayRangeBasedOnExtension(extension).value_or(
-        std::span<const std::string_view>());
+  const PDFExporter made = exporter();
+  const auto group = [&made](std::string_view extension) {
+    return made.getArrayRangeBasedOnExtension(extension).value_or(std::span<const std::string_view>());
   };
   for (const std::string_view extension : {"c", "cpp"})
     EXPECT_THAT(group(extension), ElementsAre("c", "cpp"));
@@ -96,12 +96,12 @@ TEST(PDFExporter, ExtensionLeadsToItsGroup) {
     EXPECT_THAT(group(extension), ElementsAre("png", "jpg", "tiff", "icns"));
   EXPECT_THAT(group("xib"), ElementsAre("xib"));
   for (const std::string_view extension : {"", "C", "txt", " c"})
-    EXPECT_FALSE(PDFExporter::getArrayRangeBasedOnExtension(extension).has_value()) << extension;
+    EXPECT_FALSE(exporter().getArrayRangeBasedOnExtension(extension).has_value()) << extension;
 }
 
 TEST(PDFExporter, RowOfAFileShowsItsLinesUnlessItIsNoCodeOrAnMm) {
   const auto row = [](const std::string& name) {
-    return PDFExporter::cellValuesForFile(
+    return exporter().cellValuesForFile(
         *record({.name = name, .size = 2048, .lines = 12345, .linesWithoutSpaces = 9}));
   };
   for (const char* name : {"a.c", "a.cpp", "a.h", "a.hh", "a.pch", "a.m", "A.M"})
@@ -113,7 +113,7 @@ TEST(PDFExporter, RowOfAFileShowsItsLinesUnlessItIsNoCodeOrAnMm) {
 TEST(PDFExporter, AbsentCountersReadAsZero) {
   auto file = std::make_shared<FileObject>();
   file->setFileName("a.c");
-  EXPECT_THAT(PDFExporter::cellValuesForFile(*file), ElementsAre("a.c", "0", "0", "0.0 KB"));
+  EXPECT_THAT(exporter().cellValuesForFile(*file), ElementsAre("a.c", "0", "0", "0.0 KB"));
 }
 
 TEST(PDFExporter, SizesTurnToMegabytesAt1024Kilobytes) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "analysis/ParseProject.h"
+#include "files/FileSystem.h"
 #include "helpers/TemporaryFolder.h"
 #include "measuring/FileObject.h"
 
@@ -41,8 +42,9 @@ inline std::shared_ptr<FileObject> record(const RecordValues& values) {
 }
 
 /// A project that holds the given records, as if it had been read.
-inline std::shared_ptr<ParseProject> projectWith(FileList files, const std::string& title = "Fixture") {
-  auto project = std::make_shared<ParseProject>();
+inline std::shared_ptr<ParseProject> projectWith(FileList files, const std::string& title = "Fixture",
+                                                 const FileKindTable& kinds = classicKinds()) {
+  auto project = std::make_shared<ParseProject>(FileSystem::real(), kinds);
   project->setInitialPath("/project/" + title + ".xcodeproj");
   project->setProjectTitle(title);
   project->setArrayFiles(std::move(files));

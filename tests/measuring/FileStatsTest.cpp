@@ -184,7 +184,7 @@ class FlakyFileSystem final : public FileSystem {
 TEST(FileStatsOnAFlakyDisk, AreExactThroughShortAndInterruptedReads) {
   const TemporaryFolder folder;
   const FlakyFileSystem disk;
-  const auto file = fileStats(disk, folder.file("a.m", "größe\r\nint b; /* x\n*/ y"));
+  const auto file = fileStats(disk, classicKinds(), folder.file("a.m", "größe\r\nint b; /* x\n*/ y"));
   EXPECT_EQ(integerValue(file->noLinesTotal()), 4);
   EXPECT_EQ(integerValue(file->noCharactersTotal()), 5 + 11 + 4);
 }
@@ -193,21 +193,21 @@ TEST(FileStatsOnAFlakyDisk, AreZeroForAFileThatVanishesBeforeItIsOpened) {
   const TemporaryFolder folder;
   FlakyFileSystem disk;
   disk.vanishes = true;
-  expectAllCountersZero(fileStats(disk, folder.file("a.m", "int a;")));
+  expectAllCountersZero(fileStats(disk, classicKinds(), folder.file("a.m", "int a;")));
 }
 
 TEST(FileStatsOnAFlakyDisk, AreZeroWhenReadingFailsInTheMiddle) {
   const TemporaryFolder folder;
   FlakyFileSystem disk;
   disk.failsAtCall = 3;
-  expectAllCountersZero(fileStats(disk, folder.file("a.m", "int a;\nint b;\n")));
+  expectAllCountersZero(fileStats(disk, classicKinds(), folder.file("a.m", "int a;\nint b;\n")));
 }
 
 TEST(FileStatsOnAFlakyDisk, MeasureWhatIsLeftOfAFileThatIsCutWhileItIsRead) {
   const TemporaryFolder folder;
   FlakyFileSystem disk;
   disk.endsAtCall = 5;
-  const auto file = fileStats(disk, folder.file("a.m", "a\nb\nc\nd\n"));
+  const auto file = fileStats(disk, classicKinds(), folder.file("a.m", "a\nb\nc\nd\n"));
   EXPECT_EQ(integerValue(file->noLinesTotal()), 4);
 }
 

@@ -4,6 +4,8 @@
 
 #include <set>
 
+#include "measuring/FileKinds.h"
+
 namespace quillmeter {
 namespace {
 
@@ -11,7 +13,8 @@ TEST(OverviewCaptions, EveryMetricHasAKeyACaptionAndADefinitionOfItsOwn) {
   std::set<std::string_view> keys;
   std::set<std::string_view> captions;
   std::set<std::string_view> definitions;
-  for (const OverviewCaption& entry : kOverviewCaptions) {
+  const OverviewCaptions all = overviewCaptions(classicKinds());
+  for (const OverviewCaption& entry : all) {
     ASSERT_FALSE(entry.key.empty());
     ASSERT_FALSE(entry.caption.empty());
     EXPECT_EQ(entry.definition.back(), '.') << entry.key;
@@ -25,8 +28,21 @@ TEST(OverviewCaptions, EveryMetricHasAKeyACaptionAndADefinitionOfItsOwn) {
 }
 
 TEST(OverviewCaptions, LargeFigureIsDefinedAsTheSecondMetric) {
-  EXPECT_EQ(kTotalLinesCaption.key, kOverviewCaptions[1].key);
-  EXPECT_EQ(kTotalLinesCaption.definition, kOverviewCaptions[1].definition);
+  EXPECT_EQ(totalLinesCaption(classicKinds()).key, overviewCaptions(classicKinds())[1].key);
+  EXPECT_EQ(totalLinesCaption(classicKinds()).definition, overviewCaptions(classicKinds())[1].definition);
+}
+
+TEST(OverviewCaptions, DefinitionsNameTheExtensionsOfTheClassicRules) {
+  const OverviewCaptions captions = overviewCaptions(classicKinds());
+  EXPECT_EQ(
+      captions[1].definition,
+      "All lines of the code files (.c, .cpp, .h, .hh, .m, .mm, .pch), empty lines and comments included.");
+  EXPECT_EQ(
+      captions[6].definition,
+      "Files of the project that end in .c, .cpp, .h, .hh, .m, .mm or .pch, headers included. A file that "
+      "is referenced twice counts twice.");
+  EXPECT_EQ(captions[7].definition, "Files of the project that end in .jpg, .png, .tiff or .icns.");
+  EXPECT_EQ(captions[8].definition, "Files of the project that end in .xib.");
 }
 
 }  // namespace

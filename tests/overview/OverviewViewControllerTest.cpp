@@ -6,6 +6,7 @@
 #include <QPixmap>
 
 #include "controls/Theme.h"
+#include "helpers/KindsWithHpp.h"
 #include "helpers/ProjectFixture.h"
 #include "overview/FigureLabel.h"
 #include "overview/OverviewCaptions.h"
@@ -89,13 +90,23 @@ TEST(OverviewViewController, KeepsItsFiguresWhenTheApplicationReadsAnotherProjec
   EXPECT_EQ(panel->totalNumberLines(), 7U);
 }
 
+TEST(OverviewViewController, ToolTipsNameTheExtensionsOfTheProjectsOwnTable) {
+  FakeStatsHost host(
+      projectWith({record({.name = "a.hpp", .lines = 7})}, "Fixture", testing::kindsWithHpp()));
+  const auto panel = OverviewViewController::create(host);
+  EXPECT_EQ(panel->totalNumberLines(), 7U);
+  EXPECT_TRUE(panel->lblSizeMetrics(2)->toolTip().contains(u".pch, .hpp)"_s));
+  EXPECT_TRUE(panel->findChild<QLabel*>(u"lblCaptionTotal"_s)->toolTip().contains(u".pch, .hpp)"_s));
+}
+
 TEST(OverviewViewController, CaptionsAndToolTipsSayWhatTheListOfCaptionsSays) {
   FakeStatsHost host(projectWith({record({.name = "a.m", .lines = 7})}));
   const auto panel = OverviewViewController::create(host);
   EXPECT_EQ(panel->findChild<QLabel*>(u"lblCaptionTotal"_s)->text(),
-            QString::fromUtf8(kTotalLinesCaption.caption.data()));
+            QString::fromUtf8(totalLinesCaption(classicKinds()).caption.data()));
+  const OverviewCaptions captions = overviewCaptions(classicKinds());
   for (std::size_t number = 1; number <= kOverviewMetrics; ++number) {
-    const OverviewCaption& expected = kOverviewCaptions.at(number - 1);
+    const OverviewCaption& expected = captions.at(number - 1);
     const QString definition = QString::fromUtf8(expected.definition.data());
     const auto* caption = panel->findChild<QLabel*>(u"lblCaption%1"_s.arg(number));
     ASSERT_NE(caption, nullptr);

@@ -435,7 +435,7 @@ TEST_F(StatsWindow, KeepsItsProjectWhateverTheApplicationReadsMeanwhile) {
 TEST_F(StatsWindow, DetailsTicksItsGroupInTheExportTabAndGoesThere) {
   open();
   window->tapDetailsTab();
-  window->setExportKinds({true, false, true, false, true});
+  window->setExportGroups({FileGroup::c, FileGroup::objectiveC, FileGroup::interfaceFiles});
   const ExportViewController& tab = *window->exportViewController();
   EXPECT_TRUE(tab.checkbox1()->isChecked());
   EXPECT_FALSE(tab.checkbox2()->isChecked());

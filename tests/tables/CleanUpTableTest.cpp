@@ -51,7 +51,7 @@ std::vector<std::string> paths(const FileList& files) {
 }
 
 std::vector<std::string> leftovers(const ParseProject& project) {
-  return names(cleanUpTable(unreferencedFiles(project)));
+  return names(cleanUpTable(unreferencedFiles(project), project.kinds()));
 }
 
 /// The superuser reads every folder; while this lives, the process is nobody in particular.
@@ -79,7 +79,7 @@ std::unique_ptr<ParseProject> readProject(const std::string& bundle) {
 TEST(CleanUpColumns, AreFiveWithTheirWidths) {
   std::vector<std::string> identifiers;
   std::vector<int> widths;
-  const FileTable table = cleanUpTable({});
+  const FileTable table = cleanUpTable({}, classicKinds());
   for (const FileTableColumn& column : table.columns()) {
     identifiers.emplace_back(column.identifier());
     widths.push_back(column.width);

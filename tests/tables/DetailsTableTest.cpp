@@ -7,6 +7,7 @@
 #include <set>
 
 #include "helpers/ProjectFixture.h"
+#include "tables/ClassicTables.h"
 
 namespace quillmeter {
 namespace {
@@ -30,13 +31,13 @@ const FileTableColumn& find(const std::vector<FileTableColumn>& columns, std::st
 
 TEST(DetailsColumns, SourcesShowTheShortSetWhileTheBoxIsOff) {
   for (const std::uint32_t filter : {0U, 1U, 2U, 3U})
-    EXPECT_THAT(headers(detailsColumns(filter, false)),
+    EXPECT_THAT(headers(testing::classicColumns(filter, false)),
                 ElementsAre("Type", "View", "Filename", "LOC", "SLOC", "Size (KB)"));
 }
 
 TEST(DetailsColumns, SourcesShowFourMoreWhileTheBoxIsOn) {
   for (const std::uint32_t filter : {0U, 1U, 2U, 3U})
-    EXPECT_THAT(headers(detailsColumns(filter, true)),
+    EXPECT_THAT(headers(testing::classicColumns(filter, true)),
                 ElementsAre("Type", "View", "Filename", "LOC", "KLOC", "SLOC", "Lines with comments", "Words",
                             "Chars", "Size (KB)"));
 }
@@ -44,18 +45,19 @@ TEST(DetailsColumns, SourcesShowFourMoreWhileTheBoxIsOn) {
 TEST(DetailsColumns, ImagesAndInterfaceFilesIgnoreTheBox) {
   for (const std::uint32_t filter : {4U, 5U}) {
     for (const bool box : {false, true})
-      EXPECT_THAT(headers(detailsColumns(filter, box)), ElementsAre("Type", "View", "Filename", "Size (KB)"));
+      EXPECT_THAT(headers(testing::classicColumns(filter, box)),
+                  ElementsAre("Type", "View", "Filename", "Size (KB)"));
   }
 }
 
 TEST(DetailsColumns, WidthsDependOnTheSet) {
-  const auto code = detailsColumns(0, true);
+  const auto code = testing::classicColumns(0, true);
   EXPECT_EQ(find(code, "fileName").width, 150);
   EXPECT_EQ(find(code, "kloc").width, 60);
   for (const char* column : {"noLinesTotal", "noLinesWithoutSpaces", "noLinesComments", "noWords",
                              "noCharactersTotal", "fileSize"})
     EXPECT_EQ(find(code, column).width, 80) << column;
-  const auto plain = detailsColumns(4, true);
+  const auto plain = testing::classicColumns(4, true);
   EXPECT_EQ(find(plain, "fileName").width, 300);
   EXPECT_EQ(find(plain, "fileSize").width, 100);
   for (const auto& columns : {code, plain}) {
@@ -68,7 +70,7 @@ TEST(DetailsColumns, WidthsDependOnTheSet) {
 }
 
 TEST(DetailsColumns, FourHeadersExplainThemselves) {
-  const auto columns = detailsColumns(0, true);
+  const auto columns = testing::classicColumns(0, true);
   EXPECT_EQ(find(columns, "noLinesTotal").toolTip, "LOC: lines of code");
   EXPECT_EQ(find(columns, "kloc").toolTip, "KLOC: lines of code divided by 1000");
   EXPECT_EQ(find(columns, "noLinesWithoutSpaces").toolTip, "SLOC: lines of code without empty lines");
@@ -79,7 +81,7 @@ TEST(DetailsColumns, FourHeadersExplainThemselves) {
 }
 
 TEST(DetailsColumns, NamesStandAtTheLeftAndTheRestInTheMiddle) {
-  for (const FileTableColumn& column : detailsColumns(0, true))
+  for (const FileTableColumn& column : testing::classicColumns(0, true))
     EXPECT_EQ(column.isLeftAligned(), column.identifier() == "fileName") << column.identifier();
 }
 
@@ -99,14 +101,14 @@ TEST(DetailsTable, EachFilterTakesExactlyItsExtensions) {
   }
   files.push_back(record({.name = "png"}));
   files.push_back(std::make_shared<FileObject>());
-  for (std::uint32_t filter = 0; filter < kDetailsFilters; ++filter) {
+  for (std::uint32_t filter = 0; filter < extensions.size(); ++filter) {
     std::multiset<std::string> expected;
     for (const auto& file : files) {
       if (file->fileName() && extensions[filter].contains(*file->getFileExtension()))
         expected.insert(*file->fileName());
     }
     std::multiset<std::string> shown;
-    const FileTable table = detailsTable(files, filter, false);
+    const FileTable table = testing::classicTable(files, filter, false);
     for (const auto& file : table.rows())
       shown.insert(*file->fileName());
     EXPECT_EQ(shown, expected) << filter;
@@ -115,36 +117,50 @@ TEST(DetailsTable, EachFilterTakesExactlyItsExtensions) {
 
 TEST(DetailsTable, AFileReferencedTwiceIsThereTwice) {
   const auto file = record({.name = "a.c"});
-  EXPECT_EQ(detailsTable({file, file}, 1, false).rows().size(), 2U);
+  EXPECT_EQ(testing::classicTable({file, file}, 1, false).rows().size(), 2U);
 }
 
 TEST(DetailsTable, ACompiledInterfaceIsListedWithTheIconOfOtherFiles) {
-  const FileTable table = detailsTable({record({.name = "Main.nib"})}, 5, false);
+  const FileTable table = testing::classicTable({record({.name = "Main.nib"})}, 5, false);
   ASSERT_EQ(table.rows().size(), 1U);
   EXPECT_EQ(table.iconName(0), "icon_extension_other");
 }
 
 TEST(DetailsTable, AFilterBeyondTheLastIsTheFirst) {
-  EXPECT_EQ(detailsTable({record({.name = "a.c"})}, 6, false).rows().size(), 1U);
-  EXPECT_EQ(detailsTable({record({.name = "a.c"})}, 4294967295U, false).rows().size(), 1U);
+  EXPECT_EQ(testing::classicTable({record({.name = "a.c"})}, 6, false).rows().size(), 1U);
+  EXPECT_EQ(testing::classicTable({record({.name = "a.c"})}, 4294967295U, false).rows().size(), 1U);
 }
 
-TEST(DetailsExport, EachFilterHandsOverItsKinds) {
-  using Kinds = std::array<bool, 5>;
-  EXPECT_EQ(detailsExportKinds(0), (Kinds{true, true, true, false, false}));
-  EXPECT_EQ(detailsExportKinds(1), (Kinds{true, false, false, false, false}));
-  EXPECT_EQ(detailsExportKinds(2), (Kinds{false, true, false, false, false}));
-  EXPECT_EQ(detailsExportKinds(3), (Kinds{false, false, true, false, false}));
-  EXPECT_EQ(detailsExportKinds(4), (Kinds{false, false, false, true, false}));
-  EXPECT_EQ(detailsExportKinds(5), (Kinds{false, false, false, false, true}));
+TEST(DetailsFilters, EachHandsItsGroupsToTheExport) {
+  using enum FileGroup;
+  const std::vector<FileGroups> expected = {{c, headers, objectiveC}, {c}, {headers}, {objectiveC}, {images},
+                                            {interfaceFiles}};
+  std::vector<FileGroups> groups;
+  for (const DetailsFilter& filter : detailsFilters(classicKinds()))
+    groups.push_back(filter.groups);
+  EXPECT_EQ(groups, expected);
+}
+
+TEST(DetailsFilters, EachHasAName) {
+  std::vector<std::string_view> names;
+  for (const DetailsFilter& filter : detailsFilters(classicKinds()))
+    names.push_back(filter.name);
+  EXPECT_THAT(names, ElementsAre("source files", "C and C++ sources", "header files", "Objective-C sources",
+                                 "images", "interface files"));
 }
 
 TEST(DetailsEmptyText, SaysWhatIsMissing) {
-  EXPECT_EQ(detailsEmptyText(5, false),
+  const auto text = [](std::uint32_t filter, bool projectIsEmpty) {
+    return detailsEmptyText(classicKinds(), detailsFilter(classicKinds(), filter), projectIsEmpty);
+  };
+  EXPECT_EQ(text(5, false),
             "No interface files of this project were found on disk.\nThey would end in .xib or .nib.");
-  EXPECT_EQ(detailsEmptyText(4, false),
+  EXPECT_EQ(text(4, false),
             "No images of this project were found on disk.\nThey would end in .jpg, .png, .tiff or .icns.");
-  EXPECT_EQ(detailsEmptyText(4, true), "No file of this project was found on disk.");
+  EXPECT_EQ(text(0, false),
+            "No source files of this project were found on disk.\n"
+            "They would end in .c, .cpp, .h, .hh, .m, .mm or .pch.");
+  EXPECT_EQ(text(4, true), "No file of this project was found on disk.");
 }
 
 TEST(FileCountText, OneFileIsNoFiles) {

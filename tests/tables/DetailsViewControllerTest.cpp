@@ -240,15 +240,14 @@ TEST_F(DetailsViewControllerTest, FilterButtonsAreWhiteAndDarkGreyWhenOn) {
 }
 
 TEST_F(DetailsViewControllerTest, SaveTicksTheGroupAndGoesToTheExportTab) {
-  const std::vector<std::array<bool, 5>> kinds = {
-      {true, true, true, false, false},   {true, false, false, false, false},
-      {false, true, false, false, false}, {false, false, true, false, false},
-      {false, false, false, true, false}, {false, false, false, false, true}};
+  using enum FileGroup;
+  const std::vector<FileGroups> groups = {{c, headers, objectiveC}, {c}, {headers}, {objectiveC}, {images},
+                                          {interfaceFiles}};
   for (int filter = 0; filter < 6; ++filter) {
     choose(filter);
     button("btnSave").click();
-    ASSERT_EQ(host.exportKinds.size(), static_cast<std::size_t>(filter) + 1);
-    EXPECT_EQ(host.exportKinds.back(), kinds[static_cast<std::size_t>(filter)]) << filter;
+    ASSERT_EQ(host.exportGroups.size(), static_cast<std::size_t>(filter) + 1);
+    EXPECT_EQ(host.exportGroups.back(), groups[static_cast<std::size_t>(filter)]) << filter;
     EXPECT_EQ(host.exportTabTaps, filter);
     fakes.delayedCalls->advance(99ms);
     EXPECT_EQ(host.exportTabTaps, filter) << "not before a tenth of a second has passed";

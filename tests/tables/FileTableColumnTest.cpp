@@ -4,7 +4,7 @@
 
 #include <numeric>
 
-#include "tables/DetailsTable.h"
+#include "tables/ClassicTables.h"
 
 namespace quillmeter {
 namespace {
@@ -24,7 +24,7 @@ TEST(FileTableColumn, TheMinimumOf44WidensTheRevealColumn) {
 }
 
 TEST(FileTableColumn, OnlyTheRevealColumnCannotBeSorted) {
-  for (const FileTableColumn& column : detailsColumns(0, true))
+  for (const FileTableColumn& column : testing::classicColumns(0, true))
     EXPECT_EQ(column.isSortable(), column.identifier() != "finderview") << column.identifier();
 }
 
@@ -61,7 +61,7 @@ TEST(UniformWidths, NoColumnsHaveNoWidths) {
 }
 
 TEST(UniformWidths, EveryWidthFromAllMinimaUpIsFilledExactly) {
-  const auto columns = withMinimumWidths(detailsColumns(0, true));
+  const auto columns = withMinimumWidths(testing::classicColumns(0, true));
   std::vector<int> widths;
   for (const FileTableColumn& column : columns)
     widths.push_back(column.width);

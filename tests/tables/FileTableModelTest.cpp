@@ -6,8 +6,8 @@
 #include <QPersistentModelIndex>
 
 #include "helpers/ProjectFixture.h"
+#include "tables/ClassicTables.h"
 #include "tables/CleanUpTable.h"
-#include "tables/DetailsTable.h"
 
 namespace quillmeter {
 namespace {
@@ -25,7 +25,7 @@ TEST(FileTableModel, KeepsTheContractOfModelsInTheDetails) {
   FileTableModel model;
   const QAbstractItemModelTester tester(&model, FailureMode::Fatal);
   for (const std::uint32_t filter : {0U, 4U, 5U, 1U}) {
-    model.setTable(detailsTable(files(), filter, filter == 0));
+    model.setTable(testing::classicTable(files(), filter, filter == 0));
     for (int column = 0; column < model.columnCount(); ++column) {
       model.sort(column, Qt::DescendingOrder);
       model.sort(column, Qt::AscendingOrder);
@@ -39,17 +39,17 @@ TEST(FileTableModel, KeepsTheContractOfModelsInTheCleanUp) {
   FileTableModel model;
   const QAbstractItemModelTester tester(&model, FailureMode::Fatal);
   EXPECT_EQ(model.columnCount(), 0);
-  model.setTable(cleanUpTable(files()));
+  model.setTable(cleanUpTable(files(), classicKinds()));
   for (int column = 0; column < model.columnCount(); ++column)
     model.sort(column, Qt::DescendingOrder);
-  model.setTable(cleanUpTable({}));
+  model.setTable(cleanUpTable({}, classicKinds()));
   EXPECT_EQ(model.rowCount(), 0);
   EXPECT_EQ(model.columnCount(), 5);
 }
 
 TEST(FileTableModel, ASelectedFileStaysSelectedThroughASort) {
   FileTableModel model;
-  model.setTable(detailsTable(files(), 0, false));
+  model.setTable(testing::classicTable(files(), 0, false));
   const QPersistentModelIndex kept = model.index(0, 2);
   ASSERT_EQ(kept.data().toString(), QStringLiteral("a.h"));
   model.sort(3, Qt::DescendingOrder);
@@ -60,7 +60,7 @@ TEST(FileTableModel, ASelectedFileStaysSelectedThroughASort) {
 
 TEST(FileTableModel, TheRevealColumnDoesNotSort) {
   FileTableModel model;
-  model.setTable(detailsTable(files(), 0, false));
+  model.setTable(testing::classicTable(files(), 0, false));
   const FileList before = model.table().rows();
   model.sort(1, Qt::DescendingOrder);
   model.sort(-1, Qt::DescendingOrder);
@@ -70,7 +70,7 @@ TEST(FileTableModel, TheRevealColumnDoesNotSort) {
 
 TEST(FileTableModel, CellsAreNotEditableAndAlignedByColumn) {
   FileTableModel model;
-  model.setTable(detailsTable(files(), 0, false));
+  model.setTable(testing::classicTable(files(), 0, false));
   for (int column = 0; column < model.columnCount(); ++column) {
     const QModelIndex index = model.index(0, column);
     EXPECT_FALSE(model.flags(index).testFlag(Qt::ItemIsEditable));
@@ -83,7 +83,7 @@ TEST(FileTableModel, CellsAreNotEditableAndAlignedByColumn) {
 
 TEST(FileTableModel, HeadersCarryTheirToolTips) {
   FileTableModel model;
-  model.setTable(detailsTable(files(), 0, false));
+  model.setTable(testing::classicTable(files(), 0, false));
   EXPECT_EQ(model.headerData(3, Qt::Horizontal, Qt::DisplayRole).toString(), QStringLiteral("LOC"));
   EXPECT_EQ(model.headerData(3, Qt::Horizontal, Qt::ToolTipRole).toString(),
             QStringLiteral("LOC: lines of code"));
@@ -94,7 +94,7 @@ TEST(FileTableModel, HeadersCarryTheirToolTips) {
 
 TEST(FileTableModel, OnlyTheTypeColumnHasPictures) {
   FileTableModel model;
-  model.setTable(detailsTable(files(), 0, false));
+  model.setTable(testing::classicTable(files(), 0, false));
   for (int column = 0; column < model.columnCount(); ++column) {
     const auto icon = model.index(0, column).data(Qt::DecorationRole).value<QIcon>();
     EXPECT_EQ(icon.isNull(), column != 0) << column;
@@ -105,9 +105,9 @@ TEST(FileTableModel, OnlyTheTypeColumnHasPictures) {
 
 TEST(FileTableModel, ANameThatIsNotUtf8IsStillShown) {
   FileTableModel model;
-  model.setTable(detailsTable({record({.name = "a\xFF"
-                                               "b.c"})},
-                              0, false));
+  model.setTable(testing::classicTable({record({.name = "a\xFF"
+                                                        "b.c"})},
+                                       0, false));
   EXPECT_EQ(model.index(0, 2).data().toString(), QStringLiteral("a\uFFFDb.c"));
 }
 

@@ -8,9 +8,8 @@
 
 #include "helpers/ProjectFixture.h"
 #include "support/Text.h"
+#include "tables/ClassicTables.h"
 #include "tables/CleanUpTable.h"
-#include "tables/DetailsTable.h"
-#include "tables/TypeIcon.h"
 
 namespace quillmeter {
 namespace {
@@ -38,7 +37,7 @@ std::string cell(const FileTable& table, std::string_view identifier, std::size_
 }
 
 FileTable allColumns(FileList files) {
-  return detailsTable(files, 0, true, "en_US");
+  return testing::classicTable(files, 0, true, "en_US");
 }
 
 TEST(FileTable, RowsBeginInTheOrderOfTheirNamesIgnoringCase) {
@@ -142,7 +141,8 @@ TEST(FileTable, AFileOf1536BytesIsOneAndAHalfKilobytesInTheDetails) {
 }
 
 TEST(FileTable, AFileOf1500BytesIsOneAndAHalfKilobytesInTheCleanUp) {
-  EXPECT_EQ(cell(cleanUpTable({record({.name = "a.c", .size = 1500})}, "en_US"), "fileSize"), "1.5");
+  EXPECT_EQ(cell(cleanUpTable({record({.name = "a.c", .size = 1500})}, classicKinds(), "en_US"), "fileSize"),
+            "1.5");
 }
 
 TEST(FileTable, ThousandsOfLinesAreRoundedToTwoDecimals) {
@@ -160,7 +160,7 @@ TEST(FileTable, SizesAreGroupedAndCountersAreNot) {
   EXPECT_EQ(cell(table, "fileSize"), "2,000");
   EXPECT_EQ(cell(table, "noLinesTotal"), "1234567");
   EXPECT_EQ(cell(table, "kloc"), "1,234.57");
-  const FileTable german = detailsTable(table.rows(), 0, true, "de_DE");
+  const FileTable german = testing::classicTable(table.rows(), 0, true, "de_DE");
   EXPECT_EQ(cell(german, "kloc"), "1.234,57");
 }
 
@@ -190,7 +190,8 @@ TEST(FileTable, AbsentCountersReadAsZero) {
 }
 
 TEST(FileTable, ARecordWithoutANameIsAnEmptyTextAndComesFirst) {
-  FileTable table(cleanUpColumns(), {record({.name = "a.c"}), std::make_shared<FileObject>()}, 1000.0);
+  FileTable table(cleanUpColumns(), {record({.name = "a.c"}), std::make_shared<FileObject>()}, classicKinds(),
+                  1000.0);
   EXPECT_THAT(names(table), ElementsAre("(none)", "a.c"));
   EXPECT_EQ(cell(table, "fileName"), "");
   EXPECT_EQ(cell(table, "filePath"), "");
@@ -226,14 +227,14 @@ TEST(FileTable, EveryTypeHasItsIcon) {
       {"a.mm", "m"},      {"a.jpg", "image"}, {"a.png", "image"}, {"a.tiff", "image"},
       {"a.nib", "other"}, {"a.", "other"},    {"A.CPP", "cpp"},   {"a.gif", "other"}};
   for (const auto& [name, icon] : icons) {
-    const FileTable table(cleanUpColumns(), {record({.name = name})}, 1000.0);
+    const FileTable table(cleanUpColumns(), {record({.name = name})}, classicKinds(), 1000.0);
     EXPECT_EQ(table.iconName(0), "icon_extension_" + icon) << name;
   }
-  EXPECT_EQ(typeIconName("C"), "icon_extension_other") << "extensions come lower-cased and compare exactly";
+  EXPECT_EQ(classicKinds().find("C"), nullptr) << "extensions come lower-cased and compare exactly";
 }
 
 TEST(FileTable, CopiedRowsAreTabSeparatedLines) {
-  const FileTable table = detailsTable(
+  const FileTable table = testing::classicTable(
       {record({.name = "a.png", .size = 1024}), record({.name = "b.icns", .size = 2048})}, 4, true, "en_US");
   EXPECT_EQ(table.tabSeparated({0, 1}), "png\ta.png\t1\nicns\tb.icns\t2\n");
   EXPECT_EQ(table.tabSeparated({1}), "icns\tb.icns\t2\n");
@@ -241,9 +242,9 @@ TEST(FileTable, CopiedRowsAreTabSeparatedLines) {
 }
 
 TEST(FileTable, NoNameBreaksTheLinesOfACopy) {
-  const FileTable table = detailsTable({record({.name = "a\tb\r\nc\xE2\x80\xA8"
-                                                        "d\xFF.png"})},
-                                       4, true, "en_US");
+  const FileTable table = testing::classicTable({record({.name = "a\tb\r\nc\xE2\x80\xA8"
+                                                                 "d\xFF.png"})},
+                                                4, true, "en_US");
   EXPECT_EQ(table.tabSeparated({0}), "png\ta b  c d\xFF.png\t0\n");
 }
 

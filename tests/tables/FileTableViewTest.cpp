@@ -18,8 +18,8 @@
 
 #include "controls/Theme.h"
 #include "helpers/ProjectFixture.h"
+#include "tables/ClassicTables.h"
 #include "tables/CleanUpTable.h"
-#include "tables/DetailsTable.h"
 
 namespace quillmeter {
 namespace {
@@ -31,9 +31,10 @@ class FileTableViewTest : public ::testing::Test {
   FileTableViewTest() {
     view.setRevealButtonLook(RevealButtonLook::magnifier);
     view.resize(900, 400);
-    view.setTable(detailsTable({record({.name = "b.m", .size = 1024, .lines = 20}),
-                                record({.name = "A.m", .lines = 3}), record({.name = "a.h", .lines = 100})},
-                               0, false, "en_US"));
+    view.setTable(
+        testing::classicTable({record({.name = "b.m", .size = 1024, .lines = 20}),
+                               record({.name = "A.m", .lines = 3}), record({.name = "a.h", .lines = 100})},
+                              0, false, "en_US"));
     view.show();
     static_cast<void>(QTest::qWaitForWindowExposed(&view));
   }
@@ -83,12 +84,12 @@ TEST_F(FileTableViewTest, AHeaderClickSortsAscendingAndTheNextOneDescending) {
 TEST_F(FileTableViewTest, TheHeaderHasRoomForEveryWordOnALineOfItsOwn) {
   const QHeaderView* header = view.horizontalHeader();
   const int shortColumns = header->height();
-  view.setTable(detailsTable({record({.name = "b.m"})}, 0, true));
+  view.setTable(testing::classicTable({record({.name = "b.m"})}, 0, true));
   QCoreApplication::processEvents();
   QFont font = header->font();
   font.setPixelSize(kCaptionSize);
   EXPECT_GE(header->height(), 3 * QFontMetrics(font).height()) << "Lines / with / comments";
-  view.setTable(detailsTable({record({.name = "b.m"})}, 0, false));
+  view.setTable(testing::classicTable({record({.name = "b.m"})}, 0, false));
   QCoreApplication::processEvents();
   EXPECT_EQ(header->height(), shortColumns);
 }
@@ -120,7 +121,7 @@ TEST_F(FileTableViewTest, TheSortArrowHidesNoHeader) {
 
 TEST_F(FileTableViewTest, NothingCoversTheRoundCornersOfTheBorder) {
   view.setStyleSheet(styleSheetFor(themeFor(view.palette())));
-  view.setTable(detailsTable(FileList(50, record({.name = "a.c"})), 0, false));
+  view.setTable(testing::classicTable(FileList(50, record({.name = "a.c"})), 0, false));
   static_cast<void>(QTest::qWaitForWindowActive(&view));
   view.setFocus();
   ASSERT_TRUE(view.hasFocus()) << "so that the border is a dark one";
@@ -228,7 +229,8 @@ TEST_F(FileTableViewTest, TypingBeginsWithTheFirstRow) {
 }
 
 TEST_F(FileTableViewTest, TypingFindsANameWithABlank) {
-  view.setTable(detailsTable({record({.name = "Note one.m"}), record({.name = "Note two.m"})}, 0, false));
+  view.setTable(
+      testing::classicTable({record({.name = "Note one.m"}), record({.name = "Note two.m"})}, 0, false));
   QTest::keyClicks(&view, QStringLiteral("note t"));
   EXPECT_EQ(view.currentIndex().row(), 1);
   EXPECT_EQ(view.selectionModel()->selectedRows().size(), 1);
@@ -241,16 +243,16 @@ TEST_F(FileTableViewTest, AnEmptyTableOffersNothingToDo) {
                        [](const QAction* action) { return action->isEnabled(); });
   };
   EXPECT_TRUE(offersAnything());
-  view.setTable(detailsTable({}, 0, false));
+  view.setTable(testing::classicTable({}, 0, false));
   EXPECT_FALSE(offersAnything());
-  view.setTable(detailsTable({record({.name = "a.m"})}, 0, false));
+  view.setTable(testing::classicTable({record({.name = "a.m"})}, 0, false));
   EXPECT_TRUE(offersAnything());
 }
 
 TEST_F(FileTableViewTest, TypingIntoAnEmptyTableIsHarmless) {
   view.setTable(FileTable());
   QTest::keyClicks(&view, QStringLiteral("a"));
-  view.setTable(detailsTable({}, 0, false));
+  view.setTable(testing::classicTable({}, 0, false));
   QTest::keyClicks(&view, QStringLiteral("a"));
   EXPECT_FALSE(view.currentIndex().isValid());
 }
@@ -316,7 +318,7 @@ TEST_F(FileTableViewTest, TheBulletHasABorderAndTheMagnifierHasNone) {
   FileTableView cleanUp;
   cleanUp.setRevealButtonLook(RevealButtonLook::bullet);
   cleanUp.resize(view.size());
-  cleanUp.setTable(cleanUpTable({record({.name = "a.c"})}));
+  cleanUp.setTable(cleanUpTable({record({.name = "a.c"})}, classicKinds()));
   EXPECT_GT(colours(cleanUp), 1U);
 }
 
@@ -328,7 +330,7 @@ TEST_F(FileTableViewTest, ANameWithLineBreaksStandsOnOneLine) {
 
 TEST_F(FileTableViewTest, ALongNameShowsWholeInAToolTip) {
   const std::string name = std::string(1000, 'x') + "<b>.c";
-  view.setTable(detailsTable({record({.name = name})}, 0, false));
+  view.setTable(testing::classicTable({record({.name = name})}, 0, false));
   QHelpEvent event(QEvent::ToolTip, middleOf(0, 2), view.viewport()->mapToGlobal(middleOf(0, 2)));
   QApplication::sendEvent(view.viewport(), &event);
   const QString tip = QToolTip::text();
@@ -339,7 +341,7 @@ TEST_F(FileTableViewTest, ALongNameShowsWholeInAToolTip) {
 }
 
 TEST_F(FileTableViewTest, AnEmptyTableSaysWhy) {
-  view.setTable(detailsTable({}, 0, false));
+  view.setTable(testing::classicTable({}, 0, false));
   const QImage without = view.viewport()->grab().toImage();
   view.setEmptyText(QStringLiteral("This project has no source files."));
   const QImage with = view.viewport()->grab().toImage();

@@ -42,9 +42,9 @@ class Host final : public DetailsHost {
  public:
   explicit Host(std::shared_ptr<const ParseProject> project) : project_(std::move(project)) {}
   [[nodiscard]] std::shared_ptr<const MeasuredProject> parserProject() const override { return project_; }
-  void setExportKinds(const std::array<bool, 5>& kinds) override {
-    for (const bool kind : kinds)
-      std::fputs(kind ? "[x] " : "[ ] ", stdout);
+  void setExportGroups(const FileGroups& groups) override {
+    for (const FileGroupEntry& entry : classicKinds().groups())
+      std::fputs(groups.contains(entry.group) ? "[x] " : "[ ] ", stdout);
     std::puts("");
   }
   void tapExportTab() override { std::puts("Export tab"); }

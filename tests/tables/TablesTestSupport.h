@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QWidget>
-#include <array>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -16,10 +15,10 @@ class TablesHost final : public DetailsHost {
  public:
   explicit TablesHost(std::shared_ptr<const MeasuredProject> project) : project_(std::move(project)) {}
   [[nodiscard]] std::shared_ptr<const MeasuredProject> parserProject() const override { return project_; }
-  void setExportKinds(const std::array<bool, 5>& kinds) override { exportKinds.push_back(kinds); }
+  void setExportGroups(const FileGroups& groups) override { exportGroups.push_back(groups); }
   void tapExportTab() override { ++exportTabTaps; }
 
-  std::vector<std::array<bool, 5>> exportKinds;
+  std::vector<FileGroups> exportGroups;
   int exportTabTaps = 0;
 
  private:
