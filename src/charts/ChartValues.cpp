@@ -25,12 +25,6 @@ bool isOfKind(std::int32_t graphType, const MeasuredProject& project, const File
   }
 }
 
-std::int64_t saturatedSum(std::int64_t left, std::int64_t right) {
-  std::int64_t sum = 0;
-  if (!__builtin_add_overflow(left, right, &sum)) return sum;
-  return right < 0 ? std::numeric_limits<std::int64_t>::min() : std::numeric_limits<std::int64_t>::max();
-}
-
 /// A file with its measure at hand, so that sorting does not go back to the records for every comparison.
 struct Ranked {
   Number measure;

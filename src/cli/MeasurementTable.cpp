@@ -41,17 +41,21 @@ struct KindSums {
   std::int64_t size = 0;
 };
 
+void add(std::int64_t& sum, const std::optional<Number>& number) {
+  sum = wrappingSum(sum, integerValue(number));
+}
+
 KindSums sumsOf(const MeasuredProject& project, FileKind kind) {
   KindSums sums;
   for (const auto& file : project.files()) {
     if (project.kinds().kind(*file) != kind) continue;
     ++sums.files;
-    sums.lines += integerValue(file->noLinesTotal());
-    sums.nonEmptyLines += integerValue(file->noLinesWithoutSpaces());
-    sums.commentLines += integerValue(file->noLinesComments());
-    sums.words += integerValue(file->noWords());
-    sums.characters += integerValue(file->noCharactersTotal());
-    sums.size += integerValue(file->fileSize());
+    add(sums.lines, file->noLinesTotal());
+    add(sums.nonEmptyLines, file->noLinesWithoutSpaces());
+    add(sums.commentLines, file->noLinesComments());
+    add(sums.words, file->noWords());
+    add(sums.characters, file->noCharactersTotal());
+    add(sums.size, file->fileSize());
   }
   return sums;
 }

@@ -20,11 +20,6 @@ std::string sizeText(std::int64_t bytes) {
   return kilobytes >= 1024.0 ? fixed(kilobytes * kOneOver1024, 1) + " MB" : fixed(kilobytes, 1) + " KB";
 }
 
-/// A sum that wraps around instead of overflowing: sizes may be any number.
-std::int64_t sum(std::int64_t left, std::int64_t right) {
-  return static_cast<std::int64_t>(static_cast<std::uint64_t>(left) + static_cast<std::uint64_t>(right));
-}
-
 }  // namespace
 
 std::unique_ptr<PDFExporter> PDFExporter::create(ReportSource source) {
@@ -66,10 +61,10 @@ PDFExporter::GroupSums PDFExporter::sumsOf(ReportFiles const& files,
   GroupSums sums;
   for (const auto& file : files) {
     if (!isOneOf(pathExtension(file->fileName().value_or("")), group)) continue;
-    sums.lines = sum(sums.lines, integerValue(file->noLinesTotal()));
+    sums.lines = wrappingSum(sums.lines, integerValue(file->noLinesTotal()));
     sums.linesWithoutSpaces =
-        sum(sums.linesWithoutSpaces, integerValue(file->noLinesWithoutSpaces()));
-    sums.size = sum(sums.size, integerValue(file->fileSize()));
+        wrappingSum(sums.linesWithoutSpaces, integerValue(file->noLinesWithoutSpaces()));
+    sums.size = wrappingSum(sums.size, integerValue(file->fileSize()));
   }
   return sums;
 }

@@ -9,9 +9,9 @@ namespace {
 
 constexpr std::int64_t kUnit = 1024;
 
-/// Counters are signed in the records; adding them as unsigned values keeps an absurd total defined.
-std::uint64_t wrapping(const std::optional<Number>& number) {
-  return static_cast<std::uint64_t>(integerValue(number));
+/// Counters are signed in the records and a total of lines is not; both wrap at 2^64.
+void addTo(std::uint64_t& total, const std::optional<Number>& number) {
+  total = static_cast<std::uint64_t>(wrappingSum(static_cast<std::int64_t>(total), integerValue(number)));
 }
 
 std::uint64_t share(std::uint64_t lines, std::size_t files) {
@@ -30,15 +30,13 @@ std::uint64_t OverviewFigures::averageCommentLines() const {
 
 OverviewFigures overviewFigures(const MeasuredProject& project) {
   OverviewFigures figures;
-  std::uint64_t size = 0;
   for (const auto& file : project.files()) {
-    size += wrapping(file->fileSize());
+    figures.size = wrappingSum(figures.size, integerValue(file->fileSize()));
     if (!project.isSourceFileType(*file)) continue;
-    figures.totalNumberLines += wrapping(file->noLinesTotal());
-    figures.nonEmptyLines += wrapping(file->noLinesWithoutSpaces());
-    figures.totalNumberLinesWithComments += wrapping(file->noLinesComments());
+    addTo(figures.totalNumberLines, file->noLinesTotal());
+    addTo(figures.nonEmptyLines, file->noLinesWithoutSpaces());
+    addTo(figures.totalNumberLinesWithComments, file->noLinesComments());
   }
-  figures.size = static_cast<std::int64_t>(size);
   figures.totalNumberLinesWithSpaces = figures.totalNumberLines - figures.nonEmptyLines;
   figures.codeFiles = project.getNumberCodeFiles();
   figures.imageFiles = project.getNumberImageFiles();

@@ -19,6 +19,13 @@ Integer clampedTo(double value) {
 
 }  // namespace
 
+std::int64_t saturatedSum(std::int64_t left, std::int64_t right) {
+  constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min();
+  constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
+  if (right < 0) return left < least - right ? least : left + right;
+  return left > most - right ? most : left + right;
+}
+
 std::int64_t clampedToInt64(double value) {
   return clampedTo<std::int64_t>(value);
 }

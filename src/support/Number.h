@@ -34,6 +34,16 @@ class Number {
   std::variant<std::int64_t, std::uint64_t, double> value_ = std::int64_t{0};
 };
 
+/// `left + right`, which wraps around as two's complement where it does not fit. Sums of counters and sizes
+/// go this way everywhere, so that one project has one total whichever page shows it.
+[[nodiscard]] constexpr std::int64_t wrappingSum(std::int64_t left, std::int64_t right) {
+  return static_cast<std::int64_t>(static_cast<std::uint64_t>(left) + static_cast<std::uint64_t>(right));
+}
+
+/// `left + right`, kept at the end of the range where it does not fit: for a mean, which must not leave the
+/// range of what it is the mean of.
+[[nodiscard]] std::int64_t saturatedSum(std::int64_t left, std::int64_t right);
+
 /// `value` truncated toward zero and clamped to the range of int64_t; 0 for a not-a-number.
 [[nodiscard]] std::int64_t clampedToInt64(double value);
 /// `value` truncated toward zero and clamped to the range of int32_t; 0 for a not-a-number.

@@ -40,5 +40,34 @@ TEST(Number, OrdersANotANumberFirst) {
   EXPECT_TRUE(Number(kNaN).compare(Number(kNaN)) == 0);
 }
 
+constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
+constexpr std::int64_t kLeast = std::numeric_limits<std::int64_t>::min();
+
+TEST(Sums, AreExactWithinTheRange) {
+  for (const auto& sum : {wrappingSum, +[](std::int64_t a, std::int64_t b) { return saturatedSum(a, b); }}) {
+    EXPECT_EQ(sum(2, 3), 5);
+    EXPECT_EQ(sum(-2, 3), 1);
+    EXPECT_EQ(sum(kMost, 0), kMost);
+    EXPECT_EQ(sum(kMost - 1, 1), kMost);
+    EXPECT_EQ(sum(kLeast, 0), kLeast);
+    EXPECT_EQ(sum(kLeast, kMost), -1);
+    EXPECT_EQ(sum(kMost, kLeast), -1);
+  }
+}
+
+TEST(Sums, WrapAroundBeyondTheRange) {
+  EXPECT_EQ(wrappingSum(kMost, 1), kLeast);
+  EXPECT_EQ(wrappingSum(kMost, kMost), -2);
+  EXPECT_EQ(wrappingSum(kLeast, -1), kMost);
+}
+
+TEST(Sums, StayAtTheEndOfTheRange) {
+  EXPECT_EQ(saturatedSum(kMost, 1), kMost);
+  EXPECT_EQ(saturatedSum(1, kMost), kMost);
+  EXPECT_EQ(saturatedSum(kLeast, -1), kLeast);
+  EXPECT_EQ(saturatedSum(-1, kLeast), kLeast);
+  EXPECT_EQ(saturatedSum(kLeast, kLeast), kLeast);
+}
+
 }  // namespace
 }  // namespace quillmeter
