@@ -34,7 +34,7 @@ BENCHMARK(rebuildDetails)->Unit(benchmark::kMillisecond);
 void sortDetails(benchmark::State& state) {
   FileTable table = allSources(bench::sourceRecords(kRows));
   const auto column = static_cast<std::size_t>(state.range(0));
-  state.SetLabel(std::string(table.columns()[column].identifier()));
+  state.SetLabel(std::string(table.columns()[column].identifier));
   bool ascending = true;
   for (auto step : state) {
     benchmark::DoNotOptimize(table.sort(column, ascending));

@@ -42,9 +42,9 @@ void writeTable(const FileTable& table, Output& output) {
     output.write(std::string(kCleanProjectText) + "\n");
     return;
   }
-  constexpr std::size_t pathColumn = 3;
-  constexpr std::size_t sizeColumn = 4;
-  const std::string_view sizeHeader = table.columns()[sizeColumn].header();
+  const std::size_t pathColumn = table.columnOf("filePath").value();
+  const std::size_t sizeColumn = table.columnOf("fileSize").value();
+  const std::string_view sizeHeader = table.columns()[sizeColumn].header;
   std::size_t width = sizeHeader.size();
   for (std::size_t row = 0; row < table.rows().size(); ++row)
     width = std::max(width, utf16Length(table.cellText(row, sizeColumn)));
@@ -55,7 +55,7 @@ void writeTable(const FileTable& table, Output& output) {
     output.write(path);
     output.write("\n");
   };
-  writeRow(sizeHeader, table.columns()[pathColumn].header());
+  writeRow(sizeHeader, table.columns()[pathColumn].header);
   for (std::size_t row = 0; row < table.rows().size(); ++row)
     writeRow(table.cellText(row, sizeColumn), onOneLine(table.cellText(row, pathColumn)));
 }

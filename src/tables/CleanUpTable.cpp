@@ -1,5 +1,7 @@
 #include "tables/CleanUpTable.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "analysis/MeasuredProject.h"
@@ -11,11 +13,12 @@ FileList unreferencedFiles(const MeasuredProject& project) {
 }
 
 std::vector<FileTableColumn> cleanUpColumns() {
-  return {typeColumn(),
-          revealColumn(),
-          {.field = FileTableField::fileName, .width = 300},
-          {.field = FileTableField::filePath, .width = 300},
-          {.field = FileTableField::fileSize, .width = 100}};
+  std::vector<FileTableColumn> columns;
+  std::copy_if(fileTableColumns().begin(), fileTableColumns().end(), std::back_inserter(columns),
+               [](const FileTableColumn& column) {
+                 return column.place == ColumnPlace::everywhere || column.place == ColumnPlace::cleanUp;
+               });
+  return columns;
 }
 
 FileTable cleanUpTable(FileList unreferenced, const FileKindTable& kinds, const std::string& locale) {

@@ -22,27 +22,16 @@ DetailsFilter detailsFilter(const FileKindTable& kinds, std::uint32_t number) {
 }
 
 std::vector<FileTableColumn> detailsColumns(const DetailsFilter& filter, bool showsExtraColumns) {
-  using enum FileTableField;
-  std::vector<FileTableColumn> columns = {typeColumn(), revealColumn()};
-  if (!filter.showsCounters) {
-    columns.push_back({.field = fileName, .width = 300});
-    columns.push_back({.field = fileSize, .width = 100});
-    return columns;
+  std::vector<FileTableColumn> columns;
+  for (FileTableColumn column : fileTableColumns()) {
+    const bool isShown = column.place == ColumnPlace::everywhere ||
+                         (filter.showsCounters &&
+                          (column.place == ColumnPlace::detailsOfCode ||
+                           (column.place == ColumnPlace::detailsOfCodeOnRequest && showsExtraColumns)));
+    if (!isShown) continue;
+    if (filter.showsCounters) column.width = column.widthBesideCounters.value_or(column.width);
+    columns.push_back(column);
   }
-  columns.push_back({.field = fileName, .width = 150});
-  columns.push_back({.field = noLinesTotal, .width = 80, .toolTip = "LOC: lines of code"});
-  if (showsExtraColumns) {
-    columns.push_back({.field = kloc, .width = 60, .toolTip = "KLOC: lines of code divided by 1000"});
-  }
-  columns.push_back(
-      {.field = noLinesWithoutSpaces, .width = 80, .toolTip = "SLOC: lines of code without empty lines"});
-  if (showsExtraColumns) {
-    columns.push_back({.field = noLinesComments, .width = 80});
-    columns.push_back({.field = noWords, .width = 80});
-    columns.push_back(
-        {.field = noCharactersTotal, .width = 80, .toolTip = "Total number of characters including spaces"});
-  }
-  columns.push_back({.field = fileSize, .width = 80});
   return columns;
 }
 

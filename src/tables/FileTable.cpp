@@ -13,24 +13,8 @@ std::string_view textOf(const std::optional<std::string>& text) {
   return text ? std::string_view(*text) : std::string_view();
 }
 
-Number numberOf(const FileObject& file, FileTableField field) {
-  const auto orZero = [](const std::optional<Number>& number) { return number.value_or(Number(0)); };
-  switch (field) {
-    case FileTableField::noLinesTotal:
-      return orZero(file.noLinesTotal());
-    case FileTableField::noLinesWithoutSpaces:
-      return orZero(file.noLinesWithoutSpaces());
-    case FileTableField::noLinesComments:
-      return orZero(file.noLinesComments());
-    case FileTableField::noWords:
-      return orZero(file.noWords());
-    case FileTableField::noCharactersTotal:
-      return orZero(file.noCharactersTotal());
-    case FileTableField::kloc:
-      return Number(file.kloc());
-    default:
-      return orZero(file.fileSize());
-  }
+std::string extensionOf(const FileObject& file) {
+  return file.getFileExtension().value_or(std::string());
 }
 
 /// The permutation that sorts `keys`, which are computed once a row: equal keys keep their order.
@@ -82,43 +66,44 @@ FileTable::FileTable(std::vector<FileTableColumn> columns, FileList files, const
   arrange(rows_, sortedOrder(keys, std::less<>()));
 }
 
+std::optional<std::size_t> FileTable::columnOf(std::string_view identifier) const {
+  const auto found = std::find_if(columns_.begin(), columns_.end(), [identifier](const auto& column) {
+    return column.identifier == identifier;
+  });
+  if (found == columns_.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - columns_.begin());
+}
+
 std::vector<std::size_t> FileTable::sort(std::size_t column, bool ascending) {
-  const FileTableField field = columns_[column].field;
+  const ColumnCells& cells = columns_[column].cells;
   std::vector<std::size_t> order;
-  if (field == FileTableField::getFileExtension) {
-    const auto keys = keysOf<std::string>(
-        rows_, [](const FileObject& file) { return file.getFileExtension().value_or(std::string()); });
-    order = sortedOrder(keys, ascending, compareCodeUnits);
-  } else if (field == FileTableField::fileName || field == FileTableField::filePath) {
-    const auto keys = keysOf<std::string_view>(rows_, [&](const FileObject& file) {
-      return textOf(field == FileTableField::fileName ? file.fileName() : file.filePath());
-    });
-    order = sortedOrder(keys, ascending, compareCodeUnits);
+  if (const auto* texts = std::get_if<TextCells>(&cells)) {
+    order = sortedOrder(keysOf<std::string_view>(rows_, texts->text), ascending, compareCodeUnits);
+  } else if (const auto* numbers = std::get_if<NumberCells>(&cells)) {
+    order = sortedOrder(keysOf<Number>(rows_, numbers->number), ascending,
+                        [](const Number& a, const Number& b) { return a.compare(b); });
   } else {
-    const auto keys = keysOf<Number>(rows_, [&](const FileObject& file) { return numberOf(file, field); });
-    order = sortedOrder(keys, ascending, [](const Number& a, const Number& b) { return a.compare(b); });
+    order = sortedOrder(keysOf<std::string>(rows_, extensionOf), ascending, compareCodeUnits);
   }
   arrange(rows_, order);
   return order;
 }
 
 std::string FileTable::cellText(std::size_t row, std::size_t column) const {
-  const FileObject& file = *rows_[row];
-  switch (const FileTableField field = columns_[column].field) {
-    case FileTableField::getFileExtension:
-    case FileTableField::finderview:
-      return {};
-    case FileTableField::fileName:
-      return std::string(textOf(file.fileName()));
-    case FileTableField::filePath:
-      return std::string(textOf(file.filePath()));
-    case FileTableField::kloc:
-      return formatter_->format(file.kloc());
-    case FileTableField::fileSize:
-      return formatter_->format(doubleValue(file.fileSize()) / bytesInSizeUnit_);
-    default:
-      return numberOf(file, field).stringValue();
+  const ColumnCells& cells = columns_[column].cells;
+  if (const auto* texts = std::get_if<TextCells>(&cells)) return std::string(texts->text(*rows_[row]));
+  const auto* numbers = std::get_if<NumberCells>(&cells);
+  if (numbers == nullptr) return {};
+  const Number number = numbers->number(*rows_[row]);
+  switch (numbers->format) {
+    case NumberCells::Format::plain:
+      break;
+    case NumberCells::Format::decimals:
+      return formatter_->format(number.doubleValue());
+    case NumberCells::Format::size:
+      return formatter_->format(number.doubleValue() / bytesInSizeUnit_);
   }
+  return number.stringValue();
 }
 
 std::string_view FileTable::iconName(std::size_t row) const {
@@ -131,12 +116,9 @@ std::string FileTable::tabSeparated(const std::vector<std::size_t>& rows) const 
   for (const std::size_t row : rows) {
     bool isFirst = true;
     for (std::size_t column = 0; column < columns_.size(); ++column) {
-      const FileTableField field = columns_[column].field;
-      if (field == FileTableField::finderview) continue;
+      if (columns_[column].showsButton()) continue;
       if (!std::exchange(isFirst, false)) result += '\t';
-      result += onOneLine(field == FileTableField::getFileExtension
-                              ? rows_[row]->getFileExtension().value_or(std::string())
-                              : cellText(row, column));
+      result += onOneLine(columns_[column].showsPicture() ? extensionOf(*rows_[row]) : cellText(row, column));
     }
     result += '\n';
   }

@@ -31,6 +31,8 @@ class FileTable {
 
   [[nodiscard]] const std::vector<FileTableColumn>& columns() const { return columns_; }
   [[nodiscard]] const FileList& rows() const { return rows_; }
+  /// Where the column of an identifier is; absent when the table does not have it.
+  [[nodiscard]] std::optional<std::size_t> columnOf(std::string_view identifier) const;
 
   /// Puts the rows in the order of one column: texts by UTF-16 code units, so capitals before small letters,
   /// numbers as numbers. Rows that are equal in it keep their order, whichever the direction. Gives, for each

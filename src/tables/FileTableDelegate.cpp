@@ -21,10 +21,10 @@ namespace {
 /// Where a line of a tool tip ends at the latest.
 constexpr qsizetype kToolTipLine = 100;
 
-FileTableField fieldOf(const QModelIndex& index) {
+const FileTableColumn& columnOf(const QModelIndex& index) {
   const auto* model = qobject_cast<const FileTableModel*>(index.model());
   Q_ASSERT(model != nullptr);
-  return model->table().columns()[static_cast<std::size_t>(index.column())].field;
+  return model->table().columns()[static_cast<std::size_t>(index.column())];
 }
 
 /// A picture in the middle of a cell, made smaller in proportion where it does not fit and never larger.
@@ -43,15 +43,15 @@ FileTableDelegate::FileTableDelegate(RevealButtonLook look, QObject* parent)
 
 void FileTableDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const {
-  const FileTableField field = fieldOf(index);
-  if (field != FileTableField::getFileExtension && field != FileTableField::finderview) {
+  const FileTableColumn& column = columnOf(index);
+  if (column.showsText()) {
     QStyledItemDelegate::paint(painter, option, index);
     return;
   }
   QStyleOptionViewItem cell = option;
   cell.index = index;
   option.widget->style()->drawControl(QStyle::CE_ItemViewItem, &cell, painter, option.widget);
-  if (field == FileTableField::getFileExtension) {
+  if (column.showsPicture()) {
     constexpr QSize natural(20, 20);
     paintPicture(painter, option.rect, index.data(Qt::DecorationRole).value<QIcon>(), natural);
   } else if (look_ == RevealButtonLook::magnifier) {
@@ -89,7 +89,7 @@ QString FileTableDelegate::displayText(const QVariant& value, const QLocale& /*l
 
 bool FileTableDelegate::editorEvent(QEvent* event, QAbstractItemModel* /*model*/,
                                     const QStyleOptionViewItem& /*option*/, const QModelIndex& index) {
-  if (fieldOf(index) != FileTableField::finderview) {
+  if (!columnOf(index).showsButton()) {
     pressed_ = QModelIndex();
     return false;
   }
@@ -114,7 +114,7 @@ bool FileTableDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
     return QStyledItemDelegate::helpEvent(event, view, option, index);
   }
   QString tip;
-  if (fieldOf(index) == FileTableField::finderview) {
+  if (columnOf(index).showsButton()) {
     tip = index.data(Qt::AccessibleTextRole).toString();
   } else {
     const QString text = displayText(index.data(), option.locale);

@@ -39,14 +39,14 @@ QVariant FileTableModel::data(const QModelIndex& index, int role) const {
       if (!shown.showsText()) return {};
       return tableText(table_.cellText(row, static_cast<std::size_t>(index.column())));
     case Qt::DecorationRole:
-      if (shown.field != FileTableField::getFileExtension) return {};
+      if (!shown.showsPicture()) return {};
       return icon(tableText(table_.iconName(row)));
     case Qt::TextAlignmentRole:
       return QVariant::fromValue((shown.isLeftAligned() ? Qt::AlignLeft : Qt::AlignHCenter) |
                                  Qt::AlignVCenter);
     case Qt::AccessibleTextRole:
-      if (shown.field == FileTableField::finderview) return tr("Show in file browser");
-      if (shown.field != FileTableField::getFileExtension) return {};
+      if (shown.showsButton()) return tr("Show in file browser");
+      if (!shown.showsPicture()) return {};
       return tableText(table_.rows()[row]->getFileExtension().value_or(std::string()));
     default:
       return {};
@@ -57,7 +57,7 @@ QVariant FileTableModel::headerData(int section, Qt::Orientation orientation, in
   if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
   switch (role) {
     case Qt::DisplayRole:
-      return tableText(column(section).header());
+      return tableText(column(section).header);
     case Qt::ToolTipRole:
       return column(section).toolTip.empty() ? QVariant() : QVariant(tableText(column(section).toolTip));
     case Qt::TextAlignmentRole:

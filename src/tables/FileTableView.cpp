@@ -109,7 +109,7 @@ void FileTableView::addActions() {
 void FileTableView::fitHeader() {
   qsizetype lines = 2;
   for (const FileTableColumn& column : table().columns())
-    lines = std::max(lines, tableText(column.header()).count(QLatin1Char(' ')) + 1);
+    lines = std::max(lines, tableText(column.header).count(QLatin1Char(' ')) + 1);
   QFont font = horizontalHeader()->font();
   font.setPixelSize(kCaptionSize);
   horizontalHeader()->setMinimumHeight(static_cast<int>(lines) * QFontMetrics(font).height() + kPadding);
@@ -170,14 +170,12 @@ void FileTableView::fitColumns() {
 }
 
 void FileTableView::keyboardSearch(const QString& search) {
-  const auto& columns = table().columns();
-  const auto name = std::find_if(columns.begin(), columns.end(),
-                                 [](const auto& column) { return column.field == FileTableField::fileName; });
-  if (name == columns.end() || model_->rowCount() == 0) return;
+  const auto name = table().columnOf("fileName");
+  if (!name || model_->rowCount() == 0) return;
   // The search goes through the column of the current cell and begins behind it, so that without a current
   // row the last one makes it begin with the first.
   const int row = currentIndex().isValid() ? currentIndex().row() : model_->rowCount() - 1;
-  const auto cell = model_->index(row, static_cast<int>(name - columns.begin()));
+  const auto cell = model_->index(row, static_cast<int>(*name));
   if (currentIndex() != cell) selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
   QTableView::keyboardSearch(search);
 }

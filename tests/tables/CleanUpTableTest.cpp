@@ -81,7 +81,7 @@ TEST(CleanUpColumns, AreFiveWithTheirWidths) {
   std::vector<int> widths;
   const FileTable table = cleanUpTable({}, classicKinds());
   for (const FileTableColumn& column : table.columns()) {
-    identifiers.emplace_back(column.identifier());
+    identifiers.emplace_back(column.identifier);
     widths.push_back(column.width);
     EXPECT_TRUE(column.toolTip.empty());
     EXPECT_EQ(column.minimumWidth, 44);

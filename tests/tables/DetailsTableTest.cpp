@@ -18,13 +18,13 @@ using testing::record;
 std::vector<std::string> headers(const std::vector<FileTableColumn>& columns) {
   std::vector<std::string> result;
   for (const FileTableColumn& column : columns)
-    result.emplace_back(column.header());
+    result.emplace_back(column.header);
   return result;
 }
 
 const FileTableColumn& find(const std::vector<FileTableColumn>& columns, std::string_view identifier) {
   const auto found = std::find_if(columns.begin(), columns.end(),
-                                  [&](const auto& column) { return column.identifier() == identifier; });
+                                  [&](const auto& column) { return column.identifier == identifier; });
   EXPECT_NE(found, columns.end()) << identifier;
   return *found;
 }
@@ -82,7 +82,7 @@ TEST(DetailsColumns, FourHeadersExplainThemselves) {
 
 TEST(DetailsColumns, NamesStandAtTheLeftAndTheRestInTheMiddle) {
   for (const FileTableColumn& column : testing::classicColumns(0, true))
-    EXPECT_EQ(column.isLeftAligned(), column.identifier() == "fileName") << column.identifier();
+    EXPECT_EQ(column.isLeftAligned(), column.identifier == "fileName") << column.identifier;
 }
 
 TEST(DetailsTable, EachFilterTakesExactlyItsExtensions) {

@@ -2,30 +2,59 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <numeric>
+#include <set>
 
 #include "tables/ClassicTables.h"
+#include "tables/CleanUpTable.h"
 
 namespace quillmeter {
 namespace {
 
+FileTableColumn columnCalled(std::string_view identifier) {
+  const auto& all = fileTableColumns();
+  return *std::find_if(all.begin(), all.end(),
+                       [&](const FileTableColumn& column) { return column.identifier == identifier; });
+}
+
+FileTableColumn typeColumn() {
+  return columnCalled("getFileExtension");
+}
+FileTableColumn revealColumn() {
+  return columnCalled("finderview");
+}
+
 std::vector<FileTableColumn> flexible(std::size_t count) {
-  return std::vector<FileTableColumn>(count, {.field = FileTableField::noWords, .width = 80});
+  return std::vector<FileTableColumn>(count, columnCalled("noWords"));
 }
 
 TEST(FileTableColumn, TheMinimumOf44WidensTheRevealColumn) {
   EXPECT_EQ(revealColumn().width, 40);
   const auto columns = withMinimumWidths({typeColumn(), revealColumn()});
   for (const FileTableColumn& column : columns) {
-    EXPECT_EQ(column.width, 44) << column.identifier();
-    EXPECT_EQ(column.minimumWidth, 44) << column.identifier();
-    EXPECT_EQ(column.maximumWidth, 60) << column.identifier();
+    EXPECT_EQ(column.width, 44) << column.identifier;
+    EXPECT_EQ(column.minimumWidth, 44) << column.identifier;
+    EXPECT_EQ(column.maximumWidth, 60) << column.identifier;
   }
 }
 
 TEST(FileTableColumn, OnlyTheRevealColumnCannotBeSorted) {
   for (const FileTableColumn& column : testing::classicColumns(0, true))
-    EXPECT_EQ(column.isSortable(), column.identifier() != "finderview") << column.identifier();
+    EXPECT_EQ(column.isSortable(), column.identifier != "finderview") << column.identifier;
+}
+
+TEST(FileTableColumn, EveryOneIsShownSomewhereUnderItsOwnName) {
+  std::set<std::string_view> shown;
+  for (const auto& columns : {testing::classicColumns(0, true), cleanUpColumns()}) {
+    for (const FileTableColumn& column : columns)
+      shown.insert(column.identifier);
+  }
+  EXPECT_EQ(shown.size(), fileTableColumns().size());
+  for (const FileTableColumn& column : fileTableColumns()) {
+    EXPECT_TRUE(shown.contains(column.identifier)) << column.identifier;
+    EXPECT_FALSE(column.header.empty()) << column.identifier;
+  }
 }
 
 TEST(UniformWidths, EveryColumnGetsTheSameShareOfTheRoom) {

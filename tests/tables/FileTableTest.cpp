@@ -26,7 +26,7 @@ std::vector<std::string> names(const FileTable& table) {
 
 std::size_t columnOf(const FileTable& table, std::string_view identifier) {
   for (std::size_t i = 0; i < table.columns().size(); ++i) {
-    if (table.columns()[i].identifier() == identifier) return i;
+    if (table.columns()[i].identifier == identifier) return i;
   }
   ADD_FAILURE() << "no column " << identifier;
   return 0;
@@ -123,11 +123,11 @@ TEST(FileTable, EverySortIsStableAndRight) {
       const FileList before = table.rows();
       FileList expected = before;
       std::stable_sort(expected.begin(), expected.end(), [&](const auto& a, const auto& b) {
-        const long order = compare(table.columns()[column].identifier(), *a, *b);
+        const long order = compare(table.columns()[column].identifier, *a, *b);
         return ascending ? order < 0 : order > 0;
       });
       const auto oldRows = table.sort(column, ascending);
-      ASSERT_EQ(table.rows(), expected) << table.columns()[column].identifier() << ascending;
+      ASSERT_EQ(table.rows(), expected) << table.columns()[column].identifier << ascending;
       for (std::size_t row = 0; row < oldRows.size(); ++row)
         ASSERT_EQ(table.rows()[row], before[oldRows[row]]);
       ++sorted;
@@ -181,8 +181,8 @@ TEST(FileTable, AbsentCountersReadAsZero) {
   bare->setFileName("bare.c");
   FileTable table = allColumns({record({.name = "a.c", .size = 1, .lines = 1}), bare});
   for (const FileTableColumn& column : table.columns()) {
-    if (column.showsText() && column.identifier() != "fileName") {
-      EXPECT_EQ(cell(table, column.identifier(), 1), "0") << column.identifier();
+    if (column.showsText() && column.identifier != "fileName") {
+      EXPECT_EQ(cell(table, column.identifier, 1), "0") << column.identifier;
     }
   }
   table.sort(columnOf(table, "noLinesTotal"), true);
@@ -246,6 +246,31 @@ TEST(FileTable, NoNameBreaksTheLinesOfACopy) {
                                                                  "d\xFF.png"})},
                                                 4, true, "en_US");
   EXPECT_EQ(table.tabSeparated({0}), "png\ta b  c d\xFF.png\t0\n");
+}
+
+TEST(FileTable, AColumnOfItsOwnIsShownSortedAndCopied) {
+  auto columns = cleanUpColumns();
+  columns.push_back({.identifier = "emptyLines",
+                     .header = "Empty",
+                     .place = ColumnPlace::cleanUp,
+                     .cells = NumberCells{[](const FileObject& file) {
+                       return Number(integerValue(file.noLinesTotal()) -
+                                     integerValue(file.noLinesWithoutSpaces()));
+                     }},
+                     .width = 80});
+  FileTable table(columns,
+                  {record({.name = "a.c", .lines = 12, .linesWithoutSpaces = 2}),
+                   record({.name = "b.c", .lines = 9, .linesWithoutSpaces = 8})},
+                  classicKinds(), 1000.0);
+  EXPECT_EQ(cell(table, "emptyLines", 0), "10");
+  table.sort(columnOf(table, "emptyLines"), true);
+  EXPECT_THAT(names(table), ElementsAre("b.c", "a.c"));
+  EXPECT_EQ(table.tabSeparated({0}), "c\tb.c\t/project/b.c\t0\t1\n");
+}
+
+TEST(FileTable, AColumnThatItDoesNotHaveIsNowhere) {
+  EXPECT_EQ(allColumns({}).columnOf("filePath"), std::nullopt);
+  EXPECT_EQ(allColumns({}).columnOf("fileName"), std::size_t{2});
 }
 
 }  // namespace
