@@ -15,6 +15,7 @@ ARROWS = {
     "files": {"support"},
     "measuring": {"support", "files"},
     "analysis": {"support", "files", "measuring"},
+    "xcode": {"support", "files", "measuring", "analysis"},
     "parsers": {"support", "files"},
     "reminder": {"support", "controls"},
     "controls": {"support"},
