@@ -1,0 +1,54 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "files/FileSystem.h"
+
+namespace quillmeter {
+
+/// An entry of a folder as the contents of projects see it.
+struct FolderEntry {
+  enum class Type {
+    file,    ///< a regular file, or a link to one
+    folder,  ///< a folder itself, no link to one
+    neither  ///< links to folders, links that lead nowhere, and what is no file
+  };
+  std::string name;
+  Type type = Type::neither;
+};
+
+/// The disk during one read of a project: what stands at a path, and what is in a folder. It lists each
+/// folder once and keeps the list.
+class DiskView {
+ public:
+  using Entries = std::vector<FolderEntry>;
+
+  explicit DiskView(const FileSystem& fileSystem) : fileSystem_(fileSystem) {}
+
+  /// What stands at a path, through links; absent when nothing does.
+  [[nodiscard]] std::optional<FileStatus::Type> typeAt(const std::string& path) const;
+  [[nodiscard]] bool isFile(const std::string& path) const {
+    return typeAt(path) == FileStatus::Type::regular;
+  }
+  [[nodiscard]] bool isFolder(const std::string& path) const {
+    return typeAt(path) == FileStatus::Type::folder;
+  }
+
+  /// The entries of a folder in ascending byte order of their names, hidden ones included; none when it
+  /// cannot be read. The list stays where it is.
+  [[nodiscard]] const Entries& entries(const std::string& folder);
+
+  [[nodiscard]] const FileSystem& fileSystem() const { return fileSystem_; }
+
+ private:
+  [[nodiscard]] Entries listed(const std::string& folder) const;
+
+  const FileSystem& fileSystem_;
+  std::unordered_map<std::string, Entries> entries_;
+};
+
+}  // namespace quillmeter
