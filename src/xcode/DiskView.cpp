@@ -49,6 +49,13 @@ const DiskView::Entries& DiskView::entries(const std::string& folder) {
   return found != entries_.end() ? found->second : entries_.emplace(folder, listed(folder)).first->second;
 }
 
+std::vector<std::string> DiskView::listedFolders() const {
+  std::vector<std::string> folders;
+  for (const auto& entry : entries_)
+    folders.push_back(entry.first);
+  return folders;
+}
+
 DiskView::Entries DiskView::listed(const std::string& path) const {
   Entries entries;
   const int descriptor = canExist(path) ? openPath(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC) : -1;

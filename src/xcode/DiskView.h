@@ -42,6 +42,9 @@ class DiskView {
   /// cannot be read. The list stays where it is.
   [[nodiscard]] const Entries& entries(const std::string& folder);
 
+  /// The folders that were listed so far.
+  [[nodiscard]] std::vector<std::string> listedFolders() const;
+
   [[nodiscard]] const FileSystem& fileSystem() const { return fileSystem_; }
 
  private:

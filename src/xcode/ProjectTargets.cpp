@@ -18,49 +18,54 @@ void append(FileIndices& files, const FileIndices& more) {
   files.insert(files.end(), more.begin(), more.end());
 }
 
-/// The files that the build phases of one target name.
+/// The files that the build phases of a target name. Serves one target after the other, each with a number of
+/// its own by which it notes what it has visited.
 class PhaseFiles {
  public:
-  PhaseFiles(const ProjectFiles& files, FileIndices& result) : files_(files), result_(result) {}
+  PhaseFiles(const ObjectGraph& graph, const ProjectFiles& files)
+      : files_(files), phases_(graph.size()), references_(graph.size()) {}
 
-  void addAll(const Object& target) {
-    target.objects("buildPhases").forEach([this](const Object& phase) {
-      if (phases_.insert(phase.index()).second) addPhase(phase);
+  void addAll(const Object& target, FileIndices& result) {
+    ++target_;
+    folders_.clear();
+    target.objects("buildPhases").forEach([&](const Object& phase) {
+      if (std::exchange(phases_[phase.index()], target_) != target_) addPhase(phase, result);
     });
   }
 
  private:
-  void addPhase(const Object& phase) {
-    phase.objects("files").forEach([this](const Object& buildFile) {
+  void addPhase(const Object& phase, FileIndices& result) {
+    phase.objects("files").forEach([&](const Object& buildFile) {
       if (buildFile.isa() != "PBXBuildFile") return;
-      if (const auto reference = buildFile.object("fileRef")) addReference(*reference);
+      if (const auto reference = buildFile.object("fileRef")) addReference(*reference, result);
     });
   }
 
   /// A reference, or a group with all references in it, at any depth.
-  void addReference(const Object& reference) {
-    std::vector<Object> waiting = {reference};
-    while (!waiting.empty()) {
-      const Object object = waiting.back();
-      waiting.pop_back();
-      if (!visited_.insert(object.index()).second) continue;
-      addOrigin(files_.references[object.index()]);
-      object.objects("children").forEach([&](const Object& child) { waiting.push_back(child); });
+  void addReference(const Object& reference, FileIndices& result) {
+    waiting_.push_back(reference);
+    while (!waiting_.empty()) {
+      const Object object = waiting_.back();
+      waiting_.pop_back();
+      if (std::exchange(references_[object.index()], target_) == target_) continue;
+      addOrigin(files_.references[object.index()], result);
+      object.objects("children").forEach([this](const Object& child) { waiting_.push_back(child); });
     }
   }
 
-  void addOrigin(ProjectFiles::Origin origin) {
+  void addOrigin(ProjectFiles::Origin origin, FileIndices& result) {
     // Several references to one folder share what came from it.
     if (origin.count > 1 && !folders_.insert(origin.first).second) return;
     const auto first = files_.appearances.begin() + origin.first;
-    result_.insert(result_.end(), first, first + origin.count);
+    result.insert(result.end(), first, first + origin.count);
   }
 
   const ProjectFiles& files_;
-  FileIndices& result_;
-  std::unordered_set<std::size_t> phases_;
-  std::unordered_set<std::size_t> visited_;
+  std::uint32_t target_ = 0;
+  std::vector<std::uint32_t> phases_;      ///< the last target that visited an object, by its index
+  std::vector<std::uint32_t> references_;  ///< the same
   std::unordered_set<std::uint32_t> folders_;
+  std::vector<Object> waiting_;
 };
 
 /// The synchronised folders of a project and the exceptions from them, by target.
@@ -119,6 +124,7 @@ std::vector<ProjectTarget> projectTargetsOf(const ObjectGraph& graph, const Proj
   std::vector<ProjectTarget> targets;
   const auto root = graph.root();
   if (!root) return targets;
+  PhaseFiles phases(graph, files);
   SynchronisedMembers synchronised(files);
   std::unordered_set<std::size_t> visited;
   root->objects("targets").forEach([&](const Object& object) {
@@ -126,7 +132,7 @@ std::vector<ProjectTarget> projectTargetsOf(const ObjectGraph& graph, const Proj
     auto name = object.nonEmptyText("name");
     if (!name) name = object.nonEmptyText("productName");
     ProjectTarget target{std::string(name.value_or("")), {}};
-    PhaseFiles(files, target.files).addAll(object);
+    phases.addAll(object, target.files);
     synchronised.addAll(object, target.files);
     std::sort(target.files.begin(), target.files.end());
     target.files.erase(std::unique(target.files.begin(), target.files.end()), target.files.end());

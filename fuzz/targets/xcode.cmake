@@ -1,0 +1,3 @@
+quillmeter_fuzzer(quillmeter_xcode_fuzz
+  SOURCES XcodeFuzzer.cpp
+  LIBS quillmeter_xcode)

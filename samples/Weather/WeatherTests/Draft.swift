@@ -1,0 +1,1 @@
+// Ideas for more tests: time zones, the turn of the year.
