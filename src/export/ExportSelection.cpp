@@ -9,11 +9,14 @@ namespace quillmeter {
 namespace {
 
 std::string keys(const FileKindTable& kinds, std::string_view separator, std::string_view lastSeparator) {
-  const auto& groups = kinds.groups();
+  std::vector<std::string_view> keys;
+  for (const FileGroupEntry& entry : kinds.groups()) {
+    if (!entry.chosenWith) keys.push_back(entry.key);
+  }
   std::string text;
-  for (std::size_t i = 0; i < groups.size(); ++i) {
-    if (i > 0) text.append(i + 1 < groups.size() ? separator : lastSeparator);
-    text.append(groups[i].key);
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    if (i > 0) text.append(i + 1 < keys.size() ? separator : lastSeparator);
+    text.append(keys[i]);
   }
   return text;
 }
@@ -25,10 +28,11 @@ std::optional<FileGroups> fileGroupsNamed(std::string_view list, const FileKindT
   for (bool more = true; more;) {
     const std::size_t comma = list.find(',');
     const std::string_view key = list.substr(0, comma);
-    const auto known = std::find_if(kinds.groups().begin(), kinds.groups().end(),
-                                    [key](const FileGroupEntry& entry) { return entry.key == key; });
+    const auto known =
+        std::find_if(kinds.groups().begin(), kinds.groups().end(),
+                     [key](const FileGroupEntry& entry) { return !entry.chosenWith && entry.key == key; });
     if (known == kinds.groups().end()) return std::nullopt;
-    groups.insert(known->group);
+    groups.insert(kinds.chosenBy(known->group));
     more = comma != std::string_view::npos;
     if (more) list.remove_prefix(comma + 1);
   }

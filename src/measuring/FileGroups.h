@@ -7,7 +7,7 @@
 namespace quillmeter {
 
 /// The groups that files are shown, exported and reported in.
-enum class FileGroup : std::uint8_t { c, headers, objectiveC, images, interfaceFiles };
+enum class FileGroup : std::uint8_t { c, headers, objectiveC, swift, images, interfaceFiles, storyboards };
 
 /// A set of groups: what a filter shows, what an export covers. A plain value.
 class FileGroups {
@@ -21,6 +21,7 @@ class FileGroups {
   }
 
   constexpr void insert(FileGroup group) { bits_ |= bit(group); }
+  constexpr void insert(const FileGroups& groups) { bits_ |= groups.bits_; }
   [[nodiscard]] constexpr bool contains(FileGroup group) const { return (bits_ & bit(group)) != 0; }
   [[nodiscard]] constexpr bool empty() const { return bits_ == 0; }
   [[nodiscard]] constexpr bool operator==(const FileGroups&) const = default;

@@ -14,6 +14,15 @@ bool isAscii(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char byte) { return static_cast<signed char>(byte) >= 0; });
 }
 
+/// Whether a folder of the path has the extension "xcassets", in any letter case.
+bool liesInAssetCatalogue(std::string_view path) {
+  auto folders = pathComponents(path);
+  folders.pop_back();
+  return std::any_of(folders.begin(), folders.end(), [](std::string_view folder) {
+    return folder.find('.') != std::string_view::npos && lowerCased(textAfterLastDot(folder)) == "xcassets";
+  });
+}
+
 }  // namespace
 
 FileKindTable::FileKindTable(std::vector<FileGroupEntry> groups, std::vector<FileKindEntry> entries)
@@ -35,6 +44,14 @@ FileGroups FileKindTable::allGroups() const {
   for (const FileGroupEntry& entry : groups_)
     all.insert(entry.group);
   return all;
+}
+
+FileGroups FileKindTable::chosenBy(FileGroup group) const {
+  FileGroups groups{group};
+  for (const FileGroupEntry& entry : groups_) {
+    if (entry.chosenWith == group) groups.insert(entry.group);
+  }
+  return groups;
 }
 
 const FileGroupEntry& FileKindTable::row(FileGroup group) const {
@@ -74,7 +91,10 @@ FileKind FileKindTable::kindOfPath(std::string_view path) const {
   // is of no kind and needs no copy.
   if (extension.size() > longest_ && (extension.size() > 3 * longest_ || isAscii(extension)))
     return FileKind::none;
-  return kind(lowerCased(extension));
+  const FileKindEntry* entry = find(lowerCased(extension));
+  if (entry != nullptr && entry->isOnlyInAssetCatalogues && !liesInAssetCatalogue(path))
+    return FileKind::none;
+  return kindOf(entry);
 }
 
 std::vector<std::string_view> FileKindTable::extensions(FileGroup group) const {

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -29,18 +30,21 @@ struct FileGroupEntry {
   std::string_view name;         ///< in a sentence: "No … of this project were found"
   std::string_view csvType;      ///< first field of a CSV row
   std::string_view reportLabel;  ///< first cell of the group's row in the report
+  /// The group whose filter, box and key stand for this one, too, when it has none of its own.
+  std::optional<FileGroup> chosenWith = {};
 };
 
 /// One extension. All texts live as long as the program.
 struct FileKindEntry {
   std::string_view extension;  ///< lower-cased
   FileGroup group;
-  std::string_view picture;        ///< name of the picture in the tables' type column
-  bool isOnlyListed = false;       ///< in its group's filter alone; such a file is of no kind
-  bool isIconSet = false;          ///< an image that the chart of image files leaves out
-  bool hasMethods = false;         ///< what the method-counting parsers can read
-  bool hasNoReportLines = false;   ///< the report shows dashes for its lines
-  bool isFirstOfItsGroup = false;  ///< before all others in the report's look-up of groups
+  std::string_view picture;              ///< name of the picture in the tables' type column
+  bool isOnlyListed = false;             ///< in its group's filter alone; such a file is of no kind
+  bool isIconSet = false;                ///< an image that the chart of image files leaves out
+  bool hasMethods = false;               ///< what the method-counting parsers can read
+  bool hasNoReportLines = false;         ///< the report shows dashes for its lines
+  bool isFirstOfItsGroup = false;        ///< before all others in the report's look-up of groups
+  bool isOnlyInAssetCatalogues = false;  ///< of no kind anywhere else; see `kindOfPath`
 };
 
 /// The picture of an extension that is in no table.
@@ -61,6 +65,8 @@ class FileKindTable {
   [[nodiscard]] const std::vector<FileGroupEntry>& groups() const { return groups_; }
   [[nodiscard]] const std::vector<FileKindEntry>& entries() const { return entries_; }
   [[nodiscard]] FileGroups allGroups() const;
+  /// The groups that one choice of a user stands for: `group`, and those that are chosen with it.
+  [[nodiscard]] FileGroups chosenBy(FileGroup group) const;
   /// The row of a group that the table has.
   [[nodiscard]] const FileGroupEntry& row(FileGroup group) const;
 
@@ -75,7 +81,7 @@ class FileKindTable {
   }
   [[nodiscard]] FileKind kind(const FileObject& file) const { return kindOf(find(file)); }
   /// The kind of a file by any text that ends with its name: goes by the text after the last ".",
-  /// lower-cased.
+  /// lower-cased. What is of a kind only in asset catalogues is so when a folder in the text is one.
   [[nodiscard]] FileKind kindOfPath(std::string_view path) const;
 
   /// The extensions of a kind, in the table's order; none for `none`.

@@ -68,29 +68,19 @@ std::shared_ptr<FileObject> measuredFile(const std::string& path, const FileStat
 
 std::shared_ptr<FileObject> fileStats(const FileSystem& fileSystem, const FileKindTable& kinds,
                                       const std::string& path) {
-  return fileStats(fileSystem, path, isMeasured(kinds, path));
-}
-
-std::shared_ptr<FileObject> fileStats(const FileSystem& fileSystem, const std::string& path,
-                                      bool isMeasuredInFull) {
   const auto status = fileSystem.status(path);
   if (!status) return nullptr;
-  if (!isMeasuredInFull) return sizedFile(path, *status);
+  if (!isMeasured(kinds, path)) return sizedFile(path, *status);
   if (status->type != FileStatus::Type::regular) return measuredFile(path, *status, {});
   return measuredFile(path, *status, countsOf(fileSystem, fileSystem.open(path), status->size));
 }
 
 std::shared_ptr<FileObject> regularFileStats(const FileSystem& fileSystem, const FileKindTable& kinds,
                                              const std::string& path) {
-  return regularFileStats(fileSystem, path, isMeasured(kinds, path));
-}
-
-std::shared_ptr<FileObject> regularFileStats(const FileSystem& fileSystem, const std::string& path,
-                                             bool isMeasuredInFull) {
-  if (!isMeasuredInFull) return fileStats(fileSystem, path, false);
+  if (!isMeasured(kinds, path)) return fileStats(fileSystem, kinds, path);
   const Descriptor file = fileSystem.open(path);
   const auto status = file ? fileSystem.statusOfOpen(file) : std::nullopt;
-  if (!status || status->type != FileStatus::Type::regular) return fileStats(fileSystem, path, true);
+  if (!status || status->type != FileStatus::Type::regular) return fileStats(fileSystem, kinds, path);
   return measuredFile(path, *status, countsOf(fileSystem, file, status->size));
 }
 

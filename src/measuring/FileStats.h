@@ -22,11 +22,4 @@ class FileSystem;
                                                            const FileKindTable& kinds,
                                                            const std::string& path);
 
-/// Both, told whether the text is measured instead of going by the classic kinds: for a reader that has kinds
-/// of its own.
-[[nodiscard]] std::shared_ptr<FileObject> fileStats(const FileSystem& fileSystem, const std::string& path,
-                                                    bool isMeasuredInFull);
-[[nodiscard]] std::shared_ptr<FileObject> regularFileStats(const FileSystem& fileSystem,
-                                                           const std::string& path, bool isMeasuredInFull);
-
 }  // namespace quillmeter

@@ -11,7 +11,8 @@ std::vector<DetailsFilter> detailsFilters(const FileKindTable& kinds) {
   for (const FileGroupEntry& entry : kinds.groups()) {
     const bool isCode = entry.kind == FileKind::code;
     if (isCode) filters.front().groups.insert(entry.group);
-    filters.push_back({.groups = {entry.group}, .name = entry.name, .showsCounters = isCode});
+    if (entry.chosenWith) continue;
+    filters.push_back({.groups = kinds.chosenBy(entry.group), .name = entry.name, .showsCounters = isCode});
   }
   return filters;
 }

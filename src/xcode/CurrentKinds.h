@@ -1,18 +1,14 @@
 #pragma once
 
-#include <string_view>
+#include "measuring/FileKinds.h"
 
 namespace quillmeter {
 
-/// The kinds of files that a project of today is made of. The first four are source code.
-enum class CurrentKind { cSource, header, objectiveC, swift, interface, image, other };
+/// The table of the current rules: the kinds of files that a project of today is made of. A file without an
+/// extension is of no kind, whatever its name is: ask `currentKind`.
+[[nodiscard]] const FileKindTable& currentKinds();
 
-/// The kind of the file at a location, by its extension; a "pdf" is an image inside an asset catalogue only.
-[[nodiscard]] CurrentKind currentKind(std::string_view location);
-
-/// Whether the text of such files is counted; of images only the size is known.
-[[nodiscard]] constexpr bool isMeasuredInFull(CurrentKind kind) {
-  return kind != CurrentKind::image && kind != CurrentKind::other;
-}
+/// The kind of the file at a location.
+[[nodiscard]] FileKind currentKind(std::string_view location);
 
 }  // namespace quillmeter

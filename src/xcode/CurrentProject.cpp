@@ -68,14 +68,14 @@ void CurrentProject::read(const std::string& bundle, ParseProjectDelegate* deleg
   setArrayFiles(measured(found.files, delegate));
 }
 
-FileList CurrentProject::measured(const std::vector<ProjectFiles::File>& files,
+FileList CurrentProject::measured(const std::vector<std::string>& files,
                                   ParseProjectDelegate* delegate) const {
   FileList result;
   result.reserve(files.size());
-  for (const ProjectFiles::File& file : files) {
-    auto record = regularFileStats(*fileSystem_, file.path, isMeasuredInFull(file.kind));
+  for (const std::string& file : files) {
+    auto record = regularFileStats(*fileSystem_, kinds(), file);
     // A file that vanished meanwhile keeps its place: the targets count on it.
-    result.push_back(record ? std::move(record) : namedFile(file.path));
+    result.push_back(record ? std::move(record) : namedFile(file));
     if (delegate != nullptr)
       delegate->progressParsingProject(static_cast<double>(result.size()) /
                                        static_cast<double>(files.size()));
@@ -91,7 +91,7 @@ FileList CurrentProject::unreferencedFiles() const {
     records.insert(*file->filePath());
   DiskView disk(*fileSystem_);
   const auto add = [&](const std::string& path) {
-    if (records.contains(path) || currentKind(path) == CurrentKind::other) return;
+    if (records.contains(path) || currentKind(path) == FileKind::none) return;
     const auto status = fileSystem_->status(path);
     if (!status || status->type != FileStatus::Type::regular) return;
     result.push_back(namedFile(path));

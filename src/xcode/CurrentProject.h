@@ -9,6 +9,7 @@
 #include "analysis/MeasuredProject.h"
 #include "analysis/ParseProject.h"
 #include "files/FileSystem.h"
+#include "xcode/CurrentKinds.h"
 #include "xcode/ProjectFiles.h"
 #include "xcode/ProjectTargets.h"
 
@@ -23,7 +24,8 @@ class CurrentProject final : public MeasuredProject {
  public:
   CurrentProject() : CurrentProject(FileSystem::real()) {}
   /// Reads through `fileSystem` instead of the real one; it must outlive this object.
-  explicit CurrentProject(const FileSystem& fileSystem) : fileSystem_(&fileSystem) {}
+  explicit CurrentProject(const FileSystem& fileSystem)
+      : MeasuredProject(currentKinds()), fileSystem_(&fileSystem) {}
 
   /// Reads the whole project whose bundle lies at `path`. A second call starts again. `delegate` is not owned
   /// and may be null; it gets a fraction for each file measured, the last one being 1.
@@ -53,7 +55,7 @@ class CurrentProject final : public MeasuredProject {
 
  private:
   void read(const std::string& bundle, ParseProjectDelegate* delegate);
-  [[nodiscard]] FileList measured(const std::vector<ProjectFiles::File>& files,
+  [[nodiscard]] FileList measured(const std::vector<std::string>& files,
                                   ParseProjectDelegate* delegate) const;
 
   const FileSystem* fileSystem_;

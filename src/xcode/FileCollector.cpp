@@ -3,6 +3,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "xcode/CurrentKinds.h"
 #include "xcode/FolderContents.h"
 
 namespace quillmeter {
@@ -103,10 +104,9 @@ FileCollector::Origin FileCollector::originOf(Add addFiles) {
 void FileCollector::add(const std::string& path) {
   const auto [known, isNew] = indices_.try_emplace(path, kOther);
   if (isNew) {
-    const CurrentKind kind = currentKind(path);
-    if (kind != CurrentKind::other) {
+    if (currentKind(path) != FileKind::none) {
       known->second = static_cast<std::uint32_t>(result_.files.size());
-      result_.files.push_back({path, kind});
+      result_.files.push_back(path);
     } else {
       std::string extension = locationExtension(path);
       const auto entry = otherIndices_.try_emplace(extension, result_.other.size());

@@ -23,9 +23,8 @@ MembershipExceptions::MembershipExceptions(const ProjectFiles& files,
     : files_(files), location_(folder.location) {
   const auto first = files.appearances.begin() + folder.files.first;
   sorted_.assign(first, first + folder.files.count);
-  std::sort(sorted_.begin(), sorted_.end(), [&](std::uint32_t left, std::uint32_t right) {
-    return files.files[left].path < files.files[right].path;
-  });
+  std::sort(sorted_.begin(), sorted_.end(),
+            [&](std::uint32_t left, std::uint32_t right) { return files.files[left] < files.files[right]; });
 }
 
 void MembershipExceptions::add(std::string_view exception) {
@@ -82,7 +81,7 @@ const std::vector<std::string>& MembershipExceptions::localizedFolders(const std
 std::size_t MembershipExceptions::firstFrom(std::string_view from) const {
   const auto found = std::lower_bound(
       sorted_.begin(), sorted_.end(), from,
-      [&](std::uint32_t file, std::string_view wanted) { return files_.files[file].path < wanted; });
+      [&](std::uint32_t file, std::string_view wanted) { return files_.files[file] < wanted; });
   return static_cast<std::size_t>(found - sorted_.begin());
 }
 

@@ -41,9 +41,7 @@ class MembershipExceptions {
   [[nodiscard]] std::size_t firstFrom(std::string_view path) const;
   [[nodiscard]] std::vector<bool> marks() const;
   [[nodiscard]] std::vector<std::uint32_t> filesMarked(bool mark) const;
-  [[nodiscard]] std::string_view path(std::size_t position) const {
-    return files_.files[sorted_[position]].path;
-  }
+  [[nodiscard]] std::string_view path(std::size_t position) const { return files_.files[sorted_[position]]; }
 
   const ProjectFiles& files_;
   std::string location_;

@@ -6,7 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "xcode/CurrentKinds.h"
 #include "xcode/DiskView.h"
 #include "xcode/ObjectGraph.h"
 
@@ -15,10 +14,6 @@ namespace quillmeter {
 /// The files that the groups and packages of a project lead to, in the order of visiting, with where each
 /// came from, and what the references lead to beside them.
 struct ProjectFiles {
-  struct File {
-    std::string path;
-    CurrentKind kind = CurrentKind::other;
-  };
   /// A run of `appearances`: the files that came from one place.
   struct Origin {
     std::uint32_t first = 0;
@@ -40,7 +35,7 @@ struct ProjectFiles {
     std::string identifier;
   };
 
-  std::vector<File> files;                 ///< each path once, at its first appearance
+  std::vector<std::string> files;          ///< each path once, at its first appearance
   std::vector<std::uint32_t> appearances;  ///< indices into `files`
   std::vector<Origin> references;          ///< what came from a file reference, by its index in the graph
   std::vector<SynchronisedFolder> synchronisedFolders;

@@ -49,35 +49,31 @@ TEST(Locations, HaveTheExtensionOfTheirLastComponent) {
 }
 
 TEST(CurrentKind, GoesByTheExtension) {
+  const auto groupOf = [](const std::string& extension) { return currentKinds().find(extension)->group; };
   const auto kindOf = [](const std::string& extension) { return currentKind("/a/b." + extension); };
-  for (const char* extension : {"c", "cc", "cp", "cpp", "cxx", "c++", "metal", "CPP"})
-    EXPECT_EQ(kindOf(extension), CurrentKind::cSource) << extension;
-  for (const char* extension : {"h", "hh", "hp", "hpp", "hxx", "h++", "inl", "ipp", "pch", "H"})
-    EXPECT_EQ(kindOf(extension), CurrentKind::header) << extension;
-  for (const char* extension : {"m", "mm", "MM"})
-    EXPECT_EQ(kindOf(extension), CurrentKind::objectiveC) << extension;
-  EXPECT_EQ(kindOf("Swift"), CurrentKind::swift);
+  for (const char* extension : {"c", "cc", "cp", "cpp", "cxx", "c++", "metal"})
+    EXPECT_EQ(groupOf(extension), FileGroup::c) << extension;
+  for (const char* extension : {"h", "hh", "hp", "hpp", "hxx", "h++", "inl", "ipp", "pch"})
+    EXPECT_EQ(groupOf(extension), FileGroup::headers) << extension;
+  for (const char* extension : {"m", "mm"})
+    EXPECT_EQ(groupOf(extension), FileGroup::objectiveC) << extension;
+  EXPECT_EQ(groupOf("swift"), FileGroup::swift);
+  for (const char* extension : {"Swift", "CPP", "H", "MM", "c++"})
+    EXPECT_EQ(kindOf(extension), FileKind::code) << extension;
   for (const char* extension : {"xib", "storyboard"})
-    EXPECT_EQ(kindOf(extension), CurrentKind::interface) << extension;
+    EXPECT_EQ(kindOf(extension), FileKind::interface) << extension;
   for (const char* extension : {"jpg", "jpeg", "png", "gif", "tif", "tiff", "heic", "webp", "svg", "icns"})
-    EXPECT_EQ(kindOf(extension), CurrentKind::image) << extension;
+    EXPECT_EQ(kindOf(extension), FileKind::image) << extension;
   for (const char* extension : {"plist", "strings", "", "swiftmodule", "pdf", "swift~"})
-    EXPECT_EQ(kindOf(extension), CurrentKind::other) << extension;
-  EXPECT_EQ(currentKind("/a/png"), CurrentKind::other);
+    EXPECT_EQ(kindOf(extension), FileKind::none) << extension;
+  EXPECT_EQ(currentKind("/a/png"), FileKind::none);
 }
 
 TEST(CurrentKind, TakesAPdfForAnImageInsideAnAssetCatalogueOnly) {
-  EXPECT_EQ(currentKind("/a/Media.xcassets/Icon.imageset/icon.pdf"), CurrentKind::image);
-  EXPECT_EQ(currentKind("/Media.XCAssets/a/b/icon.PDF"), CurrentKind::image);
-  EXPECT_EQ(currentKind("/a/icon.pdf"), CurrentKind::other);
-  EXPECT_EQ(currentKind("/xcassets/icon.pdf"), CurrentKind::other);
-}
-
-TEST(CurrentKind, MeasuresSourcesAndInterfaceFilesInFull) {
-  for (const char* file : {"/a.c", "/a.h", "/a.m", "/a.swift", "/a.xib", "/a.storyboard"})
-    EXPECT_TRUE(isMeasuredInFull(currentKind(file))) << file;
-  for (const char* file : {"/a.png", "/a.txt"})
-    EXPECT_FALSE(isMeasuredInFull(currentKind(file))) << file;
+  EXPECT_EQ(currentKind("/a/Media.xcassets/Icon.imageset/icon.pdf"), FileKind::image);
+  EXPECT_EQ(currentKind("/Media.XCAssets/a/b/icon.PDF"), FileKind::image);
+  EXPECT_EQ(currentKind("/a/icon.pdf"), FileKind::none);
+  EXPECT_EQ(currentKind("/xcassets/icon.pdf"), FileKind::none);
 }
 
 TEST(FoldedName, IsTheSameForNamesThatDifferInCase) {
