@@ -143,7 +143,8 @@ TEST(PropertyList, ReadsDataWithWhiteSpace) {
 
 TEST(PropertyList, SkipsWhiteSpaceAndCommentsBetweenTokens) {
   const PropertyList list = parsed(
-      " \t\n\v\f\r// one { \r/* two * / ** */{/**/a /* */=\n// three\n(/**/b /**/,)/**/;c // four\n=d;}// end");
+      " \t\n\v\f\r// one { \r/* two * / ** */{/**/a /* */=\n// three\n(/**/b /**/,)/**/;c // four\n=d;}// "
+      "end");
   EXPECT_EQ(list.root().size(), 2U);
   EXPECT_EQ(list.root().find("a")->at(0).text(), "b");
   EXPECT_EQ(list.root().find("c")->text(), "d");
