@@ -3,7 +3,7 @@
 #include "analysis/MeasuredProject.h"
 #include "export/PDFExporter.h"
 #include "export/ReportDate.h"
-#include "export/StringTools.h"
+#include "export/ReportText.h"
 #include "measuring/FileKinds.h"
 #include "measuring/FileObject.h"
 #include "support/Addresses.h"
