@@ -61,7 +61,7 @@ void RepaintBars(benchmark::State& state) {
   for (int i = 0; i < 15; ++i) {
     files.push_back(testing::record({.name = "File.m", .lines = 1000 - 40 * i}));
   }
-  canvas.setGraphType(kSourceFilesBars);
+  canvas.setGraphType(graphTypeOf(ChartKind::sourceFilesBars));
   canvas.setShouldDrawAverageLine(true);
   canvas.setMaxNumberOfLines(1000);
   canvas.setAverageNumberOfLines(720);
@@ -74,7 +74,7 @@ BENCHMARK(RepaintBars)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
 void RepaintPie(benchmark::State& state) {
   application();
   DrawingCanvasView canvas;
-  canvas.setGraphType(kCodeLinesPie);
+  canvas.setGraphType(graphTypeOf(ChartKind::codeLinesPie));
   canvas.setCIRCLE_RADIUS(pieRadius(0));
   canvas.setPieChart1Perc1(0.6);
   canvas.setPieChart1Perc2(0.25);

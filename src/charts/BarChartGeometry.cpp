@@ -44,7 +44,7 @@ void addGrid(BarChartDrawing& drawing, const ChartContents& contents, const Text
     drawing.grid.push_back({{kPlotLeft, y}, {kPlotRight, y}});
     if (value == 0) continue;
     ChartLabel label;
-    label.text = gridLabelText(contents.graphType, value);
+    label.text = gridLabelText(contents.kind, value);
     const ChartSize size = measure(label.text, label.fontSize);
     label.frame = {kPlotLeft - kGridLabelGap - size.width, y - size.height / 2 - 1, size.width, size.height};
     drawing.gridLabels.push_back(std::move(label));
@@ -57,7 +57,7 @@ void addBars(BarChartDrawing& drawing, const ChartContents& contents) {
   drawing.bars.reserve(count);
   for (std::size_t i = 0; i < count; ++i) {
     const double x = kFirstBarX + kBarAdvance * static_cast<double>(i);
-    const double value = doubleValue(barMeasure(contents.graphType, *files[i]));
+    const double value = doubleValue(barMeasure(contents.kind, *files[i]));
     const double height = ratio(value * kPlotHeight, static_cast<double>(contents.maxNumberOfLines));
     ChartBar bar;
     bar.index = i;
@@ -83,18 +83,19 @@ void addAverageLine(BarChartDrawing& drawing, const ChartContents& contents, con
 
 }  // namespace
 
-ChartLabel chartTitleLabel(std::int32_t graphType) {
-  return {std::string(chartTitle(graphType)), {30, 10, 500, 20}, 12, ChartTextWrap::words};
+ChartLabel chartTitleLabel(ChartKind kind) {
+  return {std::string(chartTitle(kind)), {30, 10, 500, 20}, 12, ChartTextWrap::words};
 }
 
-std::string gridLabelText(std::int32_t graphType, std::int64_t value) {
-  return graphType == kSourceFilesBars ? std::to_string(value) : chartSizeText(static_cast<double>(value));
+std::string gridLabelText(ChartKind kind, std::int64_t value) {
+  return kind == ChartKind::sourceFilesBars ? std::to_string(value)
+                                            : chartSizeText(static_cast<double>(value));
 }
 
 BarChartDrawing barChartDrawing(const ChartContents& contents, const TextMeasure& measure) {
   BarChartDrawing drawing;
   drawing.axes = {{kPlotLeft, kAxisTop}, {kPlotLeft, kPlotBottom}, {kPlotRight, kPlotBottom}};
-  drawing.title = chartTitleLabel(contents.graphType);
+  drawing.title = chartTitleLabel(contents.kind);
   addGrid(drawing, contents, measure);
   if (contents.arrayValues) addBars(drawing, contents);
   if (contents.shouldDrawAverageLine) addAverageLine(drawing, contents, measure);

@@ -18,11 +18,11 @@ std::optional<std::string> codeAdvice(double share) {
   return std::nullopt;
 }
 
-std::optional<std::string> sizeAdvice(double share, std::int32_t graphType) {
+std::optional<std::string> sizeAdvice(double share, ChartKind kind) {
   if (share <= kTooMuch) return "size level is in\nnormal range";
   if (!(share > kTooMuch)) return std::nullopt;
-  return graphType == kXIBFilesBars ? "size level is above average; try optimizing the XIB file"
-                                    : "size level is above average; try optimizing the image";
+  return kind == ChartKind::xibFilesBars ? "size level is above average; try optimizing the XIB file"
+                                         : "size level is above average; try optimizing the image";
 }
 
 }  // namespace
@@ -32,25 +32,26 @@ std::string chartSizeText(double bytes) {
   return kilobytes >= 1024.0 ? fixed(kilobytes / 1024.0, 1) + " MB" : fixed(kilobytes, 1) + " KB";
 }
 
-std::string barValueText(std::int32_t graphType, const FileObject& file) {
-  return graphType == kSourceFilesBars ? std::to_string(integerValue(file.noLinesTotal())) + " lines"
-                                       : chartSizeText(static_cast<double>(integerValue(file.fileSize())));
+std::string barValueText(ChartKind kind, const FileObject& file) {
+  return kind == ChartKind::sourceFilesBars
+             ? std::to_string(integerValue(file.noLinesTotal())) + " lines"
+             : chartSizeText(static_cast<double>(integerValue(file.fileSize())));
 }
 
-std::optional<ChartAdvice> chartAdvice(std::int32_t graphType, const FileObject& file, double average) {
-  if (!isBarChart(graphType)) return std::nullopt;
+std::optional<ChartAdvice> chartAdvice(ChartKind kind, const FileObject& file, double average) {
+  if (!isBarChart(kind)) return std::nullopt;
   ChartAdvice advice;
   advice.fileName = file.fileName().value_or(std::string());
   // What is shown is judged: of a value that is still growing the whole lines or bytes.
-  const double share = ratio(static_cast<double>(integerValue(barMeasure(graphType, file))), average);
-  if (graphType == kSourceFilesBars) {
-    advice.value = "LOC: " + barValueText(graphType, file);
+  const double share = ratio(static_cast<double>(integerValue(barMeasure(kind, file))), average);
+  if (kind == ChartKind::sourceFilesBars) {
+    advice.value = "LOC: " + barValueText(kind, file);
     advice.average = "Average: " + fixed(average, 1) + " lines";
     advice.advice = codeAdvice(share);
   } else {
-    advice.value = "File size: " + barValueText(graphType, file);
+    advice.value = "File size: " + barValueText(kind, file);
     advice.average = "Average: " + chartSizeText(average);
-    advice.advice = sizeAdvice(share, graphType);
+    advice.advice = sizeAdvice(share, kind);
   }
   return advice;
 }

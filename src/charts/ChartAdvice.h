@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "charts/ChartKind.h"
 #include "measuring/FileObject.h"
 
 namespace quillmeter {
@@ -16,14 +17,12 @@ struct ChartAdvice {
   std::optional<std::string> advice;  ///< absent when the two cannot be compared (0 against an average of 0)
 };
 
-/// The verdict on `file` in the bar chart `graphType`, whose average measure is `average`. Absent for a graph
-/// type that is no bar chart.
-[[nodiscard]] std::optional<ChartAdvice> chartAdvice(std::int32_t graphType, const FileObject& file,
-                                                     double average);
+/// The verdict on `file` in the bar chart `kind`, whose average measure is `average`. Absent for a pie.
+[[nodiscard]] std::optional<ChartAdvice> chartAdvice(ChartKind kind, const FileObject& file, double average);
 
 /// A measure as users read it: "12 lines", "1.5 KB", "3.0 MB". Units of 1024; a size of 1024 KB or more is in
 /// MB.
-[[nodiscard]] std::string barValueText(std::int32_t graphType, const FileObject& file);
+[[nodiscard]] std::string barValueText(ChartKind kind, const FileObject& file);
 
 /// `bytes` as "%.1f KB", or "%.1f MB" from 1024 KB on.
 [[nodiscard]] std::string chartSizeText(double bytes);

@@ -11,7 +11,7 @@ namespace quillmeter {
 /// Everything that decides what a canvas shows. Any value is allowed in any field: shares that are not
 /// numbers, a maximum of 0 or more files than are drawn give a chart with less on it, never a failure.
 struct ChartContents {
-  std::int32_t graphType = kCodeLinesPie;
+  ChartKind kind = ChartKind::codeLinesPie;
   bool shouldDrawAverageLine = false;
   std::int64_t maxNumberOfLines = 0;    ///< top of the scale: lines or bytes
   double averageNumberOfLines = 0;      ///< in the same unit

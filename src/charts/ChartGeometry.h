@@ -83,7 +83,7 @@ inline constexpr double kGridDash = 2;   ///< as long on as off
 using TextMeasure = std::function<ChartSize(const std::string& text, double fontSize)>;
 
 /// The title, at the same place in every chart.
-[[nodiscard]] ChartLabel chartTitleLabel(std::int32_t graphType);
+[[nodiscard]] ChartLabel chartTitleLabel(ChartKind kind);
 
 struct ChartBar {
   std::size_t index = 0;               ///< into the chart's values
@@ -105,7 +105,7 @@ struct BarChartDrawing {
 [[nodiscard]] BarChartDrawing barChartDrawing(const ChartContents& contents, const TextMeasure& measure);
 
 /// The text beside a grid line: "12", "2.7 MB".
-[[nodiscard]] std::string gridLabelText(std::int32_t graphType, std::int64_t value);
+[[nodiscard]] std::string gridLabelText(ChartKind kind, std::int64_t value);
 
 /// The index of the bar whose magnifier contains the point.
 [[nodiscard]] std::optional<std::size_t> lenseAt(const std::vector<ChartBar>& bars, ChartPoint point);

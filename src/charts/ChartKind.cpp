@@ -2,43 +2,45 @@
 
 namespace quillmeter {
 
-std::string_view chartTitle(std::int32_t graphType) {
-  switch (graphType) {
-    case kCodeLinesPie:
+std::string_view chartTitle(ChartKind kind) {
+  switch (kind) {
+    case ChartKind::codeLinesPie:
       return "Chart type: code lines distribution";
-    case kFileKindsPie:
+    case ChartKind::fileKindsPie:
       return "Chart type: source/images/XIB distribution";
-    case kSourceFilesBars:
+    case ChartKind::sourceFilesBars:
       return "Chart type: top 15 source files by lines of code";
-    case kXIBFilesBars:
+    case ChartKind::xibFilesBars:
       return "Chart type: top 15 XIB files by size";
-    case kImageFilesBars:
+    case ChartKind::imageFilesBars:
       return "Chart type: top 15 image files by size (excluding .icns)";
-    default:
-      return {};
   }
+  return {};
 }
 
-std::string_view chartHint(std::int32_t graphType, bool chartIsEmpty) {
-  if (!chartIsEmpty) return isBarChart(graphType) ? "Press a magnifying glass for details about a file." : "";
-  switch (graphType) {
-    case kCodeLinesPie:
+std::string_view chartHint(ChartKind kind, bool chartIsEmpty) {
+  if (!chartIsEmpty) return isBarChart(kind) ? "Press a magnifying glass for details about a file." : "";
+  switch (kind) {
+    case ChartKind::codeLinesPie:
       return "This project has no source lines.";
-    case kFileKindsPie:
+    case ChartKind::fileKindsPie:
       return "This project has no files.";
-    case kSourceFilesBars:
+    case ChartKind::sourceFilesBars:
       return "This project has no source files.";
-    case kXIBFilesBars:
+    case ChartKind::xibFilesBars:
       return "This project has no XIB files.";
-    case kImageFilesBars:
+    case ChartKind::imageFilesBars:
       return "This project has no image files (.icns are left out).";
-    default:
-      return {};
   }
+  return {};
 }
 
-const std::optional<Number>& barMeasure(std::int32_t graphType, const FileObject& file) {
-  return graphType == kSourceFilesBars ? file.noLinesTotal() : file.fileSize();
+FileMeasure barMeasure(ChartKind kind) {
+  return kind == ChartKind::sourceFilesBars ? &FileObject::noLinesTotal : &FileObject::fileSize;
+}
+
+const std::optional<Number>& barMeasure(ChartKind kind, const FileObject& file) {
+  return (file.*barMeasure(kind))();
 }
 
 }  // namespace quillmeter

@@ -1,35 +1,31 @@
 #include "charts/ChartValues.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
-#include <vector>
 
 #include "analysis/MeasuredProject.h"
 #include "charts/ChartKind.h"
 #include "charts/Ratio.h"
-#include "measuring/FileKinds.h"
+#include "measuring/FileRanking.h"
 
 namespace quillmeter {
 namespace {
 
-bool isOfKind(std::int32_t graphType, const MeasuredProject& project, const FileObject& file) {
-  switch (graphType) {
-    case kSourceFilesBars:
+bool isOfKind(ChartKind kind, const MeasuredProject& project, const FileObject& file) {
+  switch (kind) {
+    case ChartKind::sourceFilesBars:
       return project.isSourceFileType(file);
-    case kXIBFilesBars:
+    case ChartKind::xibFilesBars:
       return project.isXIBFileType(file);
-    case kImageFilesBars:
+    case ChartKind::imageFilesBars:
       return project.isImageFileTypeWithoutICNS(file);
-    default:
-      return false;
+    case ChartKind::codeLinesPie:
+    case ChartKind::fileKindsPie:
+      break;
   }
+  return false;
 }
-
-/// A file with its measure at hand, so that sorting does not go back to the records for every comparison.
-struct Ranked {
-  Number measure;
-  const std::shared_ptr<FileObject>* file;
-};
 
 float singlePrecision(double value) {
   constexpr double limit = std::numeric_limits<float>::max();
@@ -56,39 +52,33 @@ PieFractions pieFractions(const MeasuredProject& project, const SourceTotals& to
   return fractions;
 }
 
-BarChartValues barChartValues(std::int32_t graphType, const MeasuredProject& project) {
-  std::vector<Ranked> ranking;
+BarChartValues barChartValues(ChartKind kind, const MeasuredProject& project) {
+  FileList files;
+  std::copy_if(project.files().begin(), project.files().end(), std::back_inserter(files),
+               [&](const auto& file) { return isOfKind(kind, project, *file); });
+  if (files.empty()) return {};
   std::int64_t sum = 0;
-  for (const auto& file : project.files()) {
-    if (!isOfKind(graphType, project, *file)) continue;
-    const Number measure = barMeasure(graphType, *file).value_or(Number());
-    sum = saturatedSum(sum, measure.longValue());
-    ranking.push_back({measure, &file});
-  }
-  if (ranking.empty()) return {};
+  for (const auto& file : files)
+    sum = saturatedSum(sum, integerValue(barMeasure(kind, *file)));
 
-  std::stable_sort(ranking.begin(), ranking.end(),
-                   [](const Ranked& a, const Ranked& b) { return a.measure.compare(b.measure) > 0; });
   BarChartValues values;
-  values.files.reserve(ranking.size());
-  for (const Ranked& entry : ranking)
-    values.files.push_back(*entry.file);
-  values.averageNumberOfLines = static_cast<double>(sum) / static_cast<double>(ranking.size());
-  values.maxNumberOfLines = ranking.front().measure.longValue();
+  values.files = rankedFiles(files, barMeasure(kind));
+  values.averageNumberOfLines = static_cast<double>(sum) / static_cast<double>(files.size());
+  values.maxNumberOfLines = integerValue(barMeasure(kind, *values.files.front()));
   return values;
 }
 
-FileList grownBars(std::int32_t graphType, const FileList& files, float factor) {
+FileList grownBars(ChartKind kind, const FileList& files, float factor) {
   FileList bars;
   bars.reserve(std::min(files.size(), kMostBars));
   for (const auto& file : files) {
     if (bars.size() == kMostBars) break;
-    const float measure = singlePrecision(doubleValue(barMeasure(graphType, *file)));
+    const float measure = singlePrecision(doubleValue(barMeasure(kind, *file)));
     const Number grown(static_cast<double>(measure * factor));
     auto bar = std::make_shared<FileObject>();
     bar->setFileName(file->fileName());
-    bar->setNoLinesTotal(graphType == kSourceFilesBars ? std::optional(grown) : file->noLinesTotal());
-    bar->setFileSize(graphType == kSourceFilesBars ? file->fileSize() : std::optional(grown));
+    bar->setNoLinesTotal(kind == ChartKind::sourceFilesBars ? std::optional(grown) : file->noLinesTotal());
+    bar->setFileSize(kind == ChartKind::sourceFilesBars ? file->fileSize() : std::optional(grown));
     bars.push_back(std::move(bar));
   }
   return bars;

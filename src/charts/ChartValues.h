@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "charts/ChartKind.h"
 #include "charts/ChartsHost.h"
 #include "measuring/FileObject.h"
 
@@ -31,13 +32,13 @@ struct BarChartValues {
   std::int64_t maxNumberOfLines = 0;  ///< the first file's measure; 0 when there are none
 };
 
-/// The values of a bar chart. A graph type that is no bar chart has no files. An absent measure counts as 0,
+/// The values of a bar chart. A pie has no files. An absent measure counts as 0,
 /// and a sum beyond the range of 64 bits stays at its end.
-[[nodiscard]] BarChartValues barChartValues(std::int32_t graphType, const MeasuredProject& project);
+[[nodiscard]] BarChartValues barChartValues(ChartKind kind, const MeasuredProject& project);
 
 /// Copies of the first `kMostBars` of `files` for one frame of the grow-in: name, lines and size, the chart's
 /// own measure multiplied by `factor`. That product is made in single precision, so large measures are
 /// rounded to 24 bits even when `factor` is 1.
-[[nodiscard]] FileList grownBars(std::int32_t graphType, const FileList& files, float factor);
+[[nodiscard]] FileList grownBars(ChartKind kind, const FileList& files, float factor);
 
 }  // namespace quillmeter

@@ -34,7 +34,6 @@ constexpr milliseconds kSaveDoneDelay{1000};
 constexpr double kDetailsAlpha = 0.9;
 constexpr int kJpegQuality = 90;
 constexpr int kInfoPictureSide = 20;
-constexpr int kChartButtons = 5;
 
 /// The top of the details panel in the canvas's space: just below the magnifiers.
 constexpr int kDetailsY = 503;
@@ -90,7 +89,7 @@ ChartsViewController::~ChartsViewController() {
 
 void ChartsViewController::connectControls() {
   connect(ui_->btnFilters, &QPushButton::clicked, this, &ChartsViewController::tapFilters);
-  for (std::int32_t chart = 0; chart < kChartButtons; ++chart) {
+  for (const ChartKind chart : kAllCharts) {
     QPushButton* button = filterButton(chart);
     connect(button, &QPushButton::clicked, this, [this, button] { tapSelectedFilter(button); });
   }
@@ -103,17 +102,17 @@ void ChartsViewController::setPictures() {
   const QString save = QStringLiteral("chart_save");
   ui_->btnSaveChart->setIcon(undimmedIcon(save, namedImageSize(save)));
   ui_->btnSaveChart->setIconSize(namedImageSize(save));
-  for (std::int32_t chart = 0; chart < kChartButtons; ++chart) {
+  for (const ChartKind chart : kAllCharts) {
     const QString name = isPieChart(chart) ? QStringLiteral("chart_pie") : QStringLiteral("chart_bars");
     filterButton(chart)->setIcon(namedIcon(name));
     filterButton(chart)->setIconSize(namedImageSize(name));
   }
 }
 
-QPushButton* ChartsViewController::filterButton(std::int32_t graphType) const {
-  const std::array<QPushButton*, kChartButtons> buttons{ui_->btnFilter1, ui_->btnFilter2, ui_->btnFilter3,
-                                                        ui_->btnFilter4, ui_->btnFilter5};
-  return buttons.at(static_cast<std::size_t>(graphType));
+QPushButton* ChartsViewController::filterButton(ChartKind chart) const {
+  const std::array<QPushButton*, kAllCharts.size()> buttons{ui_->btnFilter1, ui_->btnFilter2, ui_->btnFilter3,
+                                                            ui_->btnFilter4, ui_->btnFilter5};
+  return buttons.at(static_cast<std::size_t>(graphTypeOf(chart)));
 }
 
 DrawingCanvasView* ChartsViewController::viewBarChart() const {
@@ -128,7 +127,7 @@ FadingPanel* ChartsViewController::viewPopoverDetailsChart() const {
 
 void ChartsViewController::initViewCustom() {
   animationInfoButtonStartedOnce_ = false;
-  currentTableFilter_ = kFileKindsPie;
+  chart_ = ChartKind::fileKindsPie;
 
   DrawingCanvasView* canvas = ui_->viewBarChart;
   canvas->setMaxNumberOfLines(0);
@@ -138,7 +137,7 @@ void ChartsViewController::initViewCustom() {
   canvas->update();
   setFractions();
 
-  for (std::int32_t chart = 0; chart < kChartButtons; ++chart) {
+  for (const ChartKind chart : kAllCharts) {
     setTextColorAndAlternateColor(filterButton(chart), kTitleColor, kAlternateTitleColor);
   }
   ui_->viewFilters->setAlphaValue(0);
@@ -167,36 +166,35 @@ void ChartsViewController::startAnimation() {
   canvas->setArrayValues(std::nullopt);
   canvas->setCIRCLE_RADIUS(0);
   canvas->setShouldDrawAverageLine(true);
-  if (isBarChart(currentTableFilter_)) setBarChartValues();
-  canvas->setGraphType(currentTableFilter_);
+  if (isBarChart(chart_)) setBarChartValues();
+  canvas->setGraphType(graphTypeOf(chart_));
   canvas->setArrayValues(std::nullopt);
   canvas->update();
   showHint();
-  const std::int32_t first = firstGrowInStep(currentTableFilter_);
+  const std::int32_t first = firstGrowInStep(chart_);
   services_.delayedCalls->performAfterDelay(this, kGrowInDelay,
                                             [this, first] { doAnimationBarChart(first); });
 }
 
 void ChartsViewController::setBarChartValues() {
-  BarChartValues values = barChartValues(currentTableFilter_, *host_.parserProject());
+  BarChartValues values = barChartValues(chart_, *host_.parserProject());
   currentArrayValuesBarChart_ = std::move(values.files);
   ui_->viewBarChart->setAverageNumberOfLines(values.averageNumberOfLines);
   ui_->viewBarChart->setMaxNumberOfLines(values.maxNumberOfLines);
 }
 
 void ChartsViewController::showHint() {
-  const bool isEmpty = isBarChart(currentTableFilter_)        ? currentArrayValuesBarChart_.empty()
-                       : currentTableFilter_ == kCodeLinesPie ? std::isnan(fractions_.pieChart1Perc1)
-                                                              : std::isnan(fractions_.pieChart2Perc1);
-  const std::string_view hint = chartHint(currentTableFilter_, isEmpty);
+  const bool isEmpty = isBarChart(chart_)                  ? currentArrayValuesBarChart_.empty()
+                       : chart_ == ChartKind::codeLinesPie ? std::isnan(fractions_.pieChart1Perc1)
+                                                           : std::isnan(fractions_.pieChart2Perc1);
+  const std::string_view hint = chartHint(chart_, isEmpty);
   ui_->lblHint->setText(QString::fromUtf8(hint.data(), static_cast<qsizetype>(hint.size())));
 }
 
 void ChartsViewController::doAnimationBarChart(std::int32_t remaining) {
   DrawingCanvasView* canvas = ui_->viewBarChart;
-  if (isBarChart(currentTableFilter_)) {
-    canvas->setArrayValues(
-        grownBars(currentTableFilter_, currentArrayValuesBarChart_, growInFactor(remaining)));
+  if (isBarChart(chart_)) {
+    canvas->setArrayValues(grownBars(chart_, currentArrayValuesBarChart_, growInFactor(remaining)));
   } else {
     canvas->setArrayValues(FileList());
     canvas->setCIRCLE_RADIUS(pieRadius(remaining));
@@ -232,7 +230,7 @@ void ChartsViewController::tapFilters() {
     panel->animateAlphaValue(1.0);
     highlightCurrentFilter();
     ui_->btnFilters->setChecked(true);
-    if (hadFocus) filterButton(currentTableFilter_)->setFocus();
+    if (hadFocus) filterButton(chart_)->setFocus();
   } else {
     fadeFiltersOut();
     ui_->btnFilters->setChecked(false);
@@ -243,13 +241,13 @@ void ChartsViewController::tapFilters() {
 
 void ChartsViewController::tapSelectedFilter(const QPushButton* sender) {
   ui_->btnInfo->hide();
-  for (std::int32_t chart = 0; chart < kChartButtons; ++chart) {
-    if (sender == filterButton(chart)) currentTableFilter_ = chart;
+  for (const ChartKind chart : kAllCharts) {
+    if (sender == filterButton(chart)) chart_ = chart;
   }
   highlightCurrentFilter();
   // Details that were opened beside the panel are about a bar that goes now.
   dismissInfoForItem();
-  if (isBarChart(currentTableFilter_)) ui_->btnInfo->show();
+  if (isBarChart(chart_)) ui_->btnInfo->show();
   startAnimation();
   fadeFiltersOut();
   ui_->btnFilters->setChecked(false);
@@ -257,8 +255,8 @@ void ChartsViewController::tapSelectedFilter(const QPushButton* sender) {
 }
 
 void ChartsViewController::highlightCurrentFilter() {
-  for (std::int32_t chart = 0; chart < kChartButtons; ++chart)
-    filterButton(chart)->setChecked(chart == currentTableFilter_);
+  for (const ChartKind chart : kAllCharts)
+    filterButton(chart)->setChecked(chart == chart_);
 }
 
 void ChartsViewController::enableBackFilter() {
@@ -310,7 +308,7 @@ void ChartsViewController::tapInfoButton() {
 
 void ChartsViewController::showInfoPopoverForItemFromStartingPoint(const std::shared_ptr<FileObject>& file,
                                                                    ChartPoint point) {
-  const auto advice = chartAdvice(currentTableFilter_, *file, ui_->viewBarChart->averageNumberOfLines());
+  const auto advice = chartAdvice(chart_, *file, ui_->viewBarChart->averageNumberOfLines());
   if (!advice) return;
   ui_->lblPopoverDetailsChart1->setText(toText(advice->fileName));
   ui_->lblPopoverDetailsChart2->setText(toText(advice->value));

@@ -70,7 +70,7 @@ class ChartsViewController : public QWidget, private DrawingCanvasViewDelegate {
   [[nodiscard]] FadingPanel* viewPopoverDetailsChart() const;
   /// Every file of the current bar chart, largest first; empty for a pie.
   [[nodiscard]] const FileList& currentArrayValuesBarChart() const { return currentArrayValuesBarChart_; }
-  [[nodiscard]] std::int32_t currentTableFilter() const { return currentTableFilter_; }
+  [[nodiscard]] std::int32_t currentTableFilter() const { return graphTypeOf(chart_); }
   [[nodiscard]] bool animationInfoButtonStartedOnce() const { return animationInfoButtonStartedOnce_; }
   [[nodiscard]] const PieFractions& fractions() const { return fractions_; }
 
@@ -90,13 +90,13 @@ class ChartsViewController : public QWidget, private DrawingCanvasViewDelegate {
   void fadeFiltersOut();
   void hideFiltersLater();
   void placeFilters();
-  [[nodiscard]] QPushButton* filterButton(std::int32_t graphType) const;
+  [[nodiscard]] QPushButton* filterButton(ChartKind chart) const;
 
   ChartsHost& host_;
   Services services_;
   std::unique_ptr<::Ui::ChartsViewController> ui_;
   FileList currentArrayValuesBarChart_;
-  std::int32_t currentTableFilter_ = kFileKindsPie;
+  ChartKind chart_ = ChartKind::fileKindsPie;
   PieFractions fractions_;
   bool animationInfoButtonStartedOnce_ = false;
   bool returnsFocus_ = false;  ///< to the button of the panel, once it is enabled again

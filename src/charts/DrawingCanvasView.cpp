@@ -45,9 +45,10 @@ QSize DrawingCanvasView::sizeHint() const {
 }
 
 void DrawingCanvasView::setGraphType(std::int32_t graphType) {
-  if (graphType != contents_.graphType) currentBar_.reset();
-  contents_.graphType = graphType;
-  setFocusPolicy(isBarChart(graphType) ? Qt::StrongFocus : Qt::NoFocus);
+  if (graphType != graphType_) currentBar_.reset();
+  graphType_ = graphType;
+  contents_.kind = chartKindOf(graphType).value_or(contents_.kind);
+  setFocusPolicy(showsBars() ? Qt::StrongFocus : Qt::NoFocus);
 }
 
 // Drawing
@@ -58,8 +59,8 @@ void DrawingCanvasView::paintOn(QPainter& painter, QSizeF size) {
   painter.save();
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
                          QPainter::SmoothPixmapTransform);
-  if (isPieChart(contents_.graphType)) drawPieChartGraphs(painter, size);
-  if (isBarChart(contents_.graphType)) drawBarChartTypeGraphs(painter);
+  if (showsPie()) drawPieChartGraphs(painter, size);
+  if (showsBars()) drawBarChartTypeGraphs(painter);
   painter.restore();
 }
 
@@ -235,7 +236,7 @@ void DrawingCanvasView::focusOutEvent(QFocusEvent* event) {
 // Descriptions
 
 QString DrawingCanvasView::descriptionAt(QPointF point) const {
-  if (isPieChart(contents_.graphType)) {
+  if (showsPie()) {
     const PieChartDrawing pie = pieChartDrawing(contents_, toChartSize(size()));
     const auto row = sliceAt(pie, toChartPoint(point));
     return row ? QString::fromStdString(pie.legend[*row].label.text) : QString();
@@ -245,21 +246,21 @@ QString DrawingCanvasView::descriptionAt(QPointF point) const {
   if (!bar || *bar >= contents_.arrayValues->size()) return {};
   const FileObject& file = *(*contents_.arrayValues)[*bar];
   return QString::fromStdString(file.fileName().value_or(std::string()) + "\n" +
-                                barValueText(contents_.graphType, file));
+                                barValueText(contents_.kind, file));
 }
 
 void DrawingCanvasView::updateAccessibleTexts() {
-  const std::string_view title = chartTitle(contents_.graphType);
+  const std::string_view title = chartKindOf(graphType_) ? chartTitle(contents_.kind) : std::string_view();
   setAccessibleName(QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size())));
   QStringList items;
-  if (isPieChart(contents_.graphType)) {
+  if (showsPie()) {
     for (const ChartLegendRow& row : pieChartDrawing(contents_, toChartSize(size())).legend) {
       items << QString::fromStdString(row.label.text);
     }
   } else if (contents_.arrayValues) {
     for (const auto& file : *contents_.arrayValues) {
       items << QString::fromStdString(file->fileName().value_or(std::string()) + ": " +
-                                      barValueText(contents_.graphType, *file));
+                                      barValueText(contents_.kind, *file));
     }
   }
   setAccessibleDescription(items.join(QStringLiteral("; ")));

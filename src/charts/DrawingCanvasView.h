@@ -49,7 +49,7 @@ class DrawingCanvasView : public QWidget {
   [[nodiscard]] const std::optional<FileList>& arrayValues() const { return contents_.arrayValues; }
   void setArrayValues(std::optional<FileList> files) { contents_.arrayValues = std::move(files); }
   /// 0 to 4; any other number draws nothing.
-  [[nodiscard]] std::int32_t graphType() const { return contents_.graphType; }
+  [[nodiscard]] std::int32_t graphType() const { return graphType_; }
   void setGraphType(std::int32_t graphType);
   [[nodiscard]] std::int32_t CIRCLE_RADIUS() const { return contents_.CIRCLE_RADIUS; }
   void setCIRCLE_RADIUS(std::int32_t radius) { contents_.CIRCLE_RADIUS = radius; }
@@ -104,6 +104,8 @@ class DrawingCanvasView : public QWidget {
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
+  [[nodiscard]] bool showsPie() const { return chartKindOf(graphType_) && isPieChart(contents_.kind); }
+  [[nodiscard]] bool showsBars() const { return chartKindOf(graphType_) && isBarChart(contents_.kind); }
   void drawBarChartTypeGraphs(QPainter& painter);
   void drawAxis(QPainter& painter, const BarChartDrawing& drawing) const;
   void drawBarCharts(QPainter& painter, const BarChartDrawing& drawing);
@@ -116,7 +118,8 @@ class DrawingCanvasView : public QWidget {
   void openDetails(std::size_t bar);
   void moveToBar(std::size_t bar);
 
-  ChartContents contents_;
+  std::int32_t graphType_ = graphTypeOf(ChartKind::codeLinesPie);
+  ChartContents contents_;  ///< of the last graph type that is a chart
   QColor axisColor_;
   std::optional<std::vector<ChartBar>> lensesDetailsPoints_;
   DrawingCanvasViewDelegate* delegate_ = nullptr;

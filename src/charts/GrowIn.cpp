@@ -1,6 +1,5 @@
 #include "charts/GrowIn.h"
 
-#include "charts/ChartKind.h"
 #include "support/Number.h"
 
 namespace quillmeter {
@@ -12,8 +11,8 @@ constexpr float kFullRadius = 200.0F;
 
 }  // namespace
 
-std::int32_t firstGrowInStep(std::int32_t graphType) {
-  return graphType > kFileKindsPie ? kBarSteps : kPieSteps;
+std::int32_t firstGrowInStep(ChartKind kind) {
+  return isBarChart(kind) ? kBarSteps : kPieSteps;
 }
 
 float growInFactor(std::int32_t step) {

@@ -57,14 +57,14 @@ ChartLegendRow legendRow(std::size_t row, std::string_view name, double share, C
 }  // namespace
 
 PieChartDrawing pieChartDrawing(const ChartContents& contents, ChartSize bounds) {
-  const bool codeLines = contents.graphType == kCodeLinesPie;
+  const bool codeLines = contents.kind == ChartKind::codeLinesPie;
   const Shares shares = codeLines ? Shares{contents.pieChart1Perc1, contents.pieChart1Perc2}
                                   : Shares{contents.pieChart2Perc1, contents.pieChart2Perc2};
   const Colors& colors = codeLines ? kCodeLinesColors : kFileKindsColors;
   const Names& names = codeLines ? kCodeLinesNames : kFileKindsNames;
 
   PieChartDrawing pie;
-  pie.title = chartTitleLabel(contents.graphType);
+  pie.title = chartTitleLabel(contents.kind);
   pie.centre = {bounds.width / 2, bounds.height / 2};
   pie.radius = contents.CIRCLE_RADIUS;
   if (pie.radius > 0) {

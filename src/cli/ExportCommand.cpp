@@ -5,11 +5,11 @@
 #include <string>
 #include <system_error>
 
-#include "cli/Application.h"
 #include "cli/Commands.h"
 #include "cli/ExitStatus.h"
 #include "cli/Measurement.h"
 #include "cli/Output.h"
+#include "cli/ReportProcess.h"
 #include "export/CsvText.h"
 
 namespace quillmeter {
@@ -63,7 +63,7 @@ int exportFiles(const ExportOptions& options) {
   if (options.csv)
     status = exportCsvTo(*options.csv, *project, *fileGroupsNamed(options.kinds, project->kinds()));
   if (options.pdf) {
-    const int reported = runApplication({"--report", *options.pdf, options.kinds, project->initialPath()});
+    const int reported = runReportProcess({"--report", *options.pdf, options.kinds, project->initialPath()});
     if (status == kSuccess) status = reported;
   }
   return status;

@@ -8,15 +8,14 @@
 #include "analysis/MeasuredProject.h"
 #include "cli/JsonWriter.h"
 #include "cli/Output.h"
+#include "measuring/FileRanking.h"
 
 namespace quillmeter {
 namespace {
 
-using Counter = const std::optional<Number>& (FileObject::*)() const;
-
 struct CounterField {
   std::string_view name;
-  Counter value;
+  FileMeasure value;
 };
 
 constexpr std::array<CounterField, 7> kCounterFields = {{

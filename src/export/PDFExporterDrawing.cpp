@@ -3,7 +3,7 @@
 #include "analysis/MeasuredProject.h"
 #include "export/PDFExporter.h"
 #include "export/ReportDate.h"
-#include "export/StringTools.h"
+#include "export/ReportText.h"
 #include "measuring/FileKinds.h"
 #include "measuring/FileObject.h"
 #include "support/Addresses.h"
@@ -49,7 +49,6 @@ constexpr PdfColor kColumnTitleFill{247.0 / 255, 250.0 / 255, 1.0, 1.0};
 constexpr PdfColor kRule{230.0 / 255, 235.0 / 255, 239.0 / 255, 1.0};
 constexpr PdfColor kFooterRule{0.8, 0.8, 0.8, 1.0};
 
-constexpr int kPieOfKinds = 1;
 constexpr int kPieRadius = 150;
 constexpr int kPieCanvasWidth = 800;
 
@@ -128,7 +127,6 @@ void PDFExporter::drawPieChartGraph(const PdfRect& rect) {
   const PdfRect target{(rect.x + rect.width) * 0.5 - 50, rect.y - 10, kPieCanvasWidth, rect.height};
   const auto allFiles = static_cast<double>(source_.project->files().size());
   ReportChartRequest request;
-  request.graphType = kPieOfKinds;
   request.circleRadius = kPieRadius;
   request.pieChart2Perc1 = static_cast<double>(source_.project->getNumberCodeFiles()) / allFiles;
   request.pieChart2Perc2 = static_cast<double>(source_.project->getNumberXIBFiles()) / allFiles;

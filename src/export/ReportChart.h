@@ -13,9 +13,8 @@ struct ReportPicture {
   std::vector<std::uint8_t> rgba;
 };
 
-/// The graph that a report asks for.
+/// The graph that a report asks for: the pie of the kinds of files.
 struct ReportChartRequest {
-  int graphType = 0;
   int circleRadius = 0;         ///< points
   double pieChart2Perc1 = 0.0;  ///< share of the code files; a not-a-number in a project without files
   double pieChart2Perc2 = 0.0;  ///< share of the XIB files, likewise

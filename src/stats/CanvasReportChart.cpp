@@ -30,7 +30,7 @@ void colorTransparentPixels(QImage& image, const QColor& color) {
 
 ReportPicture CanvasReportChart::picture(const ReportChartRequest& request) const {
   DrawingCanvasView canvas;
-  canvas.setGraphType(request.graphType);
+  canvas.setGraphType(graphTypeOf(ChartKind::fileKindsPie));
   canvas.setCIRCLE_RADIUS(request.circleRadius);
   canvas.setPieChart2Perc1(request.pieChart2Perc1);
   canvas.setPieChart2Perc2(request.pieChart2Perc2);

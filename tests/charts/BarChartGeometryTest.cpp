@@ -18,9 +18,9 @@ ChartSize plainMeasure(const std::string& text, double fontSize) {
   return {static_cast<double>(text.size()) * fontSize / 2, fontSize};
 }
 
-ChartContents bars(std::vector<std::int64_t> lines, std::int32_t graphType = kSourceFilesBars) {
+ChartContents bars(std::vector<std::int64_t> lines, ChartKind kind = ChartKind::sourceFilesBars) {
   ChartContents contents;
-  contents.graphType = graphType;
+  contents.kind = kind;
   contents.arrayValues = FileList();
   for (const std::int64_t value : lines) {
     contents.maxNumberOfLines = std::max(contents.maxNumberOfLines, value);
@@ -50,13 +50,13 @@ TEST(BarChartGeometry, AxesRunDownThePlotAndAlongItsFoot) {
 }
 
 TEST(BarChartGeometry, TitleTellsTheChart) {
-  const auto title = [](std::int32_t chart) { return chartTitleLabel(chart).text; };
+  const auto title = [](std::int32_t number) { return chartTitleLabel(chartKindOf(number).value()).text; };
   EXPECT_EQ(title(0), "Chart type: code lines distribution");
   EXPECT_EQ(title(1), "Chart type: source/images/XIB distribution");
   EXPECT_EQ(title(2), "Chart type: top 15 source files by lines of code");
   EXPECT_EQ(title(3), "Chart type: top 15 XIB files by size");
   EXPECT_EQ(title(4), "Chart type: top 15 image files by size (excluding .icns)");
-  const ChartLabel label = chartTitleLabel(2);
+  const ChartLabel label = chartTitleLabel(ChartKind::sourceFilesBars);
   EXPECT_EQ(label.frame.x, 30);
   EXPECT_EQ(label.frame.y, 10);
   EXPECT_EQ(label.frame.width, 500);
@@ -88,13 +88,13 @@ TEST(BarChartGeometry, MaximumOfSevenCutsTenthsToWholeLinesAndLeavesZeroUnlabell
 }
 
 TEST(BarChartGeometry, SizesAreLabelledInKilobytesAndMegabytes) {
-  const Texts texts = gridTexts(bars({3'145'728}, kXIBFilesBars));
+  const Texts texts = gridTexts(bars({3'145'728}, ChartKind::xibFilesBars));
   EXPECT_EQ(texts[0], "3.0 MB");
   EXPECT_EQ(texts[1], "2.7 MB");
   EXPECT_EQ(texts.back(), "307.2 KB");
-  EXPECT_EQ(gridLabelText(kImageFilesBars, 1'048'575), "1024.0 KB");
-  EXPECT_EQ(gridLabelText(kImageFilesBars, 1'048'576), "1.0 MB");
-  EXPECT_EQ(gridLabelText(kSourceFilesBars, 1'048'576), "1048576");
+  EXPECT_EQ(gridLabelText(ChartKind::imageFilesBars, 1'048'575), "1024.0 KB");
+  EXPECT_EQ(gridLabelText(ChartKind::imageFilesBars, 1'048'576), "1.0 MB");
+  EXPECT_EQ(gridLabelText(ChartKind::sourceFilesBars, 1'048'576), "1048576");
 }
 
 TEST(BarChartGeometry, GridLabelsEndFivePointsBeforeTheAxisCentredOnTheirLine) {
@@ -143,7 +143,7 @@ TEST(BarChartGeometry, SizeChartsMeasureBytesAndTheSourceChartLines) {
   ChartContents contents = bars({100});
   contents.arrayValues = FileList{record({.name = "a", .size = 50, .lines = 25})};
   EXPECT_EQ(barChartDrawing(contents, plainMeasure).bars[0].rectangle->height, 102.5);
-  contents.graphType = kImageFilesBars;
+  contents.kind = ChartKind::imageFilesBars;
   EXPECT_EQ(barChartDrawing(contents, plainMeasure).bars[0].rectangle->height, 205);
 }
 

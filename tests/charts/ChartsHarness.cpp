@@ -88,7 +88,7 @@ QPalette darkPalette() {
 }
 
 struct Wishes {
-  int chart = kFileKindsPie;
+  int chart = graphTypeOf(ChartKind::fileKindsPie);
   std::optional<std::size_t> details;
   bool panel = false;
 };
@@ -96,7 +96,8 @@ struct Wishes {
 void fulfil(ChartsViewController& charts, const Wishes& wishes) {
   charts.startAnimation();
   const QString button = QStringLiteral("btnFilter%1").arg(wishes.chart + 1);
-  if (wishes.chart != kFileKindsPie) charts.tapSelectedFilter(charts.findChild<QPushButton*>(button));
+  if (wishes.chart != graphTypeOf(ChartKind::fileKindsPie))
+    charts.tapSelectedFilter(charts.findChild<QPushButton*>(button));
   QTimer::singleShot(1500, &charts, [&charts, wishes] {
     if (wishes.panel) charts.tapFilters();
     const auto& bars = charts.viewBarChart()->lensesDetailsPoints();

@@ -45,13 +45,13 @@ void setBars(DrawingCanvasView& canvas, std::size_t count, std::int64_t maximum 
     files.push_back(record({.name = "File" + std::to_string(i) + ".m",
                             .lines = maximum - static_cast<std::int64_t>(i) * maximum / 15}));
   }
-  canvas.setGraphType(kSourceFilesBars);
+  canvas.setGraphType(graphTypeOf(ChartKind::sourceFilesBars));
   canvas.setMaxNumberOfLines(maximum);
   canvas.setArrayValues(std::move(files));
 }
 
 void setPie(DrawingCanvasView& canvas, double first, double second) {
-  canvas.setGraphType(kCodeLinesPie);
+  canvas.setGraphType(graphTypeOf(ChartKind::codeLinesPie));
   canvas.setCIRCLE_RADIUS(200);
   canvas.setPieChart1Perc1(first);
   canvas.setPieChart1Perc2(second);
@@ -257,6 +257,10 @@ TEST(DrawingCanvasView, UnknownGraphTypeDrawsNothing) {
     blank.setDevicePixelRatio(1);
     EXPECT_EQ(image, blank);
     EXPECT_FALSE(canvas.lensesDetailsPoints().has_value());
+    EXPECT_EQ(canvas.graphType(), graphType);
+    EXPECT_EQ(canvas.descriptionAt(QPointF(330, 370)), QString());
+    canvas.updateAccessibleTexts();
+    EXPECT_EQ(canvas.accessibleName(), QString());
   }
 }
 
@@ -453,9 +457,9 @@ TEST(DrawingCanvasView, ToolTipTellsASlicesShare) {
 
 TEST(DrawingCanvasView, OnlyBarChartsTakeTheKeyboardFocus) {
   DrawingCanvasView canvas;
-  canvas.setGraphType(kFileKindsPie);
+  canvas.setGraphType(graphTypeOf(ChartKind::fileKindsPie));
   EXPECT_EQ(canvas.focusPolicy(), Qt::NoFocus);
-  canvas.setGraphType(kXIBFilesBars);
+  canvas.setGraphType(graphTypeOf(ChartKind::xibFilesBars));
   EXPECT_EQ(canvas.focusPolicy(), Qt::StrongFocus);
 }
 

@@ -10,11 +10,12 @@ namespace quillmeter {
 namespace {
 
 TEST(GrowIn, BarsTakeTwentySixStepsAndPiesSixteen) {
-  for (const std::int32_t bars : {kSourceFilesBars, kXIBFilesBars, kImageFilesBars}) {
+  for (const ChartKind bars :
+       {ChartKind::sourceFilesBars, ChartKind::xibFilesBars, ChartKind::imageFilesBars}) {
     EXPECT_EQ(firstGrowInStep(bars), 25);
   }
-  EXPECT_EQ(firstGrowInStep(kCodeLinesPie), 15);
-  EXPECT_EQ(firstGrowInStep(kFileKindsPie), 15);
+  EXPECT_EQ(firstGrowInStep(ChartKind::codeLinesPie), 15);
+  EXPECT_EQ(firstGrowInStep(ChartKind::fileKindsPie), 15);
 }
 
 TEST(GrowIn, FactorGoesFromNothingToExactlyOne) {

@@ -11,9 +11,9 @@ namespace {
 
 constexpr ChartSize kBounds{660, 540};
 
-ChartContents pie(double first, double second, std::int32_t graphType = kCodeLinesPie) {
+ChartContents pie(double first, double second, ChartKind kind = ChartKind::codeLinesPie) {
   ChartContents contents;
-  contents.graphType = graphType;
+  contents.kind = kind;
   contents.CIRCLE_RADIUS = 200;
   contents.pieChart1Perc1 = contents.pieChart2Perc1 = first;
   contents.pieChart1Perc2 = contents.pieChart2Perc2 = second;
@@ -105,7 +105,7 @@ TEST(PieChartGeometry, RadiusThatIsNotPositiveHasNoSlices) {
 TEST(PieChartGeometry, LegendTellsSharesInHundredths) {
   EXPECT_EQ(legend(pie(0.5, 0.125)),
             (Texts{"Code lines (50.00%)", "Comment lines (12.50%)", "Empty lines (37.50%)"}));
-  EXPECT_EQ(legend(pie(1.0 / 3, 0.5, kFileKindsPie)),
+  EXPECT_EQ(legend(pie(1.0 / 3, 0.5, ChartKind::fileKindsPie)),
             (Texts{"Source files (33.33%)", "XIB files (50.00%)", "Image files (16.67%)"}));
 }
 
@@ -133,7 +133,7 @@ TEST(PieChartGeometry, EachPieHasItsOwnColours) {
   expectColor(code.slices[1].color, 12, 141, 255);
   expectColor(code.slices[2].color, 0, 149, 184);
   expectColor(code.legend[2].color, 0, 149, 184);
-  const auto kinds = pieChartDrawing(pie(0.5, 0.25, kFileKindsPie), kBounds);
+  const auto kinds = pieChartDrawing(pie(0.5, 0.25, ChartKind::fileKindsPie), kBounds);
   expectColor(kinds.slices[0].color, 10, 139, 174);
   expectColor(kinds.slices[1].color, 162, 193, 172);
   expectColor(kinds.slices[2].color, 91, 138, 169);

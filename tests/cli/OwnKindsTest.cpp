@@ -120,7 +120,7 @@ TEST_F(AnExtensionOfATableOfItsOwn, IsInTheReportsGroupOfHeaders) {
 }
 
 TEST_F(AnExtensionOfATableOfItsOwn, IsAmongTheBarsOfTheSourceFiles) {
-  EXPECT_THAT(names(barChartValues(kSourceFilesBars, *project).files), ElementsAre("a.hpp", "b.h"));
+  EXPECT_THAT(names(barChartValues(ChartKind::sourceFilesBars, *project).files), ElementsAre("a.hpp", "b.h"));
 }
 
 TEST_F(AnExtensionOfATableOfItsOwn, IsInTheToolsRowOfCode) {

@@ -177,7 +177,6 @@ TEST_F(PDFReport, ChartShowsTheWholeProjectsShares) {
           record({.name = "d.png"})});
   ASSERT_THAT(chart->requests, SizeIs(1));
   const ReportChartRequest& request = chart->requests[0];
-  EXPECT_EQ(request.graphType, 1);
   EXPECT_EQ(request.circleRadius, 150);
   EXPECT_EQ(request.width, 800);
   EXPECT_EQ(request.height, 370);

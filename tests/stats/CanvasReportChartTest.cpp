@@ -12,7 +12,6 @@ using Pixel = std::array<int, 4>;
 
 ReportPicture pie(double first, double second) {
   ReportChartRequest request;
-  request.graphType = 1;
   request.circleRadius = 150;
   request.pieChart2Perc1 = first;
   request.pieChart2Perc2 = second;

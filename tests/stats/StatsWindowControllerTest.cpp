@@ -412,12 +412,8 @@ TEST_F(StatsWindow, GivesTheOtherTabsTheOverviewsTotalsAndTexts) {
 TEST_F(StatsWindow, GivesTheReportItsGraph) {
   open();
   ASSERT_NE(window->reportChart(), nullptr);
-  const ReportPicture picture = window->reportChart()->picture({.graphType = 1,
-                                                                .circleRadius = 60,
-                                                                .pieChart2Perc1 = 0.5,
-                                                                .pieChart2Perc2 = 0.2,
-                                                                .width = 300,
-                                                                .height = 200});
+  const ReportPicture picture = window->reportChart()->picture(
+      {.circleRadius = 60, .pieChart2Perc1 = 0.5, .pieChart2Perc2 = 0.2, .width = 300, .height = 200});
   EXPECT_EQ(picture.width, 900);
   EXPECT_EQ(picture.height, 600);
   EXPECT_FALSE(picture.rgba.empty());

@@ -1,4 +1,4 @@
-#include "cli/Application.h"
+#include "cli/ReportProcess.h"
 
 #include <spawn.h>
 #include <sys/wait.h>
@@ -21,7 +21,7 @@ int failed(const std::string& message) {
 
 }  // namespace
 
-int runApplication(std::vector<std::string> arguments) {
+int runReportProcess(std::vector<std::string> arguments) {
   std::error_code error;
   const auto tool = std::filesystem::read_symlink("/proc/self/exe", error);
   const std::string application = (tool.parent_path() / "quillmeter").string();

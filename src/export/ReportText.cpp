@@ -1,4 +1,4 @@
-#include "export/StringTools.h"
+#include "export/ReportText.h"
 
 #include <cmath>
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include "export/StringTools.h"
+#include "export/ReportText.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@ constexpr double kEnormous = 18446744073709551615.0;
 const PdfRect kRect{100, 200, 400, 60};
 const TextSize kSize{50.5, 16};
 
-class StringTools : public ::testing::Test {
+class ReportText : public ::testing::Test {
  protected:
   const FontMetrics helvetica{"Helvetica"};
   const FontMetrics bold{"Helvetica-Bold"};
@@ -26,7 +26,7 @@ void expectPoint(std::int32_t alignment, double x, double y) {
   EXPECT_EQ(point.y, y) << alignment;
 }
 
-TEST_F(StringTools, EachAlignmentCodeHasItsPlace) {
+TEST_F(ReportText, EachAlignmentCodeHasItsPlace) {
   expectPoint(0, 274, 224);  // 100 + 200 - 25.25, 200 + 30 - 5.33, cut to whole points
   expectPoint(1, 100, 224);
   expectPoint(2, 449, 224);
@@ -38,30 +38,30 @@ TEST_F(StringTools, EachAlignmentCodeHasItsPlace) {
   expectPoint(10, 274, 244);
 }
 
-TEST_F(StringTools, OtherAlignmentCodesMeanThePagesOrigin) {
+TEST_F(ReportText, OtherAlignmentCodesMeanThePagesOrigin) {
   for (const std::int32_t code : {4, 5, 11, -1, std::numeric_limits<std::int32_t>::max()})
     expectPoint(code, 0, 0);
 }
 
-TEST_F(StringTools, PositionsAreCutTowardZero) {
+TEST_F(ReportText, PositionsAreCutTowardZero) {
   const PdfPoint point = drawingPoint(3, {-10.5, -20.25, 0, 0}, {0.2, 0.5});
   EXPECT_EQ(point.x, -10);
   EXPECT_EQ(point.y, -20);
 }
 
-TEST_F(StringTools, PositionsStayInThe32BitRange) {
+TEST_F(ReportText, PositionsStayInThe32BitRange) {
   const PdfPoint point = drawingPoint(8, {0, 0, 0, 0}, {kEnormous, -kEnormous});
   EXPECT_EQ(point.x, std::numeric_limits<std::int32_t>::min());
   EXPECT_EQ(point.y, std::numeric_limits<std::int32_t>::max());
 }
 
-TEST_F(StringTools, EmptyTextMeasuresEnormouslyWide) {
+TEST_F(ReportText, EmptyTextMeasuresEnormouslyWide) {
   const TextSize size = getSizeWithFontWithLeterSpacingAndRect("", font18, 1, kRect);
   EXPECT_EQ(size.width, kEnormous);
   EXPECT_EQ(size.height, -1);
 }
 
-TEST_F(StringTools, LetterSpacingCountsOncePerCodeUnitLessOnePoint) {
+TEST_F(ReportText, LetterSpacingCountsOncePerCodeUnitLessOnePoint) {
   const double natural = naturalWidth("abc", font18);
   EXPECT_DOUBLE_EQ(getSizeWithFontWithLeterSpacingAndRect("abc", font18, 1, kRect).width, natural + 2);
   EXPECT_DOUBLE_EQ(getSizeWithFontWithLeterSpacingAndRect("abc", font18, 4, kRect).width, natural + 11);
@@ -72,13 +72,13 @@ TEST_F(StringTools, LetterSpacingCountsOncePerCodeUnitLessOnePoint) {
                    naturalWidth("😀", font18) + 1);
 }
 
-TEST_F(StringTools, HeightIsRoundedUpLessOne) {
+TEST_F(ReportText, HeightIsRoundedUpLessOne) {
   // 0.718 + 0.207 of 18 points are 16.65.
   EXPECT_EQ(getSizeWithFontWithLeterSpacingAndRect("abc", font18, 1, kRect).height, 16);
   EXPECT_EQ(getSizeWithFontWithLeterSpacingAndRect("abc", {&bold, 36}, 1, kRect).height, 33);
 }
 
-TEST_F(StringTools, WidthsAreThoseOfTheFont) {
+TEST_F(ReportText, WidthsAreThoseOfTheFont) {
   EXPECT_DOUBLE_EQ(naturalWidth("A", {&helvetica, 1000}), 667);
   EXPECT_DOUBLE_EQ(naturalWidth("A", {&bold, 1000}), 722);
   EXPECT_DOUBLE_EQ(naturalWidth("i ", {&helvetica, 1000}), 222 + 278);
@@ -86,12 +86,12 @@ TEST_F(StringTools, WidthsAreThoseOfTheFont) {
   EXPECT_DOUBLE_EQ(naturalWidth("", {&helvetica, 1000}), 0);
 }
 
-TEST_F(StringTools, CharactersThatTheFontLacksAreAsWideAsASpace) {
+TEST_F(ReportText, CharactersThatTheFontLacksAreAsWideAsASpace) {
   for (const char* text : {"東", "😀", "\u0301", "\x01", "\xFF"})
     EXPECT_DOUBLE_EQ(naturalWidth(text, {&helvetica, 1000}), 278) << text;
 }
 
-TEST_F(StringTools, LinesAreBrokenAtTheEndOfWords) {
+TEST_F(ReportText, LinesAreBrokenAtTheEndOfWords) {
   const double width = naturalWidth("hello world", font18);
   EXPECT_EQ(lineCount("hello world", font18, width + 0.1), 1U);
   EXPECT_EQ(lineCount("hello world", font18, width - 0.1), 2U);
@@ -99,7 +99,7 @@ TEST_F(StringTools, LinesAreBrokenAtTheEndOfWords) {
   EXPECT_EQ(lineCount("hello world hello world", font18, width + 0.1), 2U);
 }
 
-TEST_F(StringTools, WordThatIsTooLongIsBrokenInside) {
+TEST_F(ReportText, WordThatIsTooLongIsBrokenInside) {
   const double ten = naturalWidth("aaaaaaaaaa", font18);
   EXPECT_EQ(lineCount(std::string(10, 'a'), font18, ten + 0.1), 1U);
   EXPECT_EQ(lineCount(std::string(11, 'a'), font18, ten + 0.1), 2U);
@@ -109,7 +109,7 @@ TEST_F(StringTools, WordThatIsTooLongIsBrokenInside) {
   EXPECT_EQ(lineCount("aaa", font18, 0.0), 3U);  // a line takes at least one character
 }
 
-TEST_F(StringTools, LineBreaksBeginLines) {
+TEST_F(ReportText, LineBreaksBeginLines) {
   EXPECT_EQ(lineCount("", font18, 100), 0U);
   EXPECT_EQ(lineCount("a\nb", font18, 100), 2U);
   EXPECT_EQ(lineCount("a\r\nb", font18, 100), 2U);
@@ -117,12 +117,12 @@ TEST_F(StringTools, LineBreaksBeginLines) {
   EXPECT_EQ(lineCount("a\u2028b", font18, 100), 2U);
 }
 
-TEST_F(StringTools, HeightIsThatOfAllLines) {
+TEST_F(ReportText, HeightIsThatOfAllLines) {
   EXPECT_DOUBLE_EQ(heightForAttributedStringForWidth({"a\nb\nc", font18}, 100), 3 * 16.65);
   EXPECT_EQ(heightForAttributedStringForWidth({"", font18}, 100), 0);
 }
 
-TEST_F(StringTools, UnknownFontIsAsWideAsNothing) {
+TEST_F(ReportText, UnknownFontIsAsWideAsNothing) {
   const FontMetrics unknown("No Such Font");
   EXPECT_EQ(unknown.width('a'), 0);
   EXPECT_EQ(unknown.ascent(), 0);
