@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "files/ReadFaults.h"
 #include "measuring/FileObject.h"
 
 namespace quillmeter {
@@ -23,8 +24,13 @@ class MeasuredProject {
   MeasuredProject& operator=(const MeasuredProject&) = delete;
 
   /// The files of a known kind in the project's folder, in walk order, that are none of the project's files.
-  /// Each record has name, path and size only. For the clean-up tool.
-  [[nodiscard]] virtual FileList unreferencedFiles() const = 0;
+  /// Each record has name, path and size only. For the clean-up tool. Adds to `faults` what could not be
+  /// listed or looked at on the way: what is in there is not among the files.
+  [[nodiscard]] virtual FileList unreferencedFiles(ReadFaults& faults) const = 0;
+  [[nodiscard]] FileList unreferencedFiles() const {
+    ReadFaults ignored;
+    return unreferencedFiles(ignored);
+  }
 
   [[nodiscard]] bool isSourceFileType(const FileObject& file) const;
   [[nodiscard]] bool isXIBFileType(const FileObject& file) const;
@@ -51,9 +57,13 @@ class MeasuredProject {
   /// The bundle's name without ".xcodeproj".
   [[nodiscard]] const std::string& projectTitle() const { return projectTitle_; }
 
+  /// What the last read could not list or read.
+  [[nodiscard]] const ReadFaults& faults() const { return faults_; }
+
   void setArrayFiles(std::optional<FileList> files) { arrayFiles_ = std::move(files); }
   void setInitialPath(std::string path) { initialPath_ = std::move(path); }
   void setProjectTitle(std::string title) { projectTitle_ = std::move(title); }
+  void setFaults(ReadFaults faults) { faults_ = std::move(faults); }
 
  private:
   [[nodiscard]] std::size_t countOfKind(std::span<const std::string_view> extensions) const;
@@ -61,6 +71,7 @@ class MeasuredProject {
   std::optional<FileList> arrayFiles_;
   std::string initialPath_;
   std::string projectTitle_;
+  ReadFaults faults_;
 };
 
 }  // namespace quillmeter
