@@ -59,8 +59,8 @@ bool mayBeListed(const FileKindTable& kinds, const FolderWalk& walk, FolderWalk:
 /// One folder of the walk, opened when the first size in it is asked for.
 class CurrentFolder {
  public:
-  CurrentFolder(const FileSystem& fileSystem, std::string path)
-      : fileSystem_(fileSystem), path_(std::move(path)) {}
+  CurrentFolder(const FileSystem& fileSystem, std::string path, ReadFaults& faults)
+      : fileSystem_(fileSystem), path_(std::move(path)), faults_(faults) {}
 
   /// Without a "/" at the end, so empty for "/".
   [[nodiscard]] const std::string& path() const { return path_; }
@@ -71,28 +71,31 @@ class CurrentFolder {
     file->setFileName(std::string(name));
     file->setFilePath(path_ + "/" + std::string(name));
     const auto status = statusOf(*file);
+    faults_.note(*file->filePath(), status.error());
     if (!status || status->type != FileStatus::Type::regular) return nullptr;
     file->setFileSize(Number(status->size));
     return file;
   }
 
  private:
-  [[nodiscard]] std::optional<FileStatus> statusOf(const FileObject& file) {
+  [[nodiscard]] Result<FileStatus> statusOf(const FileObject& file) {
     if (!opened_) opened_ = fileSystem_.openFolder(path_.empty() ? "/" : path_);
     if (!*opened_) return fileSystem_.status(*file.filePath());
-    return fileSystem_.statusInFolder(*opened_, *file.fileName());
+    return fileSystem_.statusInFolder(**opened_, *file.fileName());
   }
 
   const FileSystem& fileSystem_;
   std::string path_;
-  std::optional<Descriptor> opened_;  ///< absent until asked for
+  ReadFaults& faults_;
+  std::optional<Result<Descriptor>> opened_;  ///< absent until asked for
 };
 
 }  // namespace
 
 FileList filesInFolder(const FileSystem& fileSystem, const FileKindTable& kinds, std::string_view folder,
-                       const FileList& except) {
-  const FolderWalk walk(folder);
+                       const FileList& except, ReadFaults& faults) {
+  const FolderWalk walk(folder, fileSystem);
+  faults.add(walk.faults());
   const PathsByFolder exceptions(except);
   FileList files;
   std::optional<CurrentFolder> current;
@@ -102,7 +105,8 @@ FileList filesInFolder(const FileSystem& fileSystem, const FileKindTable& kinds,
     if (!mayBeListed(kinds, walk, i)) continue;
     if (!current || currentEntry != walk.parent(i)) {
       currentEntry = walk.parent(i);
-      current.emplace(fileSystem, currentEntry == FolderWalk::kNone ? walk.root() : walk.path(currentEntry));
+      current.emplace(fileSystem, currentEntry == FolderWalk::kNone ? walk.root() : walk.path(currentEntry),
+                      faults);
       left = &exceptions.inFolder(current->path());
     }
     if (left->contains(walk.name(i))) continue;

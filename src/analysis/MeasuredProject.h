@@ -7,6 +7,8 @@
 #include <string_view>
 #include <utility>
 
+#include "analysis/ProjectFindings.h"
+#include "files/ReadFaults.h"
 #include "measuring/FileKinds.h"
 #include "measuring/FileObject.h"
 
@@ -23,9 +25,20 @@ class MeasuredProject {
   MeasuredProject(const MeasuredProject&) = delete;
   MeasuredProject& operator=(const MeasuredProject&) = delete;
 
+  /// The rules that its files were found by.
+  [[nodiscard]] virtual ProjectRules rules() const = 0;
+
+  /// What the last read found beside the files.
+  [[nodiscard]] const ProjectFindings& findings() const { return findings_; }
+
   /// The files of a known kind in the project's folder, in walk order, that are none of the project's files.
-  /// Each record has name, path and size only. For the clean-up tool.
-  [[nodiscard]] virtual FileList unreferencedFiles() const = 0;
+  /// Each record has name, path and size only. For the clean-up tool. Adds to `faults` what could not be
+  /// listed or looked at on the way: what is in there is not among the files.
+  [[nodiscard]] virtual FileList unreferencedFiles(ReadFaults& faults) const = 0;
+  [[nodiscard]] FileList unreferencedFiles() const {
+    ReadFaults ignored;
+    return unreferencedFiles(ignored);
+  }
 
   /// Which files belong to this project, and what they are.
   [[nodiscard]] const FileKindTable& kinds() const { return kinds_; }
@@ -65,17 +78,24 @@ class MeasuredProject {
   /// The bundle's name without ".xcodeproj".
   [[nodiscard]] const std::string& projectTitle() const { return projectTitle_; }
 
+  /// What the last read could not list or read.
+  [[nodiscard]] const ReadFaults& faults() const { return faults_; }
+
   void setArrayFiles(std::optional<FileList> files) { arrayFiles_ = std::move(files); }
   void setInitialPath(std::string path) { initialPath_ = std::move(path); }
   void setProjectTitle(std::string title) { projectTitle_ = std::move(title); }
+  void setFindings(ProjectFindings findings) { findings_ = std::move(findings); }
+  void setFaults(ReadFaults faults) { faults_ = std::move(faults); }
 
  private:
   [[nodiscard]] std::size_t countOfKind(FileKind kind) const;
 
   FileKindTable kinds_;
+  ProjectFindings findings_;
   std::optional<FileList> arrayFiles_;
   std::string initialPath_;
   std::string projectTitle_;
+  ReadFaults faults_;
 };
 
 }  // namespace quillmeter

@@ -1,15 +1,17 @@
 #include "analysis/ParseProject.h"
 
 #include <algorithm>
+#include <deque>
 #include <stdexcept>
 #include <utility>
 
 #include "analysis/FilesInFolder.h"
 #include "analysis/PathIndex.h"
 #include "analysis/ReferenceSection.h"
-#include "files/FileSystem.h"
 #include "files/FolderWalk.h"
-#include "measuring/FileStats.h"
+#include "files/ReadingFiles.h"
+#include "files/StoppableFileSystem.h"
+#include "measuring/OrderedMeasuring.h"
 #include "support/Paths.h"
 #include "support/Text.h"
 
@@ -18,6 +20,14 @@ namespace {
 
 constexpr std::string_view kUp = "../";
 constexpr int kMaximumClimbs = 50;
+constexpr std::uint64_t kLargestDescription = std::uint64_t{1} << 30;
+/// How many lines are looked at before their turn. More than files are on their way at a time, since most
+/// lines of some projects name none.
+constexpr std::size_t kLinesAhead = 1024;
+
+Beforehand knownOf(FolderWalk::Type type) {
+  return type == FolderWalk::Type::regular ? Beforehand::regular : Beforehand::nothing;
+}
 
 /// The folder that holds the bundle at `path`; "/" for a bundle in the root folder.
 std::string parentFolder(const std::string& path) {
@@ -43,53 +53,111 @@ std::optional<std::string> folded(const std::string& path) {
   return result;
 }
 
+/// `found.other` is short: a project references few kinds of files.
+void countOther(ProjectFindings& found, const std::string& extension) {
+  const auto known = std::find_if(found.other.begin(), found.other.end(),
+                                  [&extension](const auto& entry) { return entry.first == extension; });
+  if (known != found.other.end()) {
+    ++known->second;
+  } else {
+    found.other.emplace_back(extension, 1);
+  }
+}
+
 }  // namespace
+
+struct ParseProject::Line {
+  std::string identifier;                ///< of the reference
+  std::optional<std::string> reference;  ///< absent when the line names no file of a known kind
+  std::string candidate;  ///< the first path that the reference may stand for, being measured; empty for none
+};
 
 ParseProject::ParseProject() : ParseProject(FileSystem::real()) {}
 ParseProject::ParseProject(const FileSystem& fileSystem, FileKindTable kinds)
-    : MeasuredProject(std::move(kinds)), fileSystem_(&fileSystem) {}
+    : ProjectReader(fileSystem, std::move(kinds)) {}
 ParseProject::~ParseProject() = default;
 
-void ParseProject::parseFileAtPathAndDelegate(const std::string& path, ParseProjectDelegate* delegate) {
-  delegate_ = delegate;
+FileList ParseProject::filesOfProject(const std::string& bundle, ProjectFindings& found) {
   allAvailableFilesPaths_.reset();
-  setArrayFiles(FileList());
-  setInitialPath(path);
-  setProjectTitle(removingOccurrences(lastPathComponent(path), ".xcodeproj"));
-
-  auto project = readWholeFile(*fileSystem_, joinedPath(path, "project.pbxproj"));
-  if (project && !isValidUtf8(*project)) project.reset();
-  if (delegate_ != nullptr) delegate_->progressParsingProjectStarted();
-  if (const auto section = project ? referenceSection(*project) : std::nullopt)
-    setArrayFiles(filesOf(*section));
-  if (delegate_ != nullptr) delegate_->progressParsingProjectEnded();
+  const std::string description = joinedPath(bundle, "project.pbxproj");
+  const auto project = readWholeFile(fileSystem(), description, kLargestDescription);
+  noteOrFail(description, project.error());
+  reportStarted();
+  const bool isText = project && isValidUtf8(*project);
+  const auto section = isText ? referenceSection(*project) : std::nullopt;
+  return section ? filesOf(*section, found) : FileList();
 }
 
-FileList ParseProject::filesOf(std::string_view section) {
+FileList ParseProject::filesOf(std::string_view section, ProjectFindings& found) {
+  WorkerPool pool(threads());
+  FolderWalk walk(parentFolder(initialPath()), fileSystem(), pool);
+  if (walk.wants().count > 0) throw TooFewDescriptors(walk.wants().firstPath, walk.wants().firstError);
+  if (isStopped()) return {};
+  faultsSoFar().add(walk.faults());
+  allAvailableFilesPaths_ = std::make_unique<PathIndex>(std::move(walk));
+  OrderedMeasuring measuring(fileSystem(), kinds(), pool);
+  return filesOf(section, measuring, found);
+}
+
+FileList ParseProject::filesOf(std::string_view section, OrderedMeasuring& measuring,
+                               ProjectFindings& found) {
   FileList files;
-  allAvailableFilesPaths_ = std::make_unique<PathIndex>(FolderWalk(parentFolder(initialPath())));
+  std::deque<Line> ahead;
   const auto lines = static_cast<std::uint32_t>(std::count(section.begin(), section.end(), '\n')) + 1U;
+  std::uint32_t next = 0;
   for (std::uint32_t i = 0; i < lines; ++i) {
-    const std::size_t end = section.find('\n');
-    if (auto file = fileOf(section.substr(0, end))) files.push_back(std::move(file));
-    if (end != std::string_view::npos) section.remove_prefix(end + 1);
+    for (; next < lines && ahead.size() < kLinesAhead && measuring.hasRoom(); ++next) {
+      const std::size_t end = section.find('\n');
+      ahead.push_back(lineAhead(section.substr(0, end), measuring, found));
+      if (end != std::string_view::npos) section.remove_prefix(end + 1);
+    }
+    if (isStopped()) return {};
+    if (auto file = fileOf(ahead.front(), measuring, found)) files.push_back(std::move(file));
+    ahead.pop_front();
     // A section of a single line divides 0 by 0; the not-a-number is passed on as it is.
-    if (delegate_ != nullptr) delegate_->progressParsingProject(static_cast<double>(i) / (lines - 1U));
+    reportProgress(static_cast<double>(i) / (lines - 1U));
   }
   return files;
 }
 
-std::shared_ptr<FileObject> ParseProject::fileOf(std::string_view line) {
-  const auto reference = parseLineFileReference(line);
-  if (!reference) return nullptr;
+/// Reads a line and lets the first file that it may stand for be measured. That is nearly always the one;
+/// what is to be done where nothing is there waits for the line's turn.
+ParseProject::Line ParseProject::lineAhead(std::string_view text, OrderedMeasuring& measuring,
+                                           ProjectFindings& found) {
+  Line line{{}, parseLineFileReference(text), {}};
+  if (!line.reference) {
+    if (const auto extension = extensionOfOtherReference(text)) countOther(found, *extension);
+    return line;
+  }
+  line.identifier = referenceIdentifier(text);
+  allAvailableFilesPaths_->forEachCandidate(*line.reference,
+                                            [&](const std::string& candidate, FolderWalk::Type type) {
+                                              line.candidate = candidate;
+                                              measuring.add(candidate, knownOf(type));
+                                              return true;
+                                            });
+  return line;
+}
+
+std::shared_ptr<FileObject> ParseProject::fileOf(const Line& line, OrderedMeasuring& measuring,
+                                                 ProjectFindings& found) {
+  if (!line.reference) return nullptr;
+  std::shared_ptr<FileObject> file;
+  if (!line.candidate.empty()) file = noted(measuring.take(), line.candidate);
   try {
-    auto file = getFileInfoAtInitialPath(*reference, initialPath());
-    if (file && log_) log_("parsing file " + file->fileName().value_or(""));
-    return file;
+    if (!file) file = fileAt(*line.reference, initialPath(), line.candidate);
   } catch (const std::logic_error&) {
-    if (log_) log_("error parsing the file at path: " + initialPath());
+    log("error parsing the file at path: " + initialPath());
     return nullptr;
   }
+  if (!file) {
+    found.missing.push_back({*line.reference, line.identifier});
+    return nullptr;
+  }
+  if (lastPathComponent(*line.reference) != file->fileName())
+    found.otherCase.push_back({*line.reference, file->filePath().value_or(""), line.identifier});
+  if (wantsLog()) log("parsing file " + file->fileName().value_or(""));
+  return file;
 }
 
 std::optional<std::string> ParseProject::parseLineFileReference(std::string_view line) const {
@@ -97,7 +165,7 @@ std::optional<std::string> ParseProject::parseLineFileReference(std::string_view
 }
 
 std::vector<std::string> ParseProject::getAllFilesFromInitialPath(const std::string& path) const {
-  const FolderWalk walk(parentFolder(path));
+  const FolderWalk walk(parentFolder(path), fileSystem());
   std::vector<std::string> paths;
   paths.reserve(walk.size());
   for (FolderWalk::Index i = 0; i < walk.size(); ++i)
@@ -107,35 +175,56 @@ std::vector<std::string> ParseProject::getAllFilesFromInitialPath(const std::str
 
 std::shared_ptr<FileObject> ParseProject::getFileInfoAtInitialPath(const std::string& reference,
                                                                    const std::string& path) {
+  return fileAt(reference, path, {});
+}
+
+/// What the reference stands for; nothing is at the path `missing`, if it is not empty.
+std::shared_ptr<FileObject> ParseProject::fileAt(const std::string& reference, const std::string& path,
+                                                 const std::string& missing) {
   std::shared_ptr<FileObject> file;
   if (allAvailableFilesPaths_) {
-    allAvailableFilesPaths_->forEachCandidate(
-        reference, [&](const std::string& candidate, FolderWalk::Type type) {
-          file = type == FolderWalk::Type::regular ? regularFileStats(*fileSystem_, kinds(), candidate)
-                                                   : getFileStats(candidate);
-          return file != nullptr;
-        });
+    allAvailableFilesPaths_->forEachCandidate(reference,
+                                              [&](const std::string& candidate, FolderWalk::Type type) {
+                                                if (candidate == missing) return false;
+                                                file = measured(candidate, knownOf(type));
+                                                return file != nullptr;
+                                              });
   }
   if (file || !reference.starts_with(kUp)) return file;
   return linkedFile(reference, path);
 }
 
-std::shared_ptr<FileObject> ParseProject::linkedFile(std::string reference, const std::string& path) const {
+std::shared_ptr<FileObject> ParseProject::linkedFile(std::string reference, const std::string& path) {
   const std::string folder = parentFolder(path);
   std::string joined;
   for (int climbs = 0; climbs < kMaximumClimbs; ++climbs) {
     joined = joinedPath(folder, reference);
     if (!reference.starts_with(kUp)) break;
     reference.erase(0, kUp.size());
-    if (fileSystem_->status(joined)) break;
+    if (exists(joined)) break;
   }
-  if (const auto target = folded(joined)) return getFileStats(*target);
-  if (log_) log_("something bad happened while trying to convert the linked path");
-  return getFileStats(joined);
+  if (const auto target = folded(joined)) return measured(*target, Beforehand::nothing);
+  log("something bad happened while trying to convert the linked path");
+  return measured(joined, Beforehand::nothing);
+}
+
+bool ParseProject::exists(const std::string& path) {
+  const auto status = fileSystem().status(path);
+  noteOrFail(path, status.error());
+  return static_cast<bool>(status);
+}
+
+std::shared_ptr<FileObject> ParseProject::measured(const std::string& path, Beforehand beforehand) {
+  return noted(measuredFile(fileSystem(), kinds(), path, beforehand), path);
+}
+
+std::shared_ptr<FileObject> ParseProject::noted(MeasuredFile measured, const std::string& path) {
+  noteOrFail(path, measured.error);
+  return std::move(measured.file);
 }
 
 std::shared_ptr<FileObject> ParseProject::getFileStats(const std::string& path) const {
-  return fileStats(*fileSystem_, kinds(), path);
+  return fileStats(fileSystem(), kinds(), path);
 }
 
 FileList ParseProject::allFilesInFolder() const {
@@ -143,8 +232,18 @@ FileList ParseProject::allFilesInFolder() const {
 }
 
 FileList ParseProject::filesInFolderExcept(const FileList& files) const {
-  return filesInFolder(*fileSystem_, kinds(),
-                       removingOccurrences(initialPath(), lastPathComponent(initialPath())), files);
+  ReadFaults ignored;
+  return filesInFolder(files, ignored);
+}
+
+FileList ParseProject::unreferencedFiles(ReadFaults& faults) const {
+  return filesInFolder(files(), faults);
+}
+
+FileList ParseProject::filesInFolder(const FileList& except, ReadFaults& faults) const {
+  if (initialPath().empty()) return {};
+  const std::string folder = removingOccurrences(initialPath(), lastPathComponent(initialPath()));
+  return quillmeter::filesInFolder(fileSystem(), kinds(), folder, except, faults);
 }
 
 }  // namespace quillmeter

@@ -1,51 +1,35 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
-#include "analysis/MeasuredProject.h"
+#include "analysis/ProjectReader.h"
+#include "measuring/FileStats.h"
 
 namespace quillmeter {
 
-class FileSystem;
+class OrderedMeasuring;
 class PathIndex;
-
-/// Receives the progress of a read. The calls come on the reader's own thread, in this order: started once,
-/// then a number for each line of the project's file section (the last one is 1; a section of a single line
-/// gives a not-a-number), ended once. An implementation must not block: one that shows progress in windows
-/// posts the call to its own thread and returns.
-class ParseProjectDelegate {
- public:
-  virtual ~ParseProjectDelegate() = default;
-  virtual void progressParsingProjectStarted() = 0;
-  virtual void progressParsingProject(double fraction) = 0;
-  virtual void progressParsingProjectEnded() = 0;
-};
 
 /// Reads a project bundle (a folder named *.xcodeproj) by the classic rules.
 ///
 /// The project description is not parsed as a property list: its file-reference section is cut out as text,
 /// one path is read per line, and each path is looked for among all entries below the folder that holds the
-/// bundle. What cannot be read or found is left out in silence.
+/// bundle. What cannot be found is left out in silence; what is there and could not be listed or read is
+/// counted in `faults`.
 ///
-/// One object serves one thread at a time; after `parseFileAtPathAndDelegate` has returned it is only read,
-/// and may then be shared by threads. It touches nothing but its own fields and the file system.
-class ParseProject final : public MeasuredProject {
+/// The delegate gets a number for each line of the section.
+class ParseProject final : public ProjectReader {
  public:
-  using LogSink = std::function<void(std::string_view)>;
-
   ParseProject();
   /// Reads through `fileSystem` instead of the real one; it must outlive this object. `kinds` says which
   /// files belong to a project and what they are.
   explicit ParseProject(const FileSystem& fileSystem, FileKindTable kinds = classicKinds());
   ~ParseProject() override;
 
-  /// Reads the whole project whose bundle lies at `path` (no trailing "/"), on the caller's thread. A second
-  /// call starts again from an empty list. `delegate` is not owned and may be null.
-  void parseFileAtPathAndDelegate(const std::string& path, ParseProjectDelegate* delegate);
+  [[nodiscard]] ProjectRules rules() const override { return ProjectRules::classic; }
 
   /// The path that a line of the file section references, when it is of a known kind; absent for any other
   /// line.
@@ -65,31 +49,37 @@ class ParseProject final : public MeasuredProject {
   [[nodiscard]] std::shared_ptr<FileObject> getFileStats(const std::string& path) const;
 
   /// Every file of a known kind below the folder that holds the bundle, in walk order, hidden files left out;
-  /// each record has name, path and size only. For the clean-up tool.
+  /// each record has name, path and size only. Empty for a project that was never read. For the clean-up
+  /// tool.
   [[nodiscard]] FileList allFilesInFolder() const;
 
   /// Those of `allFilesInFolder` whose path is not the path of any of `files`, compared byte by byte. Much
   /// quicker than leaving them out afterwards.
   [[nodiscard]] FileList filesInFolderExcept(const FileList& files) const;
 
-  [[nodiscard]] FileList unreferencedFiles() const override { return filesInFolderExcept(files()); }
-
-  [[nodiscard]] ParseProjectDelegate* delegate() const { return delegate_; }
-  void setDelegate(ParseProjectDelegate* delegate) { delegate_ = delegate; }
-
-  /// Where plain diagnostic lines go, one call a line, on the reader's thread. Without a sink no line is
-  /// made.
-  void setLogSink(LogSink sink) { log_ = std::move(sink); }
+  using MeasuredProject::unreferencedFiles;
+  [[nodiscard]] FileList unreferencedFiles(ReadFaults& faults) const override;
 
  private:
-  [[nodiscard]] std::shared_ptr<FileObject> linkedFile(std::string reference, const std::string& path) const;
-  [[nodiscard]] FileList filesOf(std::string_view section);
-  [[nodiscard]] std::shared_ptr<FileObject> fileOf(std::string_view line);
+  /// A line of the file section whose file may be on its way already.
+  struct Line;
 
-  const FileSystem* fileSystem_;
-  ParseProjectDelegate* delegate_ = nullptr;
+  [[nodiscard]] FileList filesOfProject(const std::string& bundle, ProjectFindings& found) override;
+  [[nodiscard]] FileList filesOf(std::string_view section, ProjectFindings& found);
+  [[nodiscard]] FileList filesOf(std::string_view section, OrderedMeasuring& measuring,
+                                 ProjectFindings& found);
+  [[nodiscard]] Line lineAhead(std::string_view line, OrderedMeasuring& measuring, ProjectFindings& found);
+  [[nodiscard]] std::shared_ptr<FileObject> fileOf(const Line& line, OrderedMeasuring& measuring,
+                                                   ProjectFindings& found);
+  [[nodiscard]] std::shared_ptr<FileObject> fileAt(const std::string& reference, const std::string& path,
+                                                   const std::string& missing);
+  [[nodiscard]] std::shared_ptr<FileObject> linkedFile(std::string reference, const std::string& path);
+  [[nodiscard]] bool exists(const std::string& path);
+  [[nodiscard]] std::shared_ptr<FileObject> measured(const std::string& path, Beforehand beforehand);
+  [[nodiscard]] std::shared_ptr<FileObject> noted(MeasuredFile measured, const std::string& path);
+  [[nodiscard]] FileList filesInFolder(const FileList& except, ReadFaults& faults) const;
+
   std::unique_ptr<PathIndex> allAvailableFilesPaths_;
-  LogSink log_;
 };
 
 }  // namespace quillmeter

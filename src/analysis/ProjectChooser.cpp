@@ -5,7 +5,7 @@
 #include <optional>
 #include <system_error>
 
-#include "files/FileSystem.h"
+#include "files/ReadingFiles.h"
 #include "support/Paths.h"
 #include "support/Text.h"
 
@@ -13,7 +13,7 @@ namespace quillmeter {
 namespace {
 
 std::optional<std::string> projectInside(const std::string& folder, const FileSystem& fileSystem) {
-  const auto names = fileSystem.listFolder(folder);
+  const auto names = listFolder(fileSystem, folder);
   if (!names) return std::nullopt;
   for (const std::string& name : *names) {
     if (lowerCased(name).ends_with(".xcodeproj")) return joinedPath(folder, name);
@@ -44,7 +44,11 @@ std::string absoluteFolder(const std::string& argument) {
 }
 
 bool holdsProject(const std::string& folder) {
-  return projectInside(folder, FileSystem::real()).has_value();
+  return holdsProject(folder, FileSystem::real());
+}
+
+bool holdsProject(const std::string& folder, const FileSystem& fileSystem) {
+  return projectInside(folder, fileSystem).has_value();
 }
 
 }  // namespace quillmeter

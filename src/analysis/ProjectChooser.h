@@ -18,5 +18,6 @@ class FileSystem;
 
 /// Whether a folder directly holds a project bundle. False for anything that is not a readable folder.
 [[nodiscard]] bool holdsProject(const std::string& folder);
+[[nodiscard]] bool holdsProject(const std::string& folder, const FileSystem& fileSystem);
 
 }  // namespace quillmeter

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "measuring/FileKinds.h"
+#include "support/Paths.h"
 #include "support/Text.h"
 
 namespace quillmeter {
@@ -33,15 +34,34 @@ std::optional<std::string_view> referenceSection(std::string_view project) {
   return trimmed(project.substr(0, last));
 }
 
-std::optional<std::string> referencedPath(std::string_view line, const FileKindTable& kinds) {
+namespace {
+
+std::optional<std::string> pathOfAnyKind(std::string_view line) {
   const auto entries = secondPiece(line, "*/ = {");
   if (!entries) return std::nullopt;
   const auto value = secondPiece(trimmed(firstPiece(*entries, "}")), "path =");
   if (!value) return std::nullopt;
   std::string path(trimmed(firstPiece(*value, ";")));
   if (path.starts_with('"')) std::erase(path, '"');
-  if (kinds.kindOfPath(path) == FileKind::none) return std::nullopt;
   return path;
+}
+
+}  // namespace
+
+std::optional<std::string> referencedPath(std::string_view line, const FileKindTable& kinds) {
+  auto path = pathOfAnyKind(line);
+  if (path && kinds.kindOfPath(*path) == FileKind::none) path.reset();
+  return path;
+}
+
+std::optional<std::string> extensionOfOtherReference(std::string_view line) {
+  const auto path = pathOfAnyKind(line);
+  return path ? std::optional(lowerCased(pathExtension(*path))) : std::nullopt;
+}
+
+std::string referenceIdentifier(std::string_view line) {
+  line = trimmed(line);
+  return std::string(line.substr(0, line.find_first_of(" \t/=")));
 }
 
 }  // namespace quillmeter

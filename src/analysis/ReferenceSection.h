@@ -18,4 +18,11 @@ class FileKindTable;
 /// loses all its double quotes. Absent for a line of any other form.
 [[nodiscard]] std::optional<std::string> referencedPath(std::string_view line, const FileKindTable& kinds);
 
+/// The lower-cased extension, perhaps empty, of the path in a line that `referencedPath` gives none for
+/// because of its kind; absent when the line has no path.
+[[nodiscard]] std::optional<std::string> extensionOfOtherReference(std::string_view line);
+
+/// The identifier that a line begins with; empty when it has none.
+[[nodiscard]] std::string referenceIdentifier(std::string_view line);
+
 }  // namespace quillmeter

@@ -47,7 +47,11 @@ AppDelegate::AppDelegate(Services services, std::unique_ptr<OpenPanel> openPanel
 
 AppDelegate::~AppDelegate() {
   // Readers first: whatever they have still posted must not find a half-destroyed application.
-  qDeleteAll(findChildren<ProjectRead*>(Qt::FindDirectChildrenOnly));
+  // All are stopped before the first is waited for.
+  const auto reads = findChildren<ProjectRead*>(Qt::FindDirectChildrenOnly);
+  for (ProjectRead* read : reads)
+    read->stop();
+  qDeleteAll(reads);
   ui_->viewDrag->setDelegate(nullptr);
 }
 

@@ -3,25 +3,17 @@
 #include <exception>
 #include <utility>
 
-#include "app/StoppableFileSystem.h"
+#include "files/FileSystem.h"
 
 namespace quillmeter {
-namespace {
-
-/// A project together with the file system that it reads through for as long as it lives.
-struct ProjectOnFileSystem {
-  explicit ProjectOnFileSystem(std::shared_ptr<StoppableFileSystem> given)
-      : fileSystem(std::move(given)), project(*fileSystem) {}
-  std::shared_ptr<StoppableFileSystem> fileSystem;
-  ParseProject project;
-};
-
-}  // namespace
 
 ProjectRead::ProjectRead(std::function<void(ProjectRead&)> body, QObject* parent)
-    : QObject(parent), body_(std::move(body)), fileSystem_(std::make_shared<StoppableFileSystem>()) {
-  const auto owner = std::make_shared<ProjectOnFileSystem>(fileSystem_);
-  project_ = {owner, &owner->project};
+    : ProjectRead(FileSystem::real(), std::move(body), parent) {}
+
+ProjectRead::ProjectRead(const FileSystem& fileSystem, std::function<void(ProjectRead&)> body,
+                         QObject* parent)
+    : QObject(parent), body_(std::move(body)), project_(std::make_shared<ParseProject>(fileSystem)) {
+  project_->setStopToken(stopSource_.get_token());
 }
 
 ProjectRead::~ProjectRead() {
@@ -34,7 +26,7 @@ void ProjectRead::start() {
 }
 
 void ProjectRead::stop() {
-  fileSystem_->stop();
+  stopSource_.request_stop();
 }
 
 void ProjectRead::run() {
@@ -43,7 +35,8 @@ void ProjectRead::run() {
     body_(*this);
     succeeded = true;
   } catch (const std::exception&) {
-    // No memory for the project, say. The user learns of it as of any project that cannot be read.
+    // No memory for the project, say, or too few descriptors. The user learns of it as of any project that
+    // cannot be read.
   }
   postEnded(succeeded);
 }

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <stop_token>
 #include <thread>
 
 #include "analysis/ParseProject.h"
@@ -11,17 +12,14 @@
 
 namespace quillmeter {
 
-class StoppableFileSystem;
-
 /// One read of one project, on a thread of its own. What the reader reports on its thread comes out as
 /// signals on the main thread, in the same order; the reader never waits for them. Progress that the main
 /// thread has not yet come around to is overtaken by newer progress, so that a hundred thousand reports cost
 /// it no more than a few. The project itself crosses over with `ended` and is not touched by the reader any
 /// more from then on.
 ///
-/// Lives on the main thread. Destroying it stops the reader and waits for it: as long as one call to the file
-/// system takes and the rest of the lines are run through with every file missing, which is some milliseconds
-/// on a disk that answers.
+/// Lives on the main thread. Destroying it stops the reader and waits for it: as long as the call to the file
+/// system takes that each of its threads is in.
 class ProjectRead final : public QObject, private ParseProjectDelegate {
   Q_OBJECT
 
@@ -29,15 +27,20 @@ class ProjectRead final : public QObject, private ParseProjectDelegate {
   /// `body` runs on the reader's thread; it reads `project()` with `delegate()`. If it throws, the read ends
   /// without a project.
   explicit ProjectRead(std::function<void(ProjectRead&)> body, QObject* parent = nullptr);
+  /// The same through another file system than the disk, which outlives the project.
+  ProjectRead(const FileSystem& fileSystem, std::function<void(ProjectRead&)> body,
+              QObject* parent = nullptr);
   ~ProjectRead() override;
 
   void start();
-  /// Lets the reader run dry; `ended` still comes.
+  /// Gives the read up; `ended` still comes, with a project without files.
   void stop();
 
   /// For the body.
   [[nodiscard]] ParseProject& project() { return *project_; }
   [[nodiscard]] ParseProjectDelegate* delegate() { return this; }
+  /// Asked to stop by `stop`. The project knows it already.
+  [[nodiscard]] std::stop_token stopToken() const { return stopSource_.get_token(); }
 
  Q_SIGNALS:
   void started();
@@ -55,7 +58,7 @@ class ProjectRead final : public QObject, private ParseProjectDelegate {
 
   std::function<void(ProjectRead&)> body_;
   MessageQueue toMainThread_;
-  std::shared_ptr<StoppableFileSystem> fileSystem_;
+  std::stop_source stopSource_;
   std::shared_ptr<ParseProject> project_;
   std::atomic<double> latestProgress_ = 0.0;
   std::atomic<bool> progressIsPosted_ = false;

@@ -47,7 +47,11 @@ std::optional<std::string> writeToStandardOutput(const std::optional<std::string
 
 int report(const std::string& file, const FileGroups& groups, const std::string& bundle) {
   const auto project = std::make_shared<ParseProject>();
-  project->parseFileAtPathAndDelegate(bundle, nullptr);
+  try {
+    project->parseFileAtPathAndDelegate(bundle, nullptr);
+  } catch (const TooFewDescriptors& failure) {
+    return failed(kNothingMeasured, failure.what());
+  }
   if (project->files().empty()) return failed(kNothingMeasured, "nothing to report in " + bundle);
   const auto files = reportFiles(*project, groups);
   const auto exporter = PDFExporter::create(sourceOf(project));

@@ -63,7 +63,14 @@ void writeTable(const FileTable& table, Output& output) {
 int cleanup(const CleanupOptions& options) {
   const auto project = readProject(options.read);
   if (!project) return kNothingMeasured;
-  const FileTable table = cleanUpTable(unreferencedFiles(*project), project->kinds());
+  ReadFaults ownFaults;
+  const FileTable table = cleanUpTable(project->unreferencedFiles(ownFaults), project->kinds());
+  // Both walks met the same faults, most likely.
+  tellOfFaults(project->faults().count > 0 ? project->faults() : ownFaults);
+  if (project->faults().mayMislead || ownFaults.mayMislead) {
+    complain("no list, since a file that is referenced there might look left over");
+    return kNothingMeasured;
+  }
   Output output(std::nullopt);
   if (options.format == "json") {
     writeJson(table, output);

@@ -59,6 +59,7 @@ int exportFiles(const ExportOptions& options) {
   }
   const auto project = readProject(options.read);
   if (!project) return kNothingMeasured;
+  tellOfFaults(project->faults());
   int status = kSuccess;
   if (options.csv)
     status = exportCsvTo(*options.csv, *project, *fileGroupsNamed(options.kinds, project->kinds()));

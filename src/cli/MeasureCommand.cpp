@@ -21,6 +21,7 @@ struct MeasureOptions {
 int measure(const MeasureOptions& options) {
   const auto project = readProject(options.read);
   if (!project) return kNothingMeasured;
+  tellOfFaults(project->faults());
   Output output(options.outputPath);
   if (options.format == "json") {
     writeJson(*project, output);

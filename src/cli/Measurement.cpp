@@ -1,7 +1,9 @@
 #include "cli/Measurement.h"
 
 #include <CLI/CLI.hpp>
+#include <cerrno>
 #include <cstdio>
+#include <system_error>
 
 #include "analysis/ProjectChooser.h"
 #include "cli/ExitStatus.h"
@@ -11,6 +13,14 @@
 #include "support/Text.h"
 
 namespace quillmeter {
+namespace {
+
+std::string reasonFor(DiskError error) {
+  if (error.number == EFBIG) return "it is larger than 1 GiB, which no project description is";
+  return std::generic_category().message(error.number);
+}
+
+}  // namespace
 
 void addReadOptions(CLI::App& command, ReadOptions& options) {
   const auto mistakeIn = [](const std::string& path) {
@@ -29,10 +39,16 @@ std::unique_ptr<ParseProject> readProject(const ReadOptions& options) {
     project->setLogSink([](std::string_view line) { std::fprintf(stderr, "%s\n", onOneLine(line).c_str()); });
   }
   ProgressBar progress(!options.quiet && !options.verbose);
-  project->parseFileAtPathAndDelegate(chosenProject(absoluteFolder(options.project)), &progress);
+  try {
+    project->parseFileAtPathAndDelegate(chosenProject(absoluteFolder(options.project)), &progress);
+  } catch (const TooFewDescriptors& failure) {
+    complain(failure.what());
+    return nullptr;
+  }
   project->setDelegate(nullptr);
   if (!project->files().empty()) return project;
 
+  tellOfFaults(project->faults());
   if (!FileSystem::real().status(project->initialPath())) {
     complain(project->initialPath() + ": no such file or folder");
   }
@@ -40,6 +56,13 @@ std::unique_ptr<ParseProject> readProject(const ReadOptions& options) {
       "Error processing current folder. Please contact the Support team to assist you with importing this "
       "project.");
   return nullptr;
+}
+
+void tellOfFaults(const ReadFaults& faults) {
+  if (faults.count == 0) return;
+  const std::string first = faults.firstPath + ": " + reasonFor(faults.firstError);
+  if (faults.count == 1) return complain("one file or folder could not be read: " + first);
+  complain(std::to_string(faults.count) + " files or folders could not be read, the first of them " + first);
 }
 
 void complain(const std::string& message) {

@@ -23,9 +23,13 @@ struct ReadOptions {
 /// Adds the project and how it is read to a command's arguments. `options` must outlive the command.
 void addReadOptions(CLI::App& command, ReadOptions& options);
 
-/// Reads the project. Null when not one file could be measured; the user has been told on standard error
-/// then.
+/// Reads the project. Null when not one file could be measured, or when too many files are open to find all
+/// of them; the user has been told on standard error then. What could not be read of a project that could,
+/// the command tells with `tellOfFaults`.
 [[nodiscard]] std::unique_ptr<ParseProject> readProject(const ReadOptions& options);
+
+/// Tells the user on standard error what could not be listed or read, if anything: how many, and the first.
+void tellOfFaults(const ReadFaults& faults);
 
 /// Writes one line for the user on standard error, behind the tool's name.
 void complain(const std::string& message);

@@ -119,11 +119,12 @@ class TableFormat final : public CountsFormat {
 
 /// Why the file at `path` cannot be opened for counting; nothing when it can.
 std::optional<std::string> obstacleTo(const std::string& path) {
-  const Descriptor file = FileSystem::real().open(path);
-  if (!file) return std::strerror(errno);
-  const auto status = FileSystem::real().status(path);
-  if (status && status->type == FileStatus::Type::folder) return std::strerror(EISDIR);
-  if (!status || status->type != FileStatus::Type::regular) return "Not a regular file";
+  const auto file = FileSystem::real().open(path);
+  if (!file) return std::strerror(file.error().number);
+  const auto status = FileSystem::real().statusOfOpen(*file);
+  if (!status) return std::strerror(status.error().number);
+  if (status->type == FileStatus::Type::folder) return std::strerror(EISDIR);
+  if (status->type != FileStatus::Type::regular) return "Not a regular file";
   return std::nullopt;
 }
 

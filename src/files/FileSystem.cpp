@@ -2,18 +2,36 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <linux/magic.h>
 #include <sys/stat.h>
+#include <sys/vfs.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <climits>
-#include <exception>
-#include <memory>
-#include <string_view>
 
 namespace quillmeter {
 namespace {
+
+DiskError lastError() {
+  return {errno};
+}
+
+Result<Descriptor> opened(int descriptor) {
+  if (descriptor < 0) return lastError();
+  return Descriptor(descriptor);
+}
+
+/// Makes a call again for as long as signals interrupt it.
+template <class Call>
+auto uninterrupted(const Call& call) {
+  auto result = call();
+  while (result.error().number == EINTR)
+    result = call();
+  return result;
+}
 
 /// A path cut so that the system takes it: what is left of it, relative to an open folder.
 struct ShortenedPath {
@@ -22,21 +40,29 @@ struct ShortenedPath {
   [[nodiscard]] int folderValue() const { return folder ? folder.value() : AT_FDCWD; }
 };
 
-/// Opens folder after folder until the rest of `path` is short enough for one call; absent when a folder on
+/// Opens folder after folder until the rest of `path` is short enough for one call; fails when a folder on
 /// the way cannot be opened.
-std::optional<ShortenedPath> shortened(std::string_view path) {
+Result<ShortenedPath> shortened(std::string_view path) {
   ShortenedPath result;
   while (path.size() >= PATH_MAX) {
     const std::size_t cut = path.rfind('/', PATH_MAX - 2);
-    if (cut == std::string_view::npos || cut == 0) return std::nullopt;
+    if (cut == std::string_view::npos || cut == 0) return DiskError{ENAMETOOLONG};
     const std::string head(path.substr(0, cut));
     Descriptor next(::openat(result.folderValue(), head.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    if (!next) return std::nullopt;
+    if (!next) return lastError();
     result.folder = std::move(next);
     path.remove_prefix(cut + 1);
   }
   result.rest = path;
   return result;
+}
+
+/// open(2) for a path of any length.
+Result<Descriptor> openPath(const std::string& path, int flags) {
+  if (path.size() < PATH_MAX) return opened(::open(path.c_str(), flags));
+  const auto parts = shortened(path);
+  if (!parts) return parts.error();
+  return opened(::openat(parts->folderValue(), parts->rest.c_str(), flags));
 }
 
 FileStatus meaningOf(const struct stat& status) {
@@ -47,32 +73,61 @@ FileStatus meaningOf(const struct stat& status) {
   return result;
 }
 
-std::optional<FileStatus> statusOf(int folder, const char* path) {
+Result<FileStatus> statusOf(int folder, const char* path) {
   struct stat status {};
-  if (::fstatat(folder, path, &status, 0) != 0) return std::nullopt;
+  if (::fstatat(folder, path, &status, 0) != 0) return lastError();
   return meaningOf(status);
 }
 
-/// The content of an open file that is said to be of `size` bytes; absent when it cannot be read to its end.
-std::optional<std::string> contentOf(const FileSystem& fileSystem, const Descriptor& file,
-                                     std::uint64_t size) {
-  constexpr std::size_t growth = std::size_t{1} << 16;
-  std::string content;
-  std::size_t filled = 0;
-  // One byte more than the size shows the end of the file without growing once more.
-  content.resize(static_cast<std::size_t>(size) + 1);
-  for (;;) {
-    const auto count = readBlock(fileSystem, file.value(), std::span(content).subspan(filled));
-    if (!count) return std::nullopt;
-    filled += *count;
-    if (filled < content.size()) break;
-    content.resize(content.size() + std::max(growth, content.size() / 2));
+EntryType typeOf(const dirent64& entry) {
+  switch (entry.d_type) {
+    case DT_REG:
+      return EntryType::regular;
+    case DT_DIR:
+      return EntryType::folder;
+    case DT_LNK:
+      return EntryType::link;
+    case DT_UNKNOWN:
+      return EntryType::unknown;
+    default:
+      return EntryType::other;
   }
-  content.resize(filled);
-  return content;
+}
+
+/// Calls `use(name, type)` for each entry of a filled buffer but "." and "..".
+template <class Use>
+void forEachEntry(std::span<const char> filled, const Use& use) {
+  for (std::size_t at = 0; at < filled.size();) {
+    const auto& entry = *reinterpret_cast<const dirent64*>(filled.data() + at);
+    at += entry.d_reclen;
+    const std::string_view name = entry.d_name;
+    if (name != "." && name != "..") use(name, typeOf(entry));
+  }
 }
 
 }  // namespace
+
+DiskError::Kind DiskError::kind() const {
+  switch (number) {
+    case 0:
+      return Kind::none;
+    case ENOENT:
+    case ENOTDIR:
+    case ELOOP:
+    case ENAMETOOLONG:
+      return Kind::missing;
+    case EACCES:
+    case EPERM:
+      return Kind::noPermission;
+    case EMFILE:
+    case ENFILE:
+      return Kind::fewDescriptors;
+    case ECANCELED:
+      return Kind::stopped;
+    default:
+      return Kind::other;
+  }
+}
 
 Descriptor::~Descriptor() {
   reset();
@@ -84,84 +139,143 @@ Descriptor& Descriptor::operator=(Descriptor&& other) noexcept {
 }
 
 void Descriptor::reset() {
-  if (value_ >= 0) ::close(std::exchange(value_, -1));
+  if (value_ < 0) return;
+  const int error = errno;
+  ::close(std::exchange(value_, -1));
+  errno = error;
 }
 
-int openPath(const std::string& path, int flags) {
-  if (path.size() < PATH_MAX) return ::open(path.c_str(), flags);
-  const auto parts = shortened(path);
-  return parts ? ::openat(parts->folderValue(), parts->rest.c_str(), flags) : -1;
+void FolderListing::reserve(std::size_t moreEntries, std::size_t moreNameBytes) {
+  // Exact for the first, and by doubling for what follows, so that many small steps cost no more than few.
+  const auto grow = [](auto& list, std::size_t more) {
+    const std::size_t wanted = list.size() + more;
+    if (wanted > list.capacity()) list.reserve(list.empty() ? wanted : std::max(wanted, 2 * list.capacity()));
+  };
+  grow(entries_, moreEntries);
+  grow(names_, moreNameBytes);
 }
 
-std::optional<FileStatus> FileSystem::status(const std::string& path) const {
+void FolderListing::add(std::string_view name, EntryType type) {
+  entries_.push_back({names_.size(), static_cast<std::uint16_t>(name.size()), type});
+  names_.append(name).push_back('\0');
+}
+
+void FolderListing::sort() {
+  std::sort(entries_.begin(), entries_.end(),
+            [this](const Entry& a, const Entry& b) { return name(a) < name(b); });
+}
+
+Result<FileStatus> FileSystem::status(const std::string& path) const {
+  return uninterrupted([&] { return doStatus(path); });
+}
+Result<FileStatus> FileSystem::statusInFolder(const Descriptor& folder, const std::string& name) const {
+  return uninterrupted([&] { return doStatusInFolder(folder, name); });
+}
+Result<FileStatus> FileSystem::statusOfOpen(const Descriptor& file) const {
+  return uninterrupted([&] { return doStatusOfOpen(file); });
+}
+Result<Descriptor> FileSystem::openFolder(const std::string& path) const {
+  return uninterrupted([&] { return doOpenFolder(path); });
+}
+Result<Descriptor> FileSystem::openListing(const std::string& path, Links links) const {
+  return uninterrupted([&] { return doOpenListing(path, links); });
+}
+Result<Descriptor> FileSystem::openListingIn(const Descriptor& parent, const char* name) const {
+  return uninterrupted([&] { return doOpenListingIn(parent, name); });
+}
+Result<bool> FileSystem::listSome(const Descriptor& folder, FolderListing& listing) const {
+  return uninterrupted([&] { return doListSome(folder, listing); });
+}
+Result<EntryType> FileSystem::entryType(const Descriptor& folder, const char* name) const {
+  return uninterrupted([&] { return doEntryType(folder, name); });
+}
+Result<Descriptor> FileSystem::open(const std::string& path) const {
+  return uninterrupted([&] { return doOpen(path); });
+}
+Result<std::size_t> FileSystem::read(int descriptor, std::span<char> buffer) const {
+  return uninterrupted([&] { return doRead(descriptor, buffer); });
+}
+Result<bool> FileSystem::isMadeByKernel(const Descriptor& file) const {
+  return uninterrupted([&] { return doIsMadeByKernel(file); });
+}
+
+Result<FileStatus> FileSystem::doStatus(const std::string& path) const {
   if (path.size() < PATH_MAX) return statusOf(AT_FDCWD, path.c_str());
   const auto parts = shortened(path);
-  return parts ? statusOf(parts->folderValue(), parts->rest.c_str()) : std::nullopt;
+  if (!parts) return parts.error();
+  return statusOf(parts->folderValue(), parts->rest.c_str());
 }
 
-std::optional<FileStatus> FileSystem::statusInFolder(const Descriptor& folder,
-                                                     const std::string& name) const {
+Result<FileStatus> FileSystem::doStatusInFolder(const Descriptor& folder, const std::string& name) const {
   return statusOf(folder.value(), name.c_str());
 }
 
-Descriptor FileSystem::openFolder(const std::string& path) const {
-  return Descriptor(openPath(path, O_PATH | O_DIRECTORY | O_CLOEXEC));
-}
-
-std::optional<FileStatus> FileSystem::statusOfOpen(const Descriptor& file) const {
+Result<FileStatus> FileSystem::doStatusOfOpen(const Descriptor& file) const {
   struct stat status {};
-  if (::fstat(file.value(), &status) != 0) return std::nullopt;
+  if (::fstat(file.value(), &status) != 0) return lastError();
   return meaningOf(status);
 }
 
-std::optional<std::vector<std::string>> FileSystem::listFolder(const std::string& path) const {
-  const int descriptor = openPath(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return std::nullopt;
-  const std::unique_ptr<DIR, int (*)(DIR*)> folder(::fdopendir(descriptor), ::closedir);
-  std::vector<std::string> names;
-  while (const dirent* entry = ::readdir(folder.get())) {
-    const std::string_view name = entry->d_name;
-    if (name != "." && name != "..") names.emplace_back(name);
-  }
-  std::sort(names.begin(), names.end());
-  return names;
+Result<Descriptor> FileSystem::doOpenFolder(const std::string& path) const {
+  return openPath(path, O_PATH | O_DIRECTORY | O_CLOEXEC);
 }
 
-Descriptor FileSystem::open(const std::string& path) const {
-  return Descriptor(openPath(path, O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+Result<Descriptor> FileSystem::doOpenListing(const std::string& path, Links links) const {
+  const int noLink = links == Links::refuse ? O_NOFOLLOW : 0;
+  return openPath(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC | noLink);
 }
 
-ssize_t FileSystem::read(int descriptor, std::span<char> buffer) const {
-  return ::read(descriptor, buffer.data(), buffer.size());
+Result<Descriptor> FileSystem::doOpenListingIn(const Descriptor& parent, const char* name) const {
+  return opened(::openat(parent.value(), name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+}
+
+Result<bool> FileSystem::doListSome(const Descriptor& folder, FolderListing& listing) const {
+  alignas(dirent64) std::array<char, std::size_t{1} << 15> buffer;  // NOLINT: filled by the call
+  const ssize_t count = ::getdents64(folder.value(), buffer.data(), buffer.size());
+  if (count < 0) return lastError();
+  const std::span<const char> filled = std::span(buffer).first(static_cast<std::size_t>(count));
+  std::size_t entries = 0;
+  std::size_t bytes = 0;
+  forEachEntry(filled, [&](std::string_view name, EntryType /*type*/) {
+    ++entries;
+    bytes += name.size() + 1;
+  });
+  listing.reserve(entries, bytes);
+  forEachEntry(filled, [&](std::string_view name, EntryType type) { listing.add(name, type); });
+  return count > 0;
+}
+
+Result<EntryType> FileSystem::doEntryType(const Descriptor& folder, const char* name) const {
+  struct stat status {};
+  if (::fstatat(folder.value(), name, &status, AT_SYMLINK_NOFOLLOW) != 0) return lastError();
+  if (S_ISREG(status.st_mode)) return EntryType::regular;
+  if (S_ISDIR(status.st_mode)) return EntryType::folder;
+  return S_ISLNK(status.st_mode) ? EntryType::link : EntryType::other;
+}
+
+Result<Descriptor> FileSystem::doOpen(const std::string& path) const {
+  return openPath(path, O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+}
+
+Result<std::size_t> FileSystem::doRead(int descriptor, std::span<char> buffer) const {
+  const ssize_t count = ::read(descriptor, buffer.data(), buffer.size());
+  if (count < 0) return lastError();
+  return static_cast<std::size_t>(count);
+}
+
+Result<bool> FileSystem::doIsMadeByKernel(const Descriptor& file) const {
+  constexpr std::array<std::uint32_t, 12> kMade = {
+      PROC_SUPER_MAGIC,   SYSFS_MAGIC,         DEBUGFS_MAGIC,    TRACEFS_MAGIC,
+      CGROUP_SUPER_MAGIC, CGROUP2_SUPER_MAGIC, SECURITYFS_MAGIC, BPF_FS_MAGIC,
+      PSTOREFS_MAGIC,     EFIVARFS_MAGIC,      SELINUX_MAGIC,    0x62656570 /* configfs */};
+  struct statfs status {};
+  if (::fstatfs(file.value(), &status) != 0) return lastError();
+  return std::find(kMade.begin(), kMade.end(), static_cast<std::uint32_t>(status.f_type)) != kMade.end();
 }
 
 const FileSystem& FileSystem::real() {
   static const FileSystem fileSystem;
   return fileSystem;
-}
-
-std::optional<std::size_t> readBlock(const FileSystem& fileSystem, int descriptor, std::span<char> buffer) {
-  std::size_t filled = 0;
-  while (filled < buffer.size()) {
-    const ssize_t count = fileSystem.read(descriptor, buffer.subspan(filled));
-    if (count == 0) break;
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return std::nullopt;
-    filled += static_cast<std::size_t>(count);
-  }
-  return filled;
-}
-
-std::optional<std::string> readWholeFile(const FileSystem& fileSystem, const std::string& path) {
-  const auto status = fileSystem.status(path);
-  if (!status || status->type != FileStatus::Type::regular) return std::nullopt;
-  const Descriptor file = fileSystem.open(path);
-  if (!file) return std::nullopt;
-  try {
-    return contentOf(fileSystem, file, status->size);
-  } catch (const std::exception&) {
-    return std::nullopt;  // more than the memory, or than a text, can hold
-  }
 }
 
 }  // namespace quillmeter

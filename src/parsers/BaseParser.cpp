@@ -1,6 +1,5 @@
 #include "parsers/BaseParser.h"
 
-#include <cerrno>
 #include <cstdio>
 #include <cstring>
 
@@ -21,13 +20,13 @@ std::shared_ptr<FMethodStats> BaseParser::execute(const std::string& /*path*/) {
 }
 
 void BaseParser::startReadingFileWithCallback(const std::string& path, Operation callback) {
-  const Descriptor file = fileSystem_.open(path);
+  const auto file = fileSystem_.open(path);
   if (!file) {
-    const std::string message = path + ": " + std::strerror(errno) + "\n";
+    const std::string message = path + ": " + std::strerror(file.error().number) + "\n";
     std::fwrite(message.data(), 1, message.size(), stderr);
     return;
   }
-  LinePieces pieces(fileSystem_, file.value());
+  LinePieces pieces(fileSystem_, file->value());
   bool first = true;
   while (const auto piece = pieces.next()) {
     const std::string_view text = first ? withoutByteOrderMark(*piece) : *piece;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "files/ReadingFiles.h"
 #include "parsers/ByteOrderMark.h"
 #include "parsers/MethodPatterns.h"
 #include "parsers/NSStringTools.h"

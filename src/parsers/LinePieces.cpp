@@ -1,6 +1,5 @@
 #include "parsers/LinePieces.h"
 
-#include <cerrno>
 #include <cstring>
 #include <span>
 
@@ -35,11 +34,10 @@ void LinePieces::fill() {
   end_ = kept.size();
   begin_ = 0;
   while (!atEnd_ && end_ < kLongestPiece) {
-    const ssize_t count = fileSystem_.read(descriptor_, std::span(buffer_).subspan(end_));
-    if (count < 0 && errno == EINTR) continue;
-    failed_ = count < 0;
-    atEnd_ = count <= 0;
-    if (!atEnd_) end_ += static_cast<std::size_t>(count);
+    const auto count = fileSystem_.read(descriptor_, std::span(buffer_).subspan(end_));
+    failed_ = !count;
+    atEnd_ = !count || *count == 0;
+    if (!atEnd_) end_ += *count;
   }
 }
 

@@ -6,12 +6,14 @@
 #include <unordered_set>
 #include <variant>
 
-#include "measuring/FileStats.h"
+#include "measuring/OrderedMeasuring.h"
 #include "support/Paths.h"
-#include "support/Text.h"
+#include "xcode/CurrentKinds.h"
 #include "xcode/Description.h"
 #include "xcode/FolderContents.h"
 #include "xcode/Locations.h"
+#include "xcode/ProjectFiles.h"
+#include "xcode/ProjectTargets.h"
 
 namespace quillmeter {
 namespace {
@@ -33,72 +35,68 @@ std::shared_ptr<FileObject> namedFile(const std::string& path) {
 
 }  // namespace
 
-void CurrentProject::parseFileAtPathAndDelegate(const std::string& path, ParseProjectDelegate* delegate) {
-  setArrayFiles(FileList());
-  setInitialPath(path);
-  setProjectTitle(removingOccurrences(lastPathComponent(path), ".xcodeproj"));
-  error_.clear();
+CurrentProject::CurrentProject(const FileSystem& fileSystem) : ProjectReader(fileSystem, currentKinds()) {}
+
+FileList CurrentProject::filesOfProject(const std::string& bundle, ProjectFindings& found) {
   projectFolder_.clear();
-  targets_.clear();
-  other_.clear();
-  missing_.clear();
-  foreign_ = 0;
-  otherCase_.clear();
-
-  if (delegate != nullptr) delegate->progressParsingProjectStarted();
-  read(path, delegate);
-  if (delegate != nullptr) delegate->progressParsingProjectEnded();
-}
-
-void CurrentProject::read(const std::string& bundle, ParseProjectDelegate* delegate) {
-  const auto description = readDescription(*fileSystem_, bundle);
+  const auto description = readDescription(fileSystem(), bundle);
+  reportStarted();
+  if (isStopped()) return {};
   if (const auto* error = std::get_if<std::string>(&description)) {
-    error_ = *error;
-    return;
+    found.error = *error;
+    return {};
   }
   const auto& graph = std::get<ObjectGraph>(description);
   projectFolder_ = projectFolderOf(graph, bundleFolder(bundle));
-  DiskView disk(*fileSystem_);
-  ProjectFiles found = projectFilesOf(graph, projectFolder_, disk);
-  targets_ = projectTargetsOf(graph, found);
-  other_ = std::move(found.other);
-  missing_ = std::move(found.missing);
-  foreign_ = found.foreign;
-  otherCase_ = std::move(found.otherCase);
-  setArrayFiles(measured(found.files, delegate));
+  DiskView disk(fileSystem());
+  ProjectFiles files = projectFilesOf(graph, projectFolder_, disk);
+  faultsSoFar().add(disk.faults());
+  found.targets = projectTargetsOf(graph, files);
+  found.other = std::move(files.other);
+  found.missing = std::move(files.missing);
+  found.foreign = files.foreign;
+  found.otherCase = std::move(files.otherCase);
+  return measured(files.files);
 }
 
-FileList CurrentProject::measured(const std::vector<std::string>& files,
-                                  ParseProjectDelegate* delegate) const {
+FileList CurrentProject::measured(const std::vector<std::string>& files) {
+  WorkerPool pool(threads());
+  OrderedMeasuring measuring(fileSystem(), kinds(), pool);
   FileList result;
   result.reserve(files.size());
-  for (const std::string& file : files) {
-    auto record = regularFileStats(*fileSystem_, kinds(), file);
+  std::size_t next = 0;
+  for (const std::string& path : files) {
+    for (; next < files.size() && measuring.hasRoom(); ++next)
+      measuring.add(files[next], Beforehand::regular);
+    if (isStopped()) return {};
+    MeasuredFile file = measuring.take();
+    noteOrFail(path, file.error);
     // A file that vanished meanwhile keeps its place: the targets count on it.
-    result.push_back(record ? std::move(record) : namedFile(file));
-    if (delegate != nullptr)
-      delegate->progressParsingProject(static_cast<double>(result.size()) /
-                                       static_cast<double>(files.size()));
+    result.push_back(file.file ? std::move(file.file) : namedFile(path));
+    if (wantsLog()) log("parsing file " + result.back()->fileName().value_or(""));
+    reportProgress(static_cast<double>(result.size()) / static_cast<double>(files.size()));
   }
   return result;
 }
 
-FileList CurrentProject::unreferencedFiles() const {
+FileList CurrentProject::unreferencedFiles(ReadFaults& faults) const {
   FileList result;
   if (projectFolder_.empty()) return result;
   std::unordered_set<std::string_view> records;
   for (const auto& file : files())
     records.insert(*file->filePath());
-  DiskView disk(*fileSystem_);
+  DiskView disk(fileSystem());
   const auto add = [&](const std::string& path) {
     if (records.contains(path) || currentKind(path) == FileKind::none) return;
-    const auto status = fileSystem_->status(path);
+    const auto status = fileSystem().status(path);
+    faults.note(path, status.error());
     if (!status || status->type != FileStatus::Type::regular) return;
     result.push_back(namedFile(path));
     result.back()->setFileSize(Number(status->size));
   };
   const auto isNoPackage = [&](const std::string& folder) { return !disk.isFile(folder + "/Package.swift"); };
   forEachFileIn(disk, projectFolder_, add, isNoPackage);
+  faults.add(disk.faults());
   return result;
 }
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <utility>
 
-#include "files/FileSystem.h"
+#include "files/ReadingFiles.h"
 #include "support/Paths.h"
 
 namespace quillmeter {

@@ -1,45 +1,35 @@
 #include "xcode/DiskView.h"
 
-#include <dirent.h>
-#include <fcntl.h>
-#include <sys/stat.h>
-
-#include <algorithm>
-#include <memory>
+#include "files/ReadingFiles.h"
 
 namespace quillmeter {
 namespace {
 
 using Type = FolderEntry::Type;
 
-/// The type of an entry as its folder tells it, or asked for where the folder does not.
-unsigned char directoryType(DIR* folder, const dirent& entry) {
-  if (entry.d_type != DT_UNKNOWN) return entry.d_type;
-  struct stat status {};
-  if (::fstatat(::dirfd(folder), entry.d_name, &status, AT_SYMLINK_NOFOLLOW) != 0) return DT_UNKNOWN;
-  return static_cast<unsigned char>(IFTODT(status.st_mode));
-}
-
-bool leadsToFile(DIR* folder, const char* link) {
-  struct stat status {};
-  return ::fstatat(::dirfd(folder), link, &status, 0) == 0 && S_ISREG(status.st_mode);
-}
-
-Type typeOf(DIR* folder, const dirent& entry) {
-  const unsigned char type = directoryType(folder, entry);
-  if (type == DT_DIR) return Type::folder;
-  if (type == DT_REG || (type == DT_LNK && leadsToFile(folder, entry.d_name))) return Type::file;
-  return Type::neither;
-}
-
 bool canExist(const std::string& path) {
   return path.find('\0') == std::string::npos;
 }
 
+/// The type of an entry of an open folder, links followed to files alone.
+Type typeOf(const FileSystem& fileSystem, const Descriptor& folder, const std::string& name, EntryType type) {
+  if (type == EntryType::unknown) {
+    const auto asked = fileSystem.entryType(folder, name.c_str());
+    type = asked ? *asked : EntryType::other;
+  }
+  if (type == EntryType::folder) return Type::folder;
+  if (type == EntryType::regular) return Type::file;
+  if (type != EntryType::link) return Type::neither;
+  const auto target = fileSystem.statusInFolder(folder, name);
+  return target && target->type == FileStatus::Type::regular ? Type::file : Type::neither;
+}
+
 }  // namespace
 
-std::optional<FileStatus::Type> DiskView::typeAt(const std::string& path) const {
-  const auto status = canExist(path) ? fileSystem_.status(path) : std::nullopt;
+std::optional<FileStatus::Type> DiskView::typeAt(const std::string& path) {
+  if (!canExist(path)) return std::nullopt;
+  const auto status = fileSystem_.status(path);
+  noteOrFail(path, status.error());
   if (!status) return std::nullopt;
   return status->type;
 }
@@ -56,18 +46,40 @@ std::vector<std::string> DiskView::listedFolders() const {
   return folders;
 }
 
-DiskView::Entries DiskView::listed(const std::string& path) const {
+std::string DiskView::textOf(const std::string& path) {
+  auto text = readWholeFile(fileSystem_, path, kLargestText);
+  noteOrFail(path, text.error());
+  return text ? *std::move(text) : std::string();
+}
+
+DiskView::Entries DiskView::listed(const std::string& path) {
   Entries entries;
-  const int descriptor = canExist(path) ? openPath(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC) : -1;
-  if (descriptor < 0) return entries;
-  const std::unique_ptr<DIR, int (*)(DIR*)> folder(::fdopendir(descriptor), ::closedir);
-  while (const dirent* entry = ::readdir(folder.get())) {
-    const std::string_view name = entry->d_name;
-    if (name != "." && name != "..") entries.push_back({std::string(name), typeOf(folder.get(), *entry)});
+  if (!canExist(path)) return entries;
+  const auto folder = fileSystem_.openListing(path, FileSystem::Links::follow);
+  if (!folder) {
+    noteOrFail(path, folder.error());
+    return entries;
   }
-  std::sort(entries.begin(), entries.end(),
-            [](const FolderEntry& left, const FolderEntry& right) { return left.name < right.name; });
+  FolderListing listing;
+  for (bool more = true; more;) {
+    const auto listed = fileSystem_.listSome(*folder, listing);
+    noteOrFail(path, listed.error());
+    more = listed && *listed;
+  }
+  listing.sort();
+  entries.reserve(listing.entries().size());
+  for (const FolderListing::Entry& entry : listing.entries()) {
+    std::string name(listing.name(entry));
+    const Type type = typeOf(fileSystem_, *folder, name, entry.type);
+    entries.push_back({std::move(name), type});
+  }
   return entries;
+}
+
+/// Without descriptors the figures would be too small; what else fails is one folder's matter.
+void DiskView::noteOrFail(const std::string& path, DiskError error) {
+  if (error.kind() == DiskError::Kind::fewDescriptors) throw TooFewDescriptors(path, error);
+  faults_.note(path, error);
 }
 
 }  // namespace quillmeter

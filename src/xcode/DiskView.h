@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "files/FileSystem.h"
+#include "files/ReadFaults.h"
 
 namespace quillmeter {
 
@@ -30,13 +31,9 @@ class DiskView {
   explicit DiskView(const FileSystem& fileSystem) : fileSystem_(fileSystem) {}
 
   /// What stands at a path, through links; absent when nothing does.
-  [[nodiscard]] std::optional<FileStatus::Type> typeAt(const std::string& path) const;
-  [[nodiscard]] bool isFile(const std::string& path) const {
-    return typeAt(path) == FileStatus::Type::regular;
-  }
-  [[nodiscard]] bool isFolder(const std::string& path) const {
-    return typeAt(path) == FileStatus::Type::folder;
-  }
+  [[nodiscard]] std::optional<FileStatus::Type> typeAt(const std::string& path);
+  [[nodiscard]] bool isFile(const std::string& path) { return typeAt(path) == FileStatus::Type::regular; }
+  [[nodiscard]] bool isFolder(const std::string& path) { return typeAt(path) == FileStatus::Type::folder; }
 
   /// The entries of a folder in ascending byte order of their names, hidden ones included; none when it
   /// cannot be read. The list stays where it is.
@@ -45,13 +42,19 @@ class DiskView {
   /// The folders that were listed so far.
   [[nodiscard]] std::vector<std::string> listedFolders() const;
 
-  [[nodiscard]] const FileSystem& fileSystem() const { return fileSystem_; }
+  /// The whole text of a file; empty when it cannot be read.
+  [[nodiscard]] std::string textOf(const std::string& path);
+
+  /// What could not be listed or read although it is there.
+  [[nodiscard]] const ReadFaults& faults() const { return faults_; }
 
  private:
-  [[nodiscard]] Entries listed(const std::string& folder) const;
+  [[nodiscard]] Entries listed(const std::string& folder);
+  void noteOrFail(const std::string& path, DiskError error);
 
   const FileSystem& fileSystem_;
   std::unordered_map<std::string, Entries> entries_;
+  ReadFaults faults_;
 };
 
 }  // namespace quillmeter

@@ -56,7 +56,7 @@ std::optional<PackageContents> packageAt(DiskView& disk, const std::string& fold
   std::set<std::string> folders;
   for (const std::string_view name : kUsualFolders)
     folders.insert(joinedPath(folder, name));
-  const std::string text = readWholeFile(disk.fileSystem(), manifest).value_or("");
+  const std::string text = disk.textOf(manifest);
   for (const std::string_view path : pathsInManifest(text))
     if (auto location = locationInPackage(folder, path)) folders.insert(*std::move(location));
   std::copy_if(folders.begin(), folders.end(), std::back_inserter(package.folders),

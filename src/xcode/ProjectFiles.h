@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "analysis/ProjectFindings.h"
 #include "xcode/DiskView.h"
 #include "xcode/ObjectGraph.h"
 
@@ -23,16 +24,6 @@ struct ProjectFiles {
     ObjectGraph::Object group;
     std::string location;  ///< as found on disk
     Origin files;
-  };
-  struct MissingReference {
-    std::string location;  ///< as asked for
-    std::string identifier;
-  };
-  /// A name that exists only in other case.
-  struct OtherCase {
-    std::string location;  ///< as asked for
-    std::string path;      ///< as found on disk
-    std::string identifier;
   };
 
   std::vector<std::string> files;          ///< each path once, at its first appearance

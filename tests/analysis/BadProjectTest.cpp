@@ -161,22 +161,24 @@ TEST(BadProject, ListsTheFilesOfFoldersDeeperThanAPathMaySay) {
 class VanishingFileSystem final : public FileSystem {
  public:
   explicit VanishingFileSystem(std::string gone) : gone_(std::move(gone)) {}
-  [[nodiscard]] std::optional<FileStatus> status(const std::string& path) const override {
-    return path == gone_ ? std::nullopt : FileSystem::status(path);
-  }
-  [[nodiscard]] Descriptor open(const std::string& path) const override {
-    return path == gone_ ? Descriptor() : FileSystem::open(path);
-  }
 
  private:
+  [[nodiscard]] Result<FileStatus> doStatus(const std::string& path) const override {
+    if (path == gone_) return DiskError{ENOENT};
+    return FileSystem::real().status(path);
+  }
+  [[nodiscard]] Result<Descriptor> doOpen(const std::string& path) const override {
+    if (path == gone_) return DiskError{ENOENT};
+    return FileSystem::real().open(path);
+  }
+
   std::string gone_;
 };
 
 /// A disk on which every file claims to be larger than any memory.
 class BoastingFileSystem final : public FileSystem {
- public:
-  [[nodiscard]] std::optional<FileStatus> status(const std::string& path) const override {
-    auto status = FileSystem::status(path);
+  [[nodiscard]] Result<FileStatus> doStatusOfOpen(const Descriptor& file) const override {
+    auto status = FileSystem::real().statusOfOpen(file);
     if (status) status->size = std::uint64_t{1} << 63U;
     return status;
   }

@@ -264,22 +264,26 @@ TEST(AllFilesInFolder, AreTheVisibleFilesOfKnownKindsWithTheirSizesOnly) {
 /// Notes what is asked about; some folders cannot be opened and some files vanish.
 class RecordingFileSystem final : public FileSystem {
  public:
-  [[nodiscard]] std::optional<FileStatus> status(const std::string& path) const override {
-    asked.push_back("path " + path.substr(path.rfind('/') + 1));
-    return FileSystem::status(path);
-  }
-  [[nodiscard]] std::optional<FileStatus> statusInFolder(const Descriptor& folder,
-                                                         const std::string& name) const override {
-    asked.push_back(name);
-    return name == gone ? std::nullopt : FileSystem::statusInFolder(folder, name);
-  }
-  [[nodiscard]] Descriptor openFolder(const std::string& path) const override {
-    asked.push_back("open " + path.substr(path.rfind('/') + 1));
-    return path.ends_with(closed) ? Descriptor() : FileSystem::openFolder(path);
-  }
   mutable Texts asked;
   std::string gone = "no file";
   std::string closed = "no folder";
+
+ private:
+  [[nodiscard]] Result<FileStatus> doStatus(const std::string& path) const override {
+    asked.push_back("path " + path.substr(path.rfind('/') + 1));
+    return FileSystem::real().status(path);
+  }
+  [[nodiscard]] Result<FileStatus> doStatusInFolder(const Descriptor& folder,
+                                                    const std::string& name) const override {
+    asked.push_back(name);
+    if (name == gone) return DiskError{ENOENT};
+    return FileSystem::real().statusInFolder(folder, name);
+  }
+  [[nodiscard]] Result<Descriptor> doOpenFolder(const std::string& path) const override {
+    asked.push_back("open " + path.substr(path.rfind('/') + 1));
+    if (path.ends_with(closed)) return DiskError{EACCES};
+    return FileSystem::real().openFolder(path);
+  }
 };
 
 TEST(AllFilesInFolder, AskTheDiskFolderByFolderAndNeverAboutOtherKinds) {

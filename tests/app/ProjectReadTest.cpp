@@ -5,11 +5,15 @@
 #include <QElapsedTimer>
 #include <QTest>
 #include <atomic>
+#include <cerrno>
+#include <chrono>
 #include <future>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
+#include "helpers/PlayedFileSystem.h"
 #include "helpers/ProjectFixture.h"
 
 namespace quillmeter {
@@ -148,6 +152,70 @@ TEST(ProjectRead, DestroyedInTheMiddleItStopsTheReaderAndDropsItsMessages) {
     EXPECT_TRUE(finished);
     QCoreApplication::processEvents();
   }
+}
+
+/// A disk that hangs from a certain call on until the read that uses it is stopped (or, so that the test ends
+/// in any case, for some seconds).
+struct HangingDisk {
+  static constexpr int kHangsFrom = 40;
+  HangingDisk()
+      : disk([this](std::string_view, const std::string&) {
+          if (++calls < kHangsFrom) return DiskError{};
+          if (!hangs.exchange(true)) hanging.set_value();
+          const auto patience = std::chrono::steady_clock::now() + std::chrono::seconds(2);
+          while (!stop.stop_requested() && std::chrono::steady_clock::now() < patience)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+          return DiskError{};
+        }) {}
+  std::atomic<int> calls = 0;
+  std::atomic<bool> hangs = false;
+  std::promise<void> hanging;
+  std::stop_token stop;
+  testing::PlayedFileSystem disk;
+};
+
+TEST(ProjectRead, DestroyedWhileTheDiskHangsItAsksTheDiskForNothingMore) {
+  const TemporaryFolder folder;
+  const std::string bundle = projectOf(folder, 300);
+  HangingDisk hanging;
+  {
+    ProjectRead read(hanging.disk, readAt(bundle));
+    hanging.stop = read.stopToken();
+    QObject::connect(&read, &ProjectRead::ended, [] { FAIL() << "message of a read that is gone"; });
+    read.start();
+    hanging.hanging.get_future().wait();
+  }
+  // Each thread ends the call that it is in.
+  EXPECT_LE(hanging.calls, HangingDisk::kHangsFrom + 32);
+}
+
+TEST(ProjectRead, GivenUpItEndsWhileTheDiskHangsAndLeavesAProjectThatWorks) {
+  const TemporaryFolder folder;
+  const std::string bundle = projectOf(folder, 300);
+  HangingDisk hanging;
+  ProjectRead read(hanging.disk, readAt(bundle));
+  hanging.stop = read.stopToken();
+  const Record record(read);
+  read.start();
+  hanging.hanging.get_future().wait();
+  read.stop();
+  ASSERT_TRUE(record.waitForEnd());
+  EXPECT_LE(hanging.calls, HangingDisk::kHangsFrom + 32);
+  ASSERT_NE(record.project, nullptr);
+  EXPECT_TRUE(record.project->files().empty());
+  EXPECT_EQ(record.project->unreferencedFiles().size(), 300U) << "its clean-up is not stopped";
+}
+
+TEST(ProjectRead, EndsWithoutAProjectWhereThereAreTooFewDescriptors) {
+  const TemporaryFolder folder;
+  const testing::PlayedFileSystem disk([](std::string_view call, const std::string& item) {
+    return call == "open" && item.ends_with("f1.c") ? DiskError{EMFILE} : DiskError{};
+  });
+  ProjectRead read(disk, readAt(projectOf(folder, 3)));
+  const Record record(read);
+  read.start();
+  ASSERT_TRUE(record.waitForEnd());
+  EXPECT_EQ(record.project, nullptr);
 }
 
 TEST(ProjectRead, NeverStartedItJustGoes) {

@@ -156,28 +156,23 @@ TEST(FileStats, KeepAPathThatIsNotUtf8) {
 /// A disk that gives little at a time, is interrupted, or fails.
 class FlakyFileSystem final : public FileSystem {
  public:
-  [[nodiscard]] Descriptor open(const std::string& path) const override {
-    return vanishes ? Descriptor() : FileSystem::open(path);
-  }
-  [[nodiscard]] ssize_t read(int descriptor, std::span<char> buffer) const override {
-    ++calls_;
-    if (calls_ % 2 == 0) {
-      errno = EINTR;
-      return -1;
-    }
-    if (failsAtCall != 0 && calls_ >= failsAtCall) {
-      errno = EIO;
-      return -1;
-    }
-    if (endsAtCall != 0 && calls_ >= endsAtCall) return 0;
-    return FileSystem::read(descriptor, buffer.first(std::min<std::size_t>(3, buffer.size())));
-  }
-
   bool vanishes = false;
   int failsAtCall = 0;
   int endsAtCall = 0;
 
  private:
+  [[nodiscard]] Result<Descriptor> doOpen(const std::string& path) const override {
+    if (vanishes) return DiskError{ENOENT};
+    return FileSystem::real().open(path);
+  }
+  [[nodiscard]] Result<std::size_t> doRead(int descriptor, std::span<char> buffer) const override {
+    ++calls_;
+    if (calls_ % 2 == 0) return DiskError{EINTR};
+    if (failsAtCall != 0 && calls_ >= failsAtCall) return DiskError{EIO};
+    if (endsAtCall != 0 && calls_ >= endsAtCall) return std::size_t{0};
+    return FileSystem::real().read(descriptor, buffer.first(std::min<std::size_t>(3, buffer.size())));
+  }
+
   mutable int calls_ = 0;
 };
 

@@ -87,10 +87,10 @@ TEST_F(CurrentProjectTest, MeasuresNothingAfterAFaultAndSaysWhereItIs) {
   read("a, m, f", {fileReference("a", "a.swift"), fileReference("m", "m"), fileReference("f", "f.app")},
        "targets = (T); ");
   readText("{\n  objects = {};\n  rootObject\n}\n");
-  EXPECT_EQ(project_.error(), "project.pbxproj:4: expected '=' after the key");
+  EXPECT_EQ(project_.findings().error, "project.pbxproj:4: expected '=' after the key");
   EXPECT_THAT(files(), IsEmpty());
   EXPECT_THAT(missing(), IsEmpty());
-  EXPECT_EQ(project_.foreign(), 0U);
+  EXPECT_EQ(project_.findings().foreign, 0U);
   EXPECT_THAT(unreferenced(), IsEmpty());
   read("a", {fileReference("a", "a.swift")});
   EXPECT_THAT(files(), ElementsAre("a.swift")) << "a second read starts again";
@@ -98,21 +98,21 @@ TEST_F(CurrentProjectTest, MeasuresNothingAfterAFaultAndSaysWhereItIs) {
 
 TEST_F(CurrentProjectTest, SaysWhenTheDescriptionIsOfAnotherFormat) {
   readText("<?xml version=\"1.0\"?>");
-  EXPECT_EQ(project_.error(), "project.pbxproj:1: expected an OpenStep property list, not XML");
+  EXPECT_EQ(project_.findings().error, "project.pbxproj:1: expected an OpenStep property list, not XML");
   readText("{\"objects\": {}}");
-  EXPECT_EQ(project_.error(), "project.pbxproj:1: expected an OpenStep property list, not JSON");
+  EXPECT_EQ(project_.findings().error, "project.pbxproj:1: expected an OpenStep property list, not JSON");
   readText("{rootObject = a;}");
-  EXPECT_EQ(project_.error(), "project.pbxproj:1: expected a dictionary called 'objects'");
+  EXPECT_EQ(project_.findings().error, "project.pbxproj:1: expected a dictionary called 'objects'");
   readText("{objects = {}; rootObject = {};}");
-  EXPECT_EQ(project_.error(), "project.pbxproj:1: expected a string called 'rootObject'");
+  EXPECT_EQ(project_.findings().error, "project.pbxproj:1: expected a string called 'rootObject'");
 }
 
 TEST_F(CurrentProjectTest, SaysWhenTheDescriptionIsMissing) {
   project_.parseFileAtPathAndDelegate(folder("App.xcodeproj"), nullptr);
-  EXPECT_EQ(project_.error(), "project.pbxproj:1: expected a file, but there is none");
+  EXPECT_EQ(project_.findings().error, "project.pbxproj:1: expected a file, but there is none");
   fs::create_directories(folder("App.xcodeproj/project.pbxproj"));
   project_.parseFileAtPathAndDelegate(folder("App.xcodeproj"), nullptr);
-  EXPECT_EQ(project_.error(), "project.pbxproj:1: expected a file, but it is none");
+  EXPECT_EQ(project_.findings().error, "project.pbxproj:1: expected a file, but it is none");
 }
 
 TEST_F(CurrentProjectTest, SaysWhenTheDescriptionCannotBeRead) {
@@ -121,7 +121,7 @@ TEST_F(CurrentProjectTest, SaysWhenTheDescriptionCannotBeRead) {
   fs::permissions(folder("App.xcodeproj/project.pbxproj"), fs::perms::none);
   const Unprivileged unprivileged;
   project_.parseFileAtPathAndDelegate(folder("App.xcodeproj"), nullptr);
-  EXPECT_EQ(project_.error(), "project.pbxproj:1: expected a file that can be read");
+  EXPECT_EQ(project_.findings().error, "project.pbxproj:1: expected a file that can be read");
 }
 
 TEST_F(CurrentProjectTest, SaysWhenTheDescriptionIsOfMoreThanAGibibyte) {
@@ -129,7 +129,7 @@ TEST_F(CurrentProjectTest, SaysWhenTheDescriptionIsOfMoreThanAGibibyte) {
   const std::string path = folder("App.xcodeproj/project.pbxproj");
   fs::resize_file(path, (std::uintmax_t{1} << 30U) + 1);
   project_.parseFileAtPathAndDelegate(folder("App.xcodeproj"), nullptr);
-  EXPECT_EQ(project_.error(), "project.pbxproj:1: expected at most 1 GiB");
+  EXPECT_EQ(project_.findings().error, "project.pbxproj:1: expected at most 1 GiB");
 }
 
 /// What is on disk without belonging to the project.

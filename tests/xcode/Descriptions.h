@@ -66,7 +66,7 @@ class DescribedProject : public ::testing::Test {
   void read(const std::string& children, const std::vector<DescribedObject>& objects,
             const std::string& rootEntries = {}) {
     readText(descriptionText(children, objects, rootEntries));
-    EXPECT_EQ(project_.error(), "");
+    EXPECT_EQ(project_.findings().error, "");
   }
 
   /// A path below the project's folder without that, any other below the temporary one with "//" before it.
@@ -83,19 +83,19 @@ class DescribedProject : public ::testing::Test {
   }
   Strings missing() const {
     Strings lines;
-    for (const auto& reference : project_.missing())
+    for (const auto& reference : project_.findings().missing)
       lines.push_back(reference.identifier + " " + shown(reference.location));
     return lines;
   }
   Strings otherCase() const {
     Strings lines;
-    for (const auto& reference : project_.otherCase())
+    for (const auto& reference : project_.findings().otherCase)
       lines.push_back(reference.identifier + " " + shown(reference.location) + " is " +
                       shown(reference.path));
     return lines;
   }
   std::map<std::string, std::size_t> other() const {
-    return {project_.other().begin(), project_.other().end()};
+    return {project_.findings().other.begin(), project_.findings().other.end()};
   }
   Strings unreferenced() const {
     Strings paths;
@@ -105,11 +105,11 @@ class DescribedProject : public ::testing::Test {
   }
   /// The files of a target by its name; fails when there is none.
   Strings target(const std::string& name) const {
-    const auto found = std::find_if(project_.targets().begin(), project_.targets().end(),
+    const auto found = std::find_if(project_.findings().targets.begin(), project_.findings().targets.end(),
                                     [&](const ProjectTarget& target) { return target.name == name; });
-    EXPECT_NE(found, project_.targets().end()) << name;
+    EXPECT_NE(found, project_.findings().targets.end()) << name;
     Strings paths;
-    if (found == project_.targets().end()) return paths;
+    if (found == project_.findings().targets.end()) return paths;
     for (const auto index : found->files)
       paths.push_back(files().at(index));
     return paths;

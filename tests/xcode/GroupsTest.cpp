@@ -94,7 +94,7 @@ TEST_F(Groups, OfUnknownSourceTreesAreNowhereWithAllThatTakesItsPlaceFromThem) {
                          fileReference("c", "a.swift")});
   EXPECT_THAT(files(), ElementsAre("b.swift"));
   EXPECT_THAT(missing(), IsEmpty());
-  EXPECT_EQ(project_.foreign(), 0U);
+  EXPECT_EQ(project_.findings().foreign, 0U);
 }
 
 TEST_F(Groups, MayLieAHundredThousandDeep) {
@@ -107,8 +107,8 @@ TEST_F(Groups, MayLieAHundredThousandDeep) {
         group("G" + std::to_string(i), i + 1 < depth ? "G" + std::to_string(i + 1) : "a, b", "path = d;"));
   read("G0", objects);
   EXPECT_THAT(files(), ElementsAre("a.swift"));
-  ASSERT_EQ(project_.missing().size(), 1U);
-  EXPECT_EQ(project_.missing()[0].location.size(),
+  ASSERT_EQ(project_.findings().missing.size(), 1U);
+  EXPECT_EQ(project_.findings().missing[0].location.size(),
             folder().size() + 2 * depth + std::string("/b.swift").size());
 }
 
@@ -138,7 +138,7 @@ TEST_F(Groups, LeadNowhereQuietly) {
   EXPECT_THAT(files(), IsEmpty());
   readText("{objects = {}; rootObject = root;}");
   EXPECT_THAT(files(), IsEmpty());
-  EXPECT_EQ(project_.error(), "");
+  EXPECT_EQ(project_.findings().error, "");
 }
 
 TEST_F(Groups, BeginAtTheFolderThatTheProjectNames) {

@@ -97,7 +97,7 @@ TEST_F(Packages, WithoutAFolderOrManifestAreMissing) {
   EXPECT_THAT(files(), IsEmpty());
   EXPECT_THAT(missing(), ElementsAre("p P", "q q", "f file", "n nowhere"));
   EXPECT_THAT(otherCase(), IsEmpty());
-  EXPECT_EQ(project_.foreign(), 1U);
+  EXPECT_EQ(project_.findings().foreign, 1U);
 }
 
 TEST_F(Packages, FollowNoOtherPackages) {

@@ -42,7 +42,7 @@ TEST_F(References, CountFilesOfOtherKindsOnceByExtension) {
        {fileReference("i", "Info.plist"), fileReference("S", "S"), fileReference("again", "Info.plist")});
   EXPECT_THAT(files(), ElementsAre("S/A.xcassets/i.pdf"));
   EXPECT_THAT(other(), UnorderedElementsAre(Pair("plist", 2), Pair("", 1), Pair("pdf", 1)));
-  EXPECT_EQ(project_.other().front().first, "plist");
+  EXPECT_EQ(project_.findings().other.front().first, "plist");
 }
 
 TEST_F(References, ToFoldersBringTheirContentsInByteOrder) {
@@ -103,7 +103,7 @@ TEST_F(References, TakeAnUnreadableFolderForEmpty) {
     project_.parseFileAtPathAndDelegate(folder("App.xcodeproj"), nullptr);
   }
   fs::permissions(folder("S"), fs::perms::owner_all);
-  EXPECT_EQ(project_.error(), "");
+  EXPECT_EQ(project_.findings().error, "");
   EXPECT_THAT(files(), IsEmpty());
   EXPECT_THAT(missing(), IsEmpty());
 }
@@ -124,7 +124,7 @@ TEST_F(References, WithAZeroByteLeadToNothing) {
   file("a.swift");
   read("z", {{"z", "isa = PBXFileReference; path = \"a.swift\\000b\"; "}});
   EXPECT_THAT(files(), IsEmpty());
-  EXPECT_EQ(project_.missing().size(), 1U);
+  EXPECT_EQ(project_.findings().missing.size(), 1U);
 }
 
 TEST_F(References, AreForeignWhenTheyAreAtHomeWhereTheProjectIsBuilt) {
@@ -141,7 +141,7 @@ TEST_F(References, AreForeignWhenTheyAreAtHomeWhereTheProjectIsBuilt) {
   }
   read(children, objects);
   EXPECT_THAT(missing(), IsEmpty());
-  EXPECT_EQ(project_.foreign(), 14U);
+  EXPECT_EQ(project_.findings().foreign, 14U);
 }
 
 TEST_F(References, ThatExistAreNeverForeign) {
@@ -151,14 +151,14 @@ TEST_F(References, ThatExistAreNeverForeign) {
                    fileReference("b", folder("$(X)/a.swift"), "<absolute>")});
   EXPECT_THAT(files(), ElementsAre("$(X)/a.swift"));
   EXPECT_THAT(other(), ElementsAre(Pair("a", 1)));
-  EXPECT_EQ(project_.foreign(), 0U);
+  EXPECT_EQ(project_.findings().foreign, 0U);
 }
 
 TEST_F(References, BelowAnAbsoluteGroupStopBeingForeignAtTheProject) {
   read("G", {{"G", "isa = PBXGroup; children = (a); path = /nowhere; sourceTree = \"<absolute>\"; "},
              fileReference("a", "a.swift", "SOURCE_ROOT")});
   EXPECT_THAT(missing(), ElementsAre("a a.swift"));
-  EXPECT_EQ(project_.foreign(), 0U);
+  EXPECT_EQ(project_.findings().foreign, 0U);
 }
 
 TEST_F(References, NeverEnterAFolderAboveTheProjectsParent) {
@@ -246,7 +246,7 @@ TEST_F(SynchronisedGroups, WithoutAFolderAreMissing) {
        {synchronisedGroup("s", "S"), synchronisedGroup("f", "f.swift"), synchronisedGroup("x", "$(X)")});
   EXPECT_THAT(files(), IsEmpty());
   EXPECT_THAT(missing(), ElementsAre("s S", "f f.swift"));
-  EXPECT_EQ(project_.foreign(), 1U);
+  EXPECT_EQ(project_.findings().foreign, 1U);
 }
 
 }  // namespace

@@ -34,7 +34,7 @@ class Targets : public DescribedProject {
  protected:
   Strings names() const {
     Strings result;
-    for (const ProjectTarget& target : project_.targets())
+    for (const ProjectTarget& target : project_.findings().targets)
       result.push_back(target.name);
     return result;
   }

@@ -35,7 +35,7 @@ class WeatherSample : public ::testing::Test {
   }
   std::vector<std::string> filesOfTarget(std::size_t target) const {
     std::vector<std::string> result;
-    for (const auto file : current_.targets().at(target).files)
+    for (const auto file : current_.findings().targets.at(target).files)
       result.push_back(paths(current_.files()).at(file));
     return result;
   }
@@ -45,7 +45,7 @@ class WeatherSample : public ::testing::Test {
 };
 
 TEST_F(WeatherSample, HasFifteenFilesByTheCurrentRules) {
-  EXPECT_EQ(current_.error(), "");
+  EXPECT_EQ(current_.findings().error, "");
   EXPECT_EQ(current_.projectTitle(), "Weather");
   EXPECT_THAT(paths(current_.files()),
               ElementsAre("Weather/Assets.xcassets/Logo.imageset/logo.pdf",
@@ -76,26 +76,26 @@ TEST_F(WeatherSample, AddsUpToItsTotals) {
 }
 
 TEST_F(WeatherSample, BuildsTwoTargetsThatShareAFile) {
-  ASSERT_THAT(current_.targets(), SizeIs(2));
-  EXPECT_EQ(current_.targets()[0].name, "Weather");
+  ASSERT_THAT(current_.findings().targets, SizeIs(2));
+  EXPECT_EQ(current_.findings().targets[0].name, "Weather");
   EXPECT_THAT(filesOfTarget(0),
               ElementsAre("Weather/Assets.xcassets/Logo.imageset/logo.pdf",
                           "Weather/Assets.xcassets/Sun.imageset/sun.svg", "Weather/Model/Forecast.swift",
                           "Weather/Model/ForecastStore.swift", "Weather/Views/ForecastRow.swift",
                           "Weather/Views/ForecastView.swift", "Weather/WeatherApp.swift",
                           "Weather/en.lproj/Launch.storyboard"));
-  EXPECT_EQ(current_.targets()[1].name, "WeatherTests");
+  EXPECT_EQ(current_.findings().targets[1].name, "WeatherTests");
   EXPECT_THAT(filesOfTarget(1), ElementsAre("Weather/Model/Forecast.swift", "Weather/Model/PreviewData.swift",
                                             "WeatherTests/WeatherTests.swift"));
 }
 
 TEST_F(WeatherSample, LeavesOutWhatIsMissingOrOfOtherKinds) {
-  ASSERT_THAT(current_.missing(), SizeIs(1));
-  EXPECT_EQ(shown(current_.missing()[0].location), "WeatherTests/RadarTests.swift");
-  EXPECT_EQ(current_.missing()[0].identifier, "4A2000042E10000100A1B2C3");
-  EXPECT_EQ(current_.foreign(), 0U);
-  EXPECT_THAT(current_.otherCase(), IsEmpty());
-  EXPECT_THAT(current_.other(), ElementsAre(Pair("json", 3), Pair("plist", 1)));
+  ASSERT_THAT(current_.findings().missing, SizeIs(1));
+  EXPECT_EQ(shown(current_.findings().missing[0].location), "WeatherTests/RadarTests.swift");
+  EXPECT_EQ(current_.findings().missing[0].identifier, "4A2000042E10000100A1B2C3");
+  EXPECT_EQ(current_.findings().foreign, 0U);
+  EXPECT_THAT(current_.findings().otherCase, IsEmpty());
+  EXPECT_THAT(current_.findings().other, ElementsAre(Pair("json", 3), Pair("plist", 1)));
 }
 
 TEST_F(WeatherSample, HasOneLeftoverOnDisk) {

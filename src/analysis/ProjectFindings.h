@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace quillmeter {
+
+/// The sets of rules that say which files a project has. How a file is measured is the same under both.
+enum class ProjectRules {
+  classic,  ///< the file-reference section line by line, each name looked up below the project's folder
+  current,  ///< the object graph, as today's Xcode reads it
+};
+
+/// A target and the files it is built from.
+struct ProjectTarget {
+  std::string name;
+  std::vector<std::uint32_t> files;  ///< ascending indices into the project's files
+};
+
+/// A reference that nothing was found for.
+struct MissingReference {
+  std::string location;  ///< as asked for
+  std::string identifier;
+};
+
+/// A reference whose name exists only in other case.
+struct OtherCase {
+  std::string location;  ///< as asked for
+  std::string path;      ///< as found on disk
+  std::string identifier;
+};
+
+/// What a read found beside the files that it measured.
+struct ProjectFindings {
+  /// Why nothing could be measured, as "project.pbxproj:LINE: expected …"; empty when the description is
+  /// fine, and always under the classic rules, which know no faults.
+  std::string error;
+  /// Under the current rules the targets that have build phases, in the project's order.
+  std::vector<ProjectTarget> targets;
+  /// How many files of no known kind the project has, by extension, in the order of their first appearance.
+  /// Under the classic rules that many references.
+  std::vector<std::pair<std::string, std::size_t>> other;
+  std::vector<MissingReference> missing;  ///< in order
+  std::vector<OtherCase> otherCase;       ///< in order
+  /// Under the current rules how many references lead to what is at home on the machine that builds.
+  std::size_t foreign = 0;
+};
+
+}  // namespace quillmeter

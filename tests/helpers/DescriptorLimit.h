@@ -1,0 +1,34 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <filesystem>
+
+namespace quillmeter::testing {
+
+inline std::size_t openDescriptors() {
+  std::size_t count = 0;
+  for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator("/proc/self/fd"))
+    ++count;
+  return count - 1;  // the listing's own
+}
+
+/// Lets this process open `more` files beyond those that are open, for the life of the object. Those that are
+/// open must have the lowest numbers.
+class DescriptorLimit {
+ public:
+  explicit DescriptorLimit(std::size_t more) {
+    EXPECT_EQ(::getrlimit(RLIMIT_NOFILE, &before_), 0);
+    const rlimit limit{openDescriptors() + more, before_.rlim_max};
+    EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &limit), 0);
+  }
+  ~DescriptorLimit() { EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &before_), 0); }
+  DescriptorLimit(const DescriptorLimit&) = delete;
+  DescriptorLimit& operator=(const DescriptorLimit&) = delete;
+
+ private:
+  rlimit before_{};
+};
+
+}  // namespace quillmeter::testing
