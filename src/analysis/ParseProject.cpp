@@ -72,7 +72,7 @@ std::optional<std::string> folded(const std::string& path) {
 
 struct ParseProject::Line {
   std::optional<std::string> reference;  ///< absent when the line names no file of a known kind
-  std::string candidate;  ///< the first path that the reference may stand for, being measured; empty for none
+  bool isOnItsWay = false;               ///< the first path that it may stand for is being measured
 };
 
 ParseProject::ParseProject() : ParseProject(FileSystem::real()) {}
@@ -135,7 +135,7 @@ FileList ParseProject::filesOf(std::string_view section, OrderedMeasuring& measu
 /// Reads a line and lets the first file that it may stand for be measured. That is nearly always the one;
 /// what is to be done where nothing is there waits for the line's turn.
 ParseProject::Line ParseProject::lineAhead(std::string_view text, OrderedMeasuring& measuring) {
-  Line line{parseLineFileReference(text), {}};
+  Line line{parseLineFileReference(text), false};
   if (!line.reference) return line;
   allAvailableFilesPaths_->forEachCandidate(*line.reference,
                                             [&](const std::string& candidate, FolderWalk::Type type) {
@@ -149,9 +149,14 @@ ParseProject::Line ParseProject::lineAhead(std::string_view text, OrderedMeasuri
 std::shared_ptr<FileObject> ParseProject::fileOf(const Line& line, OrderedMeasuring& measuring) {
   if (!line.reference) return nullptr;
   std::shared_ptr<FileObject> file;
-  if (!line.candidate.empty()) file = noted(measuring.take(), line.candidate);
+  std::string missing;
+  if (line.isOnItsWay) {
+    auto [path, measured] = measuring.take();
+    file = noted(std::move(measured), path);
+    if (!file) missing = std::move(path);
+  }
   try {
-    if (!file) file = fileAt(*line.reference, initialPath(), line.candidate);
+    if (!file) file = fileAt(*line.reference, initialPath(), missing);
     if (file && log_) log_("parsing file " + file->fileName().value_or(""));
     return file;
   } catch (const std::logic_error&) {
