@@ -137,12 +137,15 @@ FileList ParseProject::filesOf(std::string_view section, OrderedMeasuring& measu
 ParseProject::Line ParseProject::lineAhead(std::string_view text, OrderedMeasuring& measuring) {
   Line line{parseLineFileReference(text), false};
   if (!line.reference) return line;
-  allAvailableFilesPaths_->forEachCandidate(*line.reference,
-                                            [&](const std::string& candidate, FolderWalk::Type type) {
-                                              line.candidate = candidate;
-                                              measuring.add(candidate, knownOf(type));
-                                              return true;
-                                            });
+  const auto measure = [&](const std::string& candidate, FolderWalk::Type type) {
+    measuring.add(candidate, knownOf(type));
+    return line.isOnItsWay = true;
+  };
+  try {
+    allAvailableFilesPaths_->forEachCandidate(*line.reference, measure);
+  } catch (const std::logic_error&) {
+    // It fails in its turn again.
+  }
   return line;
 }
 
