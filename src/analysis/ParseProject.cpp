@@ -69,7 +69,7 @@ void countOther(ProjectFindings& found, const std::string& extension) {
 struct ParseProject::Line {
   std::string identifier;                ///< of the reference
   std::optional<std::string> reference;  ///< absent when the line names no file of a known kind
-  std::string candidate;  ///< the first path that the reference may stand for, being measured; empty for none
+  bool isOnItsWay = false;               ///< the first path that it may stand for is being measured
 };
 
 ParseProject::ParseProject() : ParseProject(FileSystem::real()) {}
@@ -124,18 +124,21 @@ FileList ParseProject::filesOf(std::string_view section, OrderedMeasuring& measu
 /// what is to be done where nothing is there waits for the line's turn.
 ParseProject::Line ParseProject::lineAhead(std::string_view text, OrderedMeasuring& measuring,
                                            ProjectFindings& found) {
-  Line line{{}, parseLineFileReference(text), {}};
+  Line line{{}, parseLineFileReference(text), false};
   if (!line.reference) {
     if (const auto extension = extensionOfOtherReference(text)) countOther(found, *extension);
     return line;
   }
   line.identifier = referenceIdentifier(text);
-  allAvailableFilesPaths_->forEachCandidate(*line.reference,
-                                            [&](const std::string& candidate, FolderWalk::Type type) {
-                                              line.candidate = candidate;
-                                              measuring.add(candidate, knownOf(type));
-                                              return true;
-                                            });
+  const auto measure = [&](const std::string& candidate, FolderWalk::Type type) {
+    measuring.add(candidate, knownOf(type));
+    return line.isOnItsWay = true;
+  };
+  try {
+    allAvailableFilesPaths_->forEachCandidate(*line.reference, measure);
+  } catch (const std::logic_error&) {
+    // It fails in its turn again.
+  }
   return line;
 }
 
@@ -143,9 +146,14 @@ std::shared_ptr<FileObject> ParseProject::fileOf(const Line& line, OrderedMeasur
                                                  ProjectFindings& found) {
   if (!line.reference) return nullptr;
   std::shared_ptr<FileObject> file;
-  if (!line.candidate.empty()) file = noted(measuring.take(), line.candidate);
+  std::string missing;
+  if (line.isOnItsWay) {
+    auto [path, measured] = measuring.take();
+    file = noted(std::move(measured), path);
+    if (!file) missing = std::move(path);
+  }
   try {
-    if (!file) file = fileAt(*line.reference, initialPath(), line.candidate);
+    if (!file) file = fileAt(*line.reference, initialPath(), missing);
   } catch (const std::logic_error&) {
     log("error parsing the file at path: " + initialPath());
     return nullptr;

@@ -34,14 +34,14 @@ void OrderedMeasuring::add(std::string path, Beforehand beforehand) {
   });
 }
 
-MeasuredFile OrderedMeasuring::take() {
+OrderedMeasuring::Taken OrderedMeasuring::take() {
   Slot& slot = slots_.front();
   pool_.workUntil([&slot] { return slot.isDone.load(std::memory_order_acquire); });
   if (slot.result.error.kind() == DiskError::Kind::fewDescriptors) {
     pool_.workAlone();
     slot.result = measuredFile(fileSystem_, kinds_, slot.path, slot.beforehand);
   }
-  MeasuredFile result = std::move(slot.result);
+  Taken result{std::move(slot.path), std::move(slot.result)};
   slots_.pop_front();
   return result;
 }

@@ -30,9 +30,13 @@ class OrderedMeasuring {
   /// There must be room.
   void add(std::string path, Beforehand beforehand);
 
+  struct Taken {
+    std::string path;
+    MeasuredFile measured;
+  };
   /// The result of the file that was added first of those not taken; there must be one. Works on others while
   /// it is not there yet. Throws what measuring threw, for want of memory say.
-  [[nodiscard]] MeasuredFile take();
+  [[nodiscard]] Taken take();
 
  private:
   struct Slot {

@@ -30,26 +30,37 @@ rlim_t leastToStart() {
   return space;
 }
 
-/// Two folders, so that two threads walk; the names take several megabytes.
+/// Two folders, so that two threads walk; the names take several megabytes. The references lie behind them.
 std::string bigProject(const TemporaryFolder& folder) {
   for (const std::string inside : {"one/", "two/"}) {
     for (int i = 0; i < 6000; ++i)
       folder.file(inside + std::string(240, 'x') + std::to_string(i), "");
   }
-  folder.file("a.m", "int a;\n");
-  return writeProject(folder, {"a.m"});
+  std::vector<std::string> references;
+  for (int i = 0; i < 40; ++i) {
+    references.push_back("a" + std::to_string(i) + ".m");
+    folder.file("two/" + references.back(), "int a;\n");
+  }
+  return writeProject(folder, references);
 }
 
 TEST(LittleMemory, IsAFailureThatTheUserIsToldOf) {
   const TemporaryFolder folder;
   const std::string project = bigProject(folder);
   const rlim_t least = leastToStart();
+  const ToolResult whole = runTool({"measure", "--format", "csv", project});
+  ASSERT_EQ(whole.status, 0);
   int failures = 0;
   ToolResult result;
   for (rlim_t space = least; space < least + 64 * kStep; space += kStep) {
-    result = runToolWithin(space, {"measure", project});
-    if (result.status == 0) continue;
+    result = runToolWithin(space, {"measure", "--format", "csv", project});
+    if (result.status == 0) {
+      EXPECT_EQ(result.output, whole.output) << space << ": a success is complete";
+      EXPECT_EQ(result.errors, "") << space;
+      continue;
+    }
     ++failures;
+    EXPECT_EQ(result.output, "") << space;
     EXPECT_EQ(result.status, 3) << space << ": " << result.errors;
     EXPECT_NE(result.errors, "") << space;
   }

@@ -25,6 +25,7 @@ struct ToolSurroundings {
   std::string standardOutput = {};          ///< a file to open as standard output instead of collecting it
   std::vector<std::string> variables = {};  ///< "NAME=value" on top of the test's own environment
   rlim_t addressSpace = RLIM_INFINITY;      ///< bytes
+  rlim_t openFiles = RLIM_INFINITY;         ///< at a time, the three standard streams included
 };
 
 /// Runs the built quillmeter-cli with `arguments` and waits for its end.
@@ -51,6 +52,8 @@ inline ToolResult runTool(std::vector<std::string> arguments, const ToolSurround
       standardOutput = ::open(surroundings.standardOutput.c_str(), O_WRONLY);
     ::dup2(standardOutput, STDOUT_FILENO);
     ::dup2(err[1], STDERR_FILENO);
+    const rlimit files{surroundings.openFiles, surroundings.openFiles};
+    if (surroundings.openFiles != RLIM_INFINITY && ::setrlimit(RLIMIT_NOFILE, &files) != 0) ::_exit(126);
     ::execv(tool.c_str(), argv.data());
     ::_exit(127);
   }

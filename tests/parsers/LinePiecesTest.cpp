@@ -20,8 +20,8 @@ using ::testing::IsEmpty;
 using testing::MemoryFile;
 
 std::vector<std::string> piecesOf(const MemoryFile& file) {
-  const Descriptor descriptor = file.open("any");
-  LinePieces pieces(file, descriptor.value());
+  const auto descriptor = file.open("any");
+  LinePieces pieces(file, descriptor->value());
   std::vector<std::string> result;
   while (const auto piece = pieces.next())
     result.emplace_back(*piece);
