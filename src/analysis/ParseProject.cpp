@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "analysis/FilesInFolder.h"
+#include "analysis/LinkedReference.h"
 #include "analysis/PathIndex.h"
 #include "analysis/ReferenceSection.h"
 #include "files/FileSystem.h"
@@ -17,31 +18,10 @@
 namespace quillmeter {
 namespace {
 
-constexpr std::string_view kUp = "../";
-constexpr int kMaximumClimbs = 50;
-
 /// The folder that holds the bundle at `path`; "/" for a bundle in the root folder.
 std::string parentFolder(const std::string& path) {
   const std::string folder = removingOccurrences(path, "/" + std::string(lastPathComponent(path)));
   return folder.empty() ? "/" : folder;
-}
-
-/// `path` with one run of k ".." folded with the k pieces before it. Only a single run is understood: with
-/// several, the pieces behind the first ".." are dropped by their number all the same. Absent when the run
-/// climbs past the root.
-std::optional<std::string> folded(const std::string& path) {
-  const auto pieces = pathComponents(path);
-  const auto first = std::find(pieces.begin(), pieces.end(), "..");
-  if (first == pieces.end()) return path;
-  const auto count = std::count(pieces.begin(), pieces.end(), "..");
-  if (first - pieces.begin() <= count) return std::nullopt;
-  std::string result;
-  for (auto piece = pieces.begin(); piece != first - count; ++piece)
-    result.append(*piece).append("/");
-  for (auto piece = first + count; piece != pieces.end(); ++piece)
-    result.append(*piece).append("/");
-  result.pop_back();
-  return result;
 }
 
 }  // namespace
@@ -53,6 +33,7 @@ ParseProject::~ParseProject() = default;
 void ParseProject::parseFileAtPathAndDelegate(const std::string& path, ParseProjectDelegate* delegate) {
   delegate_ = delegate;
   allAvailableFilesPaths_.reset();
+  linkedReferences_.reset();
   setArrayFiles(FileList());
   setInitialPath(path);
   setProjectTitle(removingOccurrences(lastPathComponent(path), ".xcodeproj"));
@@ -116,22 +97,21 @@ std::shared_ptr<FileObject> ParseProject::getFileInfoAtInitialPath(const std::st
           return file != nullptr;
         });
   }
-  if (file || !reference.starts_with(kUp)) return file;
+  if (file || !reference.starts_with(kClimb)) return file;
   return linkedFile(reference, path);
 }
 
-std::shared_ptr<FileObject> ParseProject::linkedFile(std::string reference, const std::string& path) const {
+std::shared_ptr<FileObject> ParseProject::linkedFile(std::string_view reference, const std::string& path) {
   const std::string folder = parentFolder(path);
-  std::string joined;
-  for (int climbs = 0; climbs < kMaximumClimbs; ++climbs) {
-    joined = joinedPath(folder, reference);
-    if (!reference.starts_with(kUp)) break;
-    reference.erase(0, kUp.size());
-    if (fileSystem_->status(joined)) break;
+  if (!linkedReferences_ || linkedReferences_->folder() != folder) {
+    linkedReferences_ = std::make_unique<LinkedReferences>(
+        folder, fileSystem_->realPath(folder),
+        [this](const std::string& linked) { return fileSystem_->status(linked).has_value(); });
   }
-  if (const auto target = folded(joined)) return getFileStats(*target);
-  if (log_) log_("something bad happened while trying to convert the linked path");
-  return getFileStats(joined);
+  const auto linked = linkedReferences_->follow(reference);
+  if (!linked) return nullptr;
+  if (linked->foldsPastRoot && log_) log_("something bad happened while trying to convert the linked path");
+  return linked->isMissing ? nullptr : getFileStats(linked->path);
 }
 
 std::shared_ptr<FileObject> ParseProject::getFileStats(const std::string& path) const {

@@ -11,6 +11,7 @@
 namespace quillmeter {
 
 class FileSystem;
+class LinkedReferences;
 class PathIndex;
 
 /// Receives the progress of a read. The calls come on the reader's own thread, in this order: started once,
@@ -81,13 +82,14 @@ class ParseProject final : public MeasuredProject {
   void setLogSink(LogSink sink) { log_ = std::move(sink); }
 
  private:
-  [[nodiscard]] std::shared_ptr<FileObject> linkedFile(std::string reference, const std::string& path) const;
+  [[nodiscard]] std::shared_ptr<FileObject> linkedFile(std::string_view reference, const std::string& path);
   [[nodiscard]] FileList filesOf(std::string_view section);
   [[nodiscard]] std::shared_ptr<FileObject> fileOf(std::string_view line);
 
   const FileSystem* fileSystem_;
   ParseProjectDelegate* delegate_ = nullptr;
   std::unique_ptr<PathIndex> allAvailableFilesPaths_;
+  std::unique_ptr<LinkedReferences> linkedReferences_;
   LogSink log_;
 };
 

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <cstdlib>
 #include <exception>
 #include <memory>
 #include <string_view>
@@ -133,6 +134,11 @@ Descriptor FileSystem::open(const std::string& path) const {
 
 ssize_t FileSystem::read(int descriptor, std::span<char> buffer) const {
   return ::read(descriptor, buffer.data(), buffer.size());
+}
+
+std::optional<std::string> FileSystem::realPath(const std::string& path) const {
+  const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr), &std::free);
+  return real ? std::optional<std::string>(real.get()) : std::nullopt;
 }
 
 const FileSystem& FileSystem::real() {

@@ -67,6 +67,9 @@ class FileSystem {
   /// Reads up to `buffer.size()` bytes as read(2) does: 0 at the end, -1 with errno on failure.
   [[nodiscard]] virtual ssize_t read(int descriptor, std::span<char> buffer) const;
 
+  /// An existing absolute path without links, "." and ".." on the way; absent when there is none.
+  [[nodiscard]] virtual std::optional<std::string> realPath(const std::string& path) const;
+
   /// The disk itself.
   [[nodiscard]] static const FileSystem& real();
 };
