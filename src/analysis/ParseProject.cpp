@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "analysis/FilesInFolder.h"
+#include "analysis/LinkedReference.h"
 #include "analysis/PathIndex.h"
 #include "analysis/ReferenceSection.h"
 #include "files/FolderWalk.h"
@@ -18,8 +19,6 @@
 namespace quillmeter {
 namespace {
 
-constexpr std::string_view kUp = "../";
-constexpr int kMaximumClimbs = 50;
 constexpr std::uint64_t kLargestDescription = std::uint64_t{1} << 30;
 /// How many lines are looked at before their turn. More than files are on their way at a time, since most
 /// lines of some projects name none.
@@ -33,24 +32,6 @@ Beforehand knownOf(FolderWalk::Type type) {
 std::string parentFolder(const std::string& path) {
   const std::string folder = removingOccurrences(path, "/" + std::string(lastPathComponent(path)));
   return folder.empty() ? "/" : folder;
-}
-
-/// `path` with one run of k ".." folded with the k pieces before it. Only a single run is understood: with
-/// several, the pieces behind the first ".." are dropped by their number all the same. Absent when the run
-/// climbs past the root.
-std::optional<std::string> folded(const std::string& path) {
-  const auto pieces = pathComponents(path);
-  const auto first = std::find(pieces.begin(), pieces.end(), "..");
-  if (first == pieces.end()) return path;
-  const auto count = std::count(pieces.begin(), pieces.end(), "..");
-  if (first - pieces.begin() <= count) return std::nullopt;
-  std::string result;
-  for (auto piece = pieces.begin(); piece != first - count; ++piece)
-    result.append(*piece).append("/");
-  for (auto piece = first + count; piece != pieces.end(); ++piece)
-    result.append(*piece).append("/");
-  result.pop_back();
-  return result;
 }
 
 /// `found.other` is short: a project references few kinds of files.
@@ -79,6 +60,7 @@ ParseProject::~ParseProject() = default;
 
 FileList ParseProject::filesOfProject(const std::string& bundle, ProjectFindings& found) {
   allAvailableFilesPaths_.reset();
+  linkedReferences_.reset();
   const std::string description = joinedPath(bundle, "project.pbxproj");
   const auto project = readWholeFile(fileSystem(), description, kLargestDescription);
   noteOrFail(description, project.error());
@@ -198,22 +180,22 @@ std::shared_ptr<FileObject> ParseProject::fileAt(const std::string& reference, c
                                                 return file != nullptr;
                                               });
   }
-  if (file || !reference.starts_with(kUp)) return file;
+  if (file || !reference.starts_with(kClimb)) return file;
   return linkedFile(reference, path);
 }
 
-std::shared_ptr<FileObject> ParseProject::linkedFile(std::string reference, const std::string& path) {
+std::shared_ptr<FileObject> ParseProject::linkedFile(std::string_view reference, const std::string& path) {
   const std::string folder = parentFolder(path);
-  std::string joined;
-  for (int climbs = 0; climbs < kMaximumClimbs; ++climbs) {
-    joined = joinedPath(folder, reference);
-    if (!reference.starts_with(kUp)) break;
-    reference.erase(0, kUp.size());
-    if (exists(joined)) break;
+  if (!linkedReferences_ || linkedReferences_->folder() != folder) {
+    const auto real = fileSystem().realPath(folder);
+    linkedReferences_ =
+        std::make_unique<LinkedReferences>(folder, real ? std::optional(*real) : std::nullopt,
+                                           [this](const std::string& linked) { return exists(linked); });
   }
-  if (const auto target = folded(joined)) return measured(*target, Beforehand::nothing);
-  log("something bad happened while trying to convert the linked path");
-  return measured(joined, Beforehand::nothing);
+  const auto linked = linkedReferences_->follow(reference);
+  if (!linked) return nullptr;
+  if (linked->foldsPastRoot) log("something bad happened while trying to convert the linked path");
+  return linked->isMissing ? nullptr : measured(linked->path, Beforehand::nothing);
 }
 
 bool ParseProject::exists(const std::string& path) {

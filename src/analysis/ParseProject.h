@@ -11,6 +11,7 @@
 namespace quillmeter {
 
 class OrderedMeasuring;
+class LinkedReferences;
 class PathIndex;
 
 /// Reads a project bundle (a folder named *.xcodeproj) by the classic rules.
@@ -73,13 +74,14 @@ class ParseProject final : public ProjectReader {
                                                    ProjectFindings& found);
   [[nodiscard]] std::shared_ptr<FileObject> fileAt(const std::string& reference, const std::string& path,
                                                    const std::string& missing);
-  [[nodiscard]] std::shared_ptr<FileObject> linkedFile(std::string reference, const std::string& path);
+  [[nodiscard]] std::shared_ptr<FileObject> linkedFile(std::string_view reference, const std::string& path);
   [[nodiscard]] bool exists(const std::string& path);
   [[nodiscard]] std::shared_ptr<FileObject> measured(const std::string& path, Beforehand beforehand);
   [[nodiscard]] std::shared_ptr<FileObject> noted(MeasuredFile measured, const std::string& path);
   [[nodiscard]] FileList filesInFolder(const FileList& except, ReadFaults& faults) const;
 
   std::unique_ptr<PathIndex> allAvailableFilesPaths_;
+  std::unique_ptr<LinkedReferences> linkedReferences_;
 };
 
 }  // namespace quillmeter

@@ -1,127 +1,244 @@
 #include "analysis/PathIndex.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
-#include "support/Paths.h"
 #include "support/Text.h"
 
 namespace quillmeter {
 namespace {
 
-/// How many entries of one name are looked at one by one.
+/// So many entries of one name are always looked at one by one.
 constexpr std::size_t kFew = 16;
+/// For each entry of the walk, so many components may be looked at one by one before the order of endings,
+/// which takes about as long to make, is made.
+constexpr std::size_t kLooksAnEntry = 4;
 
-/// What R = A/…/Z repeated must end in: ZA/…/Z.
-std::string joinOfRepetition(std::string_view reference) {
-  return std::string(reference.substr(reference.rfind('/') + 1)).append(reference);
+std::string_view lastComponent(std::string_view reference) {
+  return reference.substr(reference.rfind('/') + 1);
 }
 
-/// Whether `text` is its first `period` bytes over and over.
-bool hasPeriod(std::string_view text, std::size_t period) {
-  return text.substr(period) == text.substr(0, text.size() - period);
+/// What a path ends in that ends in R = A/…/Z repeated: ZA/…/Z.
+std::string joinOfRepetition(std::string_view reference) {
+  return std::string(lastComponent(reference)).append(reference);
+}
+
+/// The shortest text that `text`, which is not empty, is a repetition of; `text` itself when it is none.
+std::string_view periodOf(std::string_view text) {
+  std::size_t period = text.find(text.front(), 1);
+  for (; period <= text.size() / 2; period = text.find(text.front(), period + 1)) {
+    if (text.size() % period == 0 && text.substr(period) == text.substr(0, text.size() - period))
+      return text.substr(0, period);
+  }
+  return text;
+}
+
+std::uint32_t hashOf(std::string_view text) {
+  return static_cast<std::uint32_t>(std::hash<std::string_view>()(text));
+}
+
+/// string_view::find in time linear in the text, however often the piece nearly occurs.
+std::size_t findIn(std::string_view text, std::string_view piece) {
+  const void* found = ::memmem(text.data(), text.size(), piece.data(), piece.size());
+  if (found == nullptr) return std::string_view::npos;
+  return static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
+}
+
+/// Whether `path`, with every occurrence of `reference` removed, is empty or ends with "/".
+bool isFolderWithout(std::string_view path, std::string_view reference) {
+  char last = '/';
+  for (;;) {
+    const std::size_t found = findIn(path, reference);
+    const std::string_view kept = path.substr(0, found);
+    if (!kept.empty()) last = kept.back();
+    if (found == std::string_view::npos) return last == '/';
+    path.remove_prefix(found + reference.size());
+  }
 }
 
 }  // namespace
 
-PathIndex::PathIndex(FolderWalk walk) : walk_(std::move(walk)) {}
+PathIndex::PathIndex(FolderWalk walk) : walk_(std::move(walk)), tree_(walk_) {}
+
+PathIndex::Candidates PathIndex::candidatesOf(std::string_view reference) {
+  return {*this, reference};
+}
+
+void PathIndex::markMissing(FolderWalk::Index entry) {
+  const Node node = entry + tree_.firstEntry();
+  if (missing_.empty()) missing_.resize(tree_.size());
+  missing_[node] = true;
+  if (minima_) minima_->remove(order_->positionOf(node));
+}
 
 void PathIndex::forEachCandidate(std::string_view reference, const Visitor& visit) {
-  if (reference.empty()) return;
-  const bool isName = reference.find('/') == std::string_view::npos;
-  if (!isName) {
-    if (const auto few = fewThatEndLike(reference)) return visitSorted(*few, reference, visit);
-  }
-  EndingTable& table = isName ? names() : endings(pathComponents(reference).size());
-  EndingTable::Group* group = isName ? table.find(lowerCased(reference)) : table.find(reference);
-  const Entries& repeated = repetitions(std::string(reference), table);
-  // No entry is in both lists: the ending of one that repeats the reference is longer than the reference.
-  auto nextRepeated = repeated.begin();
-  for (;;) {
-    const FolderWalk::Index single = group != nullptr ? group->candidate : FolderWalk::kNone;
-    const FolderWalk::Index twice = nextRepeated != repeated.end() ? *nextRepeated : FolderWalk::kNone;
-    const FolderWalk::Index entry = std::min(single, twice);
-    if (entry == FolderWalk::kNone) return;
-    const std::string path = walk_.path(entry);
-    const bool matches = (isName && entry == single) || endsInReference(path, reference);
-    if (matches && visit(path, walk_.type(entry))) return;
-    if (entry == single) {
-      group->candidate = table.next(single);
-    } else {
-      ++nextRepeated;
-    }
+  Candidates candidates = candidatesOf(reference);
+  while (const auto candidate = candidates.next()) {
+    if (visit(candidate->path, candidate->type)) return;
+    markMissing(candidate->entry);
   }
 }
 
-void PathIndex::visitSorted(const Entries& entries, std::string_view reference, const Visitor& visit) const {
-  for (const FolderWalk::Index entry : entries) {
-    const std::string path = walk_.path(entry);
-    if (endsInReference(path, reference) && visit(path, walk_.type(entry))) return;
-  }
+void PathIndex::noteRepeatedName(std::string_view name) {
+  const std::string_view period = periodOf(name);
+  if (period.size() == name.size()) return;
+  longestRepetition_ = std::max(longestRepetition_, name.size());
+  // Names of the same are often many, and follow each other.
+  if (const std::uint32_t hash = hashOf(period); periods_.empty() || periods_.back() != hash)
+    periods_.push_back(hash);
 }
 
-/// The entries of an ending in walk order; absent when they are many.
-std::optional<PathIndex::Entries> PathIndex::fewIn(EndingTable& table, std::string_view ending) {
-  Entries entries;
-  const EndingTable::Group* group = table.find(ending);
-  if (group == nullptr) return entries;
-  for (FolderWalk::Index entry = group->chain; entry != FolderWalk::kNone; entry = table.next(entry)) {
-    if (entries.size() == kFew) return std::nullopt;
-    entries.push_back(entry);
-  }
-  return entries;
+/// Whether names of the walk may be repetitions of `reference`.
+bool PathIndex::isRepeatedByNames(std::string_view reference) const {
+  if (2 * reference.size() > longestRepetition_) return false;
+  return std::binary_search(periods_.begin(), periods_.end(), hashOf(periodOf(reference)));
 }
 
-/// The entries that end as the reference does, by its name or else by its last two components of three or
-/// more; absent when they are many.
-std::optional<PathIndex::Entries> PathIndex::fewThatEndLike(std::string_view reference) {
-  const std::size_t last = reference.rfind('/');
-  if (auto few = fewIn(names(), lowerCased(reference.substr(last + 1)))) return few;
-  const std::size_t secondLast = reference.substr(0, last).rfind('/');
-  if (secondLast == std::string_view::npos) return std::nullopt;
-  return fewIn(endings(2), reference.substr(secondLast + 1));
-}
-
-EndingTable& PathIndex::names() {
+/// The entries called `name` in any letter case, those known to be missing left out at the beginning; null
+/// for none.
+const NameTable::Group* PathIndex::entriesCalled(std::string_view name) {
   if (!names_) {
-    names_ = std::make_unique<EndingTable>(walk_, 1, EndingTable::Letters::lowerCased);
+    names_.emplace(tree_, tree_.firstEntry(), NameTable::Letters::lowerCased);
     for (FolderWalk::Index entry = 0; entry < walk_.size(); ++entry)
-      listRepeatedName(entry);
+      noteRepeatedName(walk_.name(entry));
+    std::sort(periods_.begin(), periods_.end());
   }
-  return *names_;
+  NameTable::Group* group = names_->find(lowerCased(name));
+  if (group == nullptr) return nullptr;
+  while (group->count > 0 && isMissing(group->first))
+    names_->dropFirst(*group);
+  return group->count > 0 ? group : nullptr;
 }
 
-EndingTable& PathIndex::endings(std::size_t components) {
-  return endings_.try_emplace(components, walk_, components, EndingTable::Letters::asTheyAre).first->second;
+/// Whether comparing each entry of a group with an ending of so many components is little work.
+bool PathIndex::mayLookAtEach(const NameTable::Group& group, std::size_t components) {
+  if (group.count <= kFew) return true;
+  const std::size_t looks = group.count * components;
+  if (order_ || looked_ + looks > kLooksAnEntry * walk_.size()) return false;
+  looked_ += looks;
+  return true;
 }
 
-/// Notes the entry under each shorter name that its own name repeats.
-void PathIndex::listRepeatedName(FolderWalk::Index entry) {
-  const std::string_view name = walk_.name(entry);
-  for (std::size_t period = name.size() / 2; period > 0; --period) {
-    if (name.size() % period != 0 || !hasPeriod(name, period)) continue;
-    repetitions_[std::string(name.substr(0, period))].push_back(entry);
+const EndingOrder& PathIndex::order() {
+  if (!order_) {
+    order_.emplace(tree_);
+    minima_.emplace(order_->size(), [&](std::size_t position) {
+      const Node node = order_->nodeAt(static_cast<Node>(position));
+      return node < tree_.firstEntry() || isMissing(node) ? RangeMinima::kNone : node;
+    });
   }
+  return *order_;
 }
 
-const PathIndex::Entries& PathIndex::repetitions(const std::string& reference, EndingTable& table) {
-  static const Entries none;
-  const auto known = repetitions_.find(reference);
-  if (known != repetitions_.end()) return known->second;
-  if (reference.find('/') == std::string::npos) return none;
-  const EndingTable::Group* group = table.find(joinOfRepetition(reference));
-  if (group == nullptr) return none;
-  Entries& entries = repetitions_[reference];
-  for (FolderWalk::Index entry = group->chain; entry != FolderWalk::kNone; entry = table.next(entry)) {
-    if (endsInReference(walk_.path(entry), reference)) entries.push_back(entry);
+bool PathIndex::matches(Node node, std::string_view reference) const {
+  if (reference.find('/') != std::string_view::npos)
+    return endsLike(node, reference) && isFolderWithout(pathOf(node), reference);
+  const std::string_view name = tree_.name(node);
+  return haveSameLowerCase(name, reference) || isFolderWithout(name, reference);
+}
+
+/// Whether the node's path ends in the whole components of R = A/…/Z or in ZA/…/Z.
+bool PathIndex::endsLike(Node node, std::string_view reference) const {
+  const std::string_view last = lastComponent(reference);
+  std::size_t slash = reference.rfind('/');
+  for (; slash != std::string_view::npos; slash = reference.rfind('/')) {
+    if (node == PathTree::kNone || tree_.name(node) != reference.substr(slash + 1)) return false;
+    reference = reference.substr(0, slash);
+    node = tree_.parent(node);
   }
-  return entries;
+  if (node == PathTree::kNone) return false;
+  std::string_view name = tree_.name(node);
+  if (!name.ends_with(reference)) return false;
+  name.remove_suffix(reference.size());
+  return name.empty() || name == last;
 }
 
-bool PathIndex::endsInReference(const std::string& path, std::string_view reference) const {
-  if (!path.ends_with(reference)) return false;
-  const std::string rest = removingOccurrences(path, reference);
-  return rest.empty() || rest.ends_with('/');
+PathIndex::Candidates::Candidates(PathIndex& index, std::string_view reference)
+    : index_(&index), reference_(reference) {
+  if (index.firsts_.empty()) return;
+  const auto known = index.firsts_.find(reference_);
+  if (known != index.firsts_.end()) known_ = known->second;
+}
+
+std::optional<PathIndex::Candidate> PathIndex::Candidates::next() {
+  const Node node = nextNode();
+  if (node == PathTree::kNone) return std::nullopt;
+  const FolderWalk::Index entry = node - index_->tree_.firstEntry();
+  return Candidate{entry, index_->walk_.path(entry), index_->walk_.type(entry)};
+}
+
+PathIndex::Node PathIndex::Candidates::nextNode() {
+  if (known_) {
+    isFirst_ = false;
+    behind_ = *std::exchange(known_, std::nullopt);
+    if (behind_ == PathTree::kNone) isGathered_ = true;
+    if (behind_ == PathTree::kNone || !index_->isMissing(behind_)) return behind_;
+  }
+  if (!std::exchange(isGathered_, true)) gather();
+  std::size_t failures = 0;
+  Node node = takeFirst();
+  for (; node != PathTree::kNone; node = takeFirst()) {
+    if (node <= behind_ || index_->isMissing(node)) continue;
+    if (index_->matches(node, reference_)) break;
+    ++failures;
+  }
+  if (std::exchange(isFirst_, false) && isOrdered_ && failures > kFew) index_->firsts_[reference_] = node;
+  return node;
+}
+
+/// Finds what may match by the ends of names and paths, and more that will not.
+void PathIndex::Candidates::gather() {
+  if (reference_.empty()) return;
+  const NameTable::Group* group = index_->entriesCalled(lastComponent(reference_));
+  const auto slashes = static_cast<std::size_t>(std::count(reference_.begin(), reference_.end(), '/'));
+  if (slashes > 0) return gatherEnding(group, reference_, slashes + 1);
+  if (group != nullptr) chains_.push_back(group->first);
+  if (index_->isRepeatedByNames(reference_)) gatherRepeatedNames();
+}
+
+void PathIndex::Candidates::gatherRepeatedNames() {
+  std::string name = reference_ + reference_;
+  for (; name.size() <= index_->longestRepetition_; name += reference_)
+    gatherEnding(index_->entriesCalled(name), name, 1);
+}
+
+/// Finds the entries that end in `ending` (of so many components) or in it repeated, all of them in `group`.
+void PathIndex::Candidates::gatherEnding(const NameTable::Group* group, std::string_view ending,
+                                         std::size_t components) {
+  if (group == nullptr) return;
+  if (index_->mayLookAtEach(*group, components)) return chains_.push_back(group->first);
+  const EndingOrder& order = index_->order();
+  isOrdered_ = true;
+  addPart(order.find(ending));
+  if (components > 1) addPart(order.find(joinOfRepetition(ending)));
+}
+
+void PathIndex::Candidates::addPart(EndingOrder::Range range) {
+  const Node first = index_->minima_->least(range.begin, range.end);
+  if (first == PathTree::kNone) return;
+  parts_.push_back({first, range});
+  std::push_heap(parts_.begin(), parts_.end(), isBehind);
+}
+
+/// The first entry in the walk of all that were gathered, which are one fewer then; `PathTree::kNone` when
+/// there is none.
+PathIndex::Node PathIndex::Candidates::takeFirst() {
+  const auto chain = std::min_element(chains_.begin(), chains_.end());
+  if (chain != chains_.end() && (parts_.empty() || *chain < parts_.front().first)) {
+    const Node first = *chain;
+    *chain = index_->names_->next(first);
+    if (*chain == PathTree::kNone) chains_.erase(chain);
+    return first;
+  }
+  if (parts_.empty()) return PathTree::kNone;
+  std::pop_heap(parts_.begin(), parts_.end(), isBehind);
+  const Part part = parts_.back();
+  parts_.pop_back();
+  const Node position = index_->order_->positionOf(part.first);
+  addPart({part.range.begin, position});
+  addPart({position + 1, part.range.end});
+  return part.first;
 }
 
 }  // namespace quillmeter

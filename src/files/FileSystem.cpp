@@ -11,6 +11,8 @@
 #include <array>
 #include <cerrno>
 #include <climits>
+#include <cstdlib>
+#include <memory>
 
 namespace quillmeter {
 namespace {
@@ -199,6 +201,10 @@ Result<bool> FileSystem::isMadeByKernel(const Descriptor& file) const {
   return uninterrupted([&] { return doIsMadeByKernel(file); });
 }
 
+Result<std::string> FileSystem::realPath(const std::string& path) const {
+  return uninterrupted([&] { return doRealPath(path); });
+}
+
 Result<FileStatus> FileSystem::doStatus(const std::string& path) const {
   if (path.size() < PATH_MAX) return statusOf(AT_FDCWD, path.c_str());
   const auto parts = shortened(path);
@@ -271,6 +277,12 @@ Result<bool> FileSystem::doIsMadeByKernel(const Descriptor& file) const {
   struct statfs status {};
   if (::fstatfs(file.value(), &status) != 0) return lastError();
   return std::find(kMade.begin(), kMade.end(), static_cast<std::uint32_t>(status.f_type)) != kMade.end();
+}
+
+Result<std::string> FileSystem::doRealPath(const std::string& path) const {
+  const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr), &std::free);
+  if (!real) return lastError();
+  return std::string(real.get());
 }
 
 const FileSystem& FileSystem::real() {

@@ -113,6 +113,9 @@ class FileSystem {
   /// "regular file" may have no size and no end.
   [[nodiscard]] Result<bool> isMadeByKernel(const Descriptor& file) const;
 
+  /// The absolute path of what is at `path`, without links, "." and ".." on the way.
+  [[nodiscard]] Result<std::string> realPath(const std::string& path) const;
+
   /// The disk itself.
   [[nodiscard]] static const FileSystem& real();
 
@@ -129,6 +132,7 @@ class FileSystem {
   [[nodiscard]] virtual Result<Descriptor> doOpen(const std::string& path) const;
   [[nodiscard]] virtual Result<std::size_t> doRead(int descriptor, std::span<char> buffer) const;
   [[nodiscard]] virtual Result<bool> doIsMadeByKernel(const Descriptor& file) const;
+  [[nodiscard]] virtual Result<std::string> doRealPath(const std::string& path) const;
 };
 
 }  // namespace quillmeter

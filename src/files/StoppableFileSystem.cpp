@@ -48,4 +48,8 @@ Result<bool> StoppableFileSystem::doIsMadeByKernel(const Descriptor& file) const
   return unlessStopped(stop_, [&] { return behind_.isMadeByKernel(file); });
 }
 
+Result<std::string> StoppableFileSystem::doRealPath(const std::string& path) const {
+  return unlessStopped(stop_, [&] { return behind_.realPath(path); });
+}
+
 }  // namespace quillmeter

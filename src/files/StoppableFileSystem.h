@@ -29,6 +29,7 @@ class StoppableFileSystem final : public FileSystem {
   [[nodiscard]] Result<Descriptor> doOpen(const std::string& path) const override;
   [[nodiscard]] Result<std::size_t> doRead(int descriptor, std::span<char> buffer) const override;
   [[nodiscard]] Result<bool> doIsMadeByKernel(const Descriptor& file) const override;
+  [[nodiscard]] Result<std::string> doRealPath(const std::string& path) const override;
 
   const FileSystem& behind_;
   std::stop_token stop_;

@@ -69,7 +69,7 @@ FileList CurrentProject::measured(const std::vector<std::string>& files) {
     for (; next < files.size() && measuring.hasRoom(); ++next)
       measuring.add(files[next], Beforehand::regular);
     if (isStopped()) return {};
-    MeasuredFile file = measuring.take();
+    MeasuredFile file = measuring.take().measured;
     noteOrFail(path, file.error);
     // A file that vanished meanwhile keeps its place: the targets count on it.
     result.push_back(file.file ? std::move(file.file) : namedFile(path));

@@ -29,14 +29,21 @@ inline std::vector<std::string> candidatesLinearly(const std::vector<std::string
   return candidates;
 }
 
-/// The path that a "../" reference leads to from `folder`, by climbing and folding.
-inline std::string linkedLinearly(const std::string& folder, std::string reference) {
+struct LinkedLinearly {
+  std::string path;
+  bool foldsPastRoot = false;
+};
+
+/// The path that a "../" reference leads to from `folder`, by climbing and folding; `exists` tells whether
+/// there is something at a path.
+template <class Exists>
+LinkedLinearly linkedLinearly(const std::string& folder, std::string reference, const Exists& exists) {
   std::string joined;
   for (int i = 0; i < 50; ++i) {
     joined = joinedPath(folder, reference);
     if (!reference.starts_with("../")) break;
     reference = reference.substr(3);
-    if (std::filesystem::exists(joined)) break;
+    if (exists(joined)) break;
   }
   std::vector<std::string> pieces;
   std::string piece;
@@ -54,15 +61,15 @@ inline std::string linkedLinearly(const std::string& folder, std::string referen
     ++count;
     first = i;
   }
-  if (count == 0) return joined;
-  if (first - count < 1) return joined;
+  if (count == 0) return {joined, false};
+  if (first - count < 1) return {joined, true};
   std::string result;
   for (int i = 0; i < static_cast<int>(pieces.size()); ++i) {
     if (i >= first - count && i < first + count) continue;
     result += pieces[static_cast<std::size_t>(i)] + "/";
   }
   result.pop_back();
-  return result;
+  return {result, false};
 }
 
 /// The path of the record that a reference gives, if it gives one.
@@ -72,7 +79,8 @@ inline std::optional<std::string> resolvedLinearly(const std::vector<std::string
     if (std::filesystem::exists(path)) return path;
   }
   if (!reference.starts_with("../")) return std::nullopt;
-  const std::string linked = linkedLinearly(folder, reference);
+  const auto exists = [](const std::string& path) { return std::filesystem::exists(path); };
+  const std::string linked = linkedLinearly(folder, reference, exists).path;
   return std::filesystem::exists(linked) ? std::optional(linked) : std::nullopt;
 }
 

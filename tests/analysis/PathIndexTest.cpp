@@ -39,6 +39,15 @@ Texts candidatesIndexed(const std::string& root, const std::string& reference) {
   return candidates;
 }
 
+/// Every candidate that an index with the history it has offers.
+Texts allCandidates(PathIndex& index, const std::string& reference) {
+  Texts paths;
+  PathIndex::Candidates candidates = index.candidatesOf(reference);
+  while (const auto candidate = candidates.next())
+    paths.push_back(candidate->path);
+  return paths;
+}
+
 Texts relativeCandidates(const TemporaryFolder& folder, const std::string& reference) {
   Texts candidates = candidatesIndexed(folder.path(), reference);
   for (std::string& path : candidates)
@@ -105,6 +114,65 @@ TEST(PathIndex, OffersTheNextCandidateWhenOneIsMissing) {
   taken.clear();
   index.forEachCandidate("X.M", take);
   EXPECT_EQ(taken, folder / "b/x.m");
+}
+
+TEST(PathIndex, OffersAnEntryThatIsMissingToNoReferenceAgain) {
+  const TemporaryFolder folder;
+  folder.file("a/x.m");
+  folder.file("b/a/x.m");
+  PathIndex index{FolderWalk(folder.path())};
+  PathIndex::Candidates candidates = index.candidatesOf("x.m");
+  const auto first = candidates.next();
+  ASSERT_TRUE(first);
+  EXPECT_EQ(first->path, folder / "a/x.m");
+  EXPECT_EQ(first->type, FolderWalk::Type::regular);
+  index.markMissing(first->entry);
+  EXPECT_EQ(allCandidates(index, "a/x.m"), Texts{folder / "b/a/x.m"});
+  EXPECT_EQ(allCandidates(index, "X.m"), Texts{folder / "b/a/x.m"});
+}
+
+TEST(PathIndex, ServesSeveralReferencesAtATime) {
+  const TemporaryFolder folder;
+  for (int i = 100; i < 200; ++i)
+    folder.file(std::to_string(i) + "/a/x.m");
+  const Texts paths = pathsOf(FolderWalk(folder.path()));
+  PathIndex index{FolderWalk(folder.path())};
+  const Texts references = {"x.m", "a/x.m", "X.M", "a/x.m", "150/a/x.m"};
+  std::vector<PathIndex::Candidates> candidates;
+  for (const std::string& reference : references)
+    candidates.push_back(index.candidatesOf(reference));
+  std::vector<Texts> found(references.size());
+  for (int round = 0; round < 101; ++round) {
+    for (std::size_t i = 0; i < references.size(); ++i) {
+      if (const auto candidate = candidates[i].next()) found[i].push_back(candidate->path);
+    }
+  }
+  for (std::size_t i = 0; i < references.size(); ++i) {
+    EXPECT_EQ(found[i], candidatesLinearly(paths, references[i])) << references[i];
+    EXPECT_FALSE(candidates[i].next());
+  }
+}
+
+TEST(PathIndex, PassesOverWhatWentMissingWhileItIsAsked) {
+  for (const std::string reference : {"x.m", "a/x.m"}) {
+    const TemporaryFolder folder;
+    for (int i = 100; i < 200; ++i)
+      folder.file(std::to_string(i) + "/a/x.m");
+    PathIndex index{FolderWalk(folder.path())};
+    for (int i = 0; i < 20; ++i)
+      ASSERT_EQ(allCandidates(index, reference).size(), 100U);
+    PathIndex::Candidates one = index.candidatesOf(reference);
+    PathIndex::Candidates other = index.candidatesOf(reference);
+    EXPECT_EQ(one.next()->path, folder / "100/a/x.m");
+    EXPECT_EQ(other.next()->path, folder / "100/a/x.m");
+    EXPECT_EQ(other.next()->path, folder / "101/a/x.m");
+    while (const auto candidate = other.next()) {
+      if (!candidate->path.ends_with("150/a/x.m")) index.markMissing(candidate->entry);
+    }
+    EXPECT_EQ(one.next()->path, folder / "101/a/x.m");
+    EXPECT_EQ(one.next()->path, folder / "150/a/x.m");
+    EXPECT_FALSE(one.next());
+  }
 }
 
 TEST(PathIndex, HasNothingForTheEmptyReferenceOrAnEmptyWalk) {
@@ -230,6 +298,69 @@ TEST(PathIndexAgainstTheLinearRule, OffersTheSameCandidates) {
       const std::string reference = generator.reference(paths);
       ASSERT_EQ(candidatesIndexed(folder / "B", reference), candidatesLinearly(paths, reference))
           << "seed " << seed << ", reference " << reference;
+    }
+  }
+}
+
+/// Paths of few names that repeat and overlap each other, deep and crowded.
+Texts makeRepetitiveTree(const TemporaryFolder& folder, std::mt19937& random) {
+  static constexpr std::array<const char*, 6> names = {"m", "mm", "m.m", "c", "M", "mc"};
+  const auto below = [&](int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(random); };
+  const int used = 1 + below(names.size());
+  for (int i = 5 + below(30); i > 0; --i) {
+    std::string path = "m";
+    for (int depth = below(9); depth > 0; --depth)
+      path += std::string("/") + names[static_cast<std::size_t>(below(used))];
+    folder.folder(path);
+  }
+  return pathsOf(FolderWalk(folder / "m"));
+}
+
+TEST(PathIndexAgainstTheLinearRule, OffersTheSameCandidatesHoweverManyQuestionsCameBefore) {
+  int candidates = 0;
+  for (unsigned seed = 0; seed < 200; ++seed) {
+    std::mt19937 random(seed);
+    const TemporaryFolder folder(placeForTrees());
+    const Texts paths = makeRepetitiveTree(folder, random);
+    PathIndex index{FolderWalk(folder / "m")};
+    for (int i = 0; i < 120; ++i) {
+      const std::string& path = paths[random() % paths.size()];
+      std::string reference =
+          path.substr(path.size() - 1 - random() % std::min<std::size_t>(path.size(), 24));
+      if (random() % 8 == 0) reference += reference;
+      const Texts expected = candidatesLinearly(paths, reference);
+      for (int again = 0; again < 2; ++again)
+        ASSERT_EQ(allCandidates(index, reference), expected)
+            << "seed " << seed << ", reference " << reference;
+      candidates += static_cast<int>(expected.size());
+    }
+  }
+  EXPECT_GT(candidates, 30000);
+}
+
+TEST(PathIndexAgainstTheLinearRule, LosesTheSameMissingEntriesWhateverTheReference) {
+  for (unsigned seed = 0; seed < 200; ++seed) {
+    std::mt19937 random(seed);
+    const TemporaryFolder folder(placeForTrees());
+    Texts paths = makeRepetitiveTree(folder, random);
+    PathIndex index{FolderWalk(folder / "m")};
+    for (int i = 0; i < 60 && !paths.empty(); ++i) {
+      const std::string path = paths[random() % paths.size()];
+      const std::string reference =
+          path.substr(path.size() - 1 - random() % std::min<std::size_t>(path.size(), 24));
+      Texts offered;
+      const std::size_t taken = random() % 4;
+      index.forEachCandidate(reference, [&](const std::string& candidate, FolderWalk::Type /*type*/) {
+        offered.push_back(candidate);
+        return offered.size() > taken;
+      });
+      Texts expected = candidatesLinearly(paths, reference);
+      expected.resize(std::min(expected.size(), taken + 1));
+      ASSERT_EQ(offered, expected) << "seed " << seed << ", reference " << reference;
+      if (offered.size() > taken) offered.pop_back();
+      std::erase_if(paths, [&](const std::string& missing) {
+        return std::find(offered.begin(), offered.end(), missing) != offered.end();
+      });
     }
   }
 }

@@ -1,13 +1,17 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "cli/RunTool.h"
+#include "helpers/DeepTree.h"
 #include "helpers/ProjectFixture.h"
 
 namespace quillmeter {
 namespace {
 
+using testing::DeepTree;
 using testing::runTool;
 using testing::TemporaryFolder;
 using testing::ToolResult;
@@ -66,6 +70,21 @@ TEST(LittleMemory, IsAFailureThatTheUserIsToldOf) {
   }
   EXPECT_GT(failures, 0) << "nothing was scarce";
   EXPECT_EQ(result.status, 0) << "all of it was scarce: " << result.errors;
+}
+
+TEST(LittleMemory, IsEnoughForReferencesOfThousandsOfDepths) {
+  const TemporaryFolder folder;
+  constexpr int kLevels = 2000;
+  const DeepTree tree(folder.path(), kLevels);
+  std::vector<std::string> references;
+  std::string reference = "z.m";
+  for (int level = 0; level < kLevels; ++level, reference = "d/" + reference)
+    references.push_back(reference);
+  const std::string project = writeProject(folder, references);
+  const ToolResult result =
+      runToolWithin(leastToStart() + (rlim_t{64} << 20), {"measure", "--format", "csv", project});
+  EXPECT_EQ(result.status, 0) << result.errors;
+  EXPECT_EQ(std::count(result.output.begin(), result.output.end(), '\n'), kLevels + 1);
 }
 
 }  // namespace

@@ -59,6 +59,9 @@ class PlayedFileSystem final : public FileSystem {
   [[nodiscard]] Result<bool> doIsMadeByKernel(const Descriptor& file) const override {
     return played("isMadeByKernel", {}, [&] { return real().isMadeByKernel(file); });
   }
+  [[nodiscard]] Result<std::string> doRealPath(const std::string& path) const override {
+    return played("realPath", path, [&] { return real().realPath(path); });
+  }
 
   Before before_;
 };
