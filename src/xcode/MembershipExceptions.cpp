@@ -85,31 +85,36 @@ std::size_t MembershipExceptions::firstFrom(std::string_view from) const {
   return static_cast<std::size_t>(found - sorted_.begin());
 }
 
-std::vector<bool> MembershipExceptions::marks() const {
-  std::vector<bool> marked(sorted_.size());
-  std::vector<Run> runs = runs_;
-  std::sort(runs.begin(), runs.end());
-  std::size_t done = 0;
-  for (const auto& [first, end] : runs)
-    for (done = std::max(done, first); done < end; ++done)
-      marked[done] = true;
-  return marked;
-}
-
-std::vector<std::uint32_t> MembershipExceptions::filesMarked(bool mark) const {
-  const std::vector<bool> marked = marks();
-  std::vector<std::uint32_t> result;
-  for (std::size_t i = 0; i < sorted_.size(); ++i)
-    if (marked[i] == mark) result.push_back(sorted_[i]);
-  return result;
+std::vector<MembershipExceptions::Run> MembershipExceptions::joinedRuns() const {
+  std::vector<Run> sorted = runs_;
+  std::sort(sorted.begin(), sorted.end());
+  std::vector<Run> joined;
+  for (const Run& run : sorted) {
+    if (joined.empty() || run.first > joined.back().second) {
+      joined.push_back(run);
+    } else {
+      joined.back().second = std::max(joined.back().second, run.second);
+    }
+  }
+  return joined;
 }
 
 std::vector<std::uint32_t> MembershipExceptions::listed() const {
-  return filesMarked(true);
+  std::vector<std::uint32_t> result;
+  for (const auto& [first, end] : joinedRuns())
+    result.insert(result.end(), at(first), at(end));
+  return result;
 }
 
 std::vector<std::uint32_t> MembershipExceptions::others() const {
-  return filesMarked(false);
+  std::vector<std::uint32_t> result;
+  std::size_t done = 0;
+  for (const auto& [first, end] : joinedRuns()) {
+    result.insert(result.end(), at(done), at(first));
+    done = end;
+  }
+  result.insert(result.end(), at(done), sorted_.end());
+  return result;
 }
 
 }  // namespace quillmeter

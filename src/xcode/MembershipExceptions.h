@@ -39,8 +39,11 @@ class MembershipExceptions {
   void addLocalized(std::string_view path);
   [[nodiscard]] const std::vector<std::string>& localizedFolders(const std::string& folder);
   [[nodiscard]] std::size_t firstFrom(std::string_view path) const;
-  [[nodiscard]] std::vector<bool> marks() const;
-  [[nodiscard]] std::vector<std::uint32_t> filesMarked(bool mark) const;
+  /// The runs in order, none touching another.
+  [[nodiscard]] std::vector<Run> joinedRuns() const;
+  [[nodiscard]] std::vector<std::uint32_t>::const_iterator at(std::size_t position) const {
+    return sorted_.begin() + static_cast<std::ptrdiff_t>(position);
+  }
   [[nodiscard]] std::string_view path(std::size_t position) const { return files_.files[sorted_[position]]; }
 
   const ProjectFiles& files_;
