@@ -1,5 +1,6 @@
 #include "stats/StatsWindowController.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QFile>
@@ -60,6 +61,11 @@ QString titleOf(const MeasuredProject& project) {
 QString windowTitleFor(const QString& window, const MeasuredProject& project) {
   return window + QStringLiteral(" – ") +
          titleOf(project).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
+/// Over the statistics window while it shows, else over what has taken its place.
+void remindOver(QWidget* window, const Services& services) {
+  remindOfRatings(services, window != nullptr && window->isVisible() ? window : QApplication::activeWindow());
 }
 
 }  // namespace
@@ -147,13 +153,18 @@ void StatsWindowController::connectControls() {
   shortcut("Ctrl+W", &StatsWindowController::tapCloseTab);
 }
 
+/// Sent to the application: a showing counts also when its window is closed before the message comes. The
+/// message holds no delayed calls, which hold the message.
 void StatsWindowController::showRatingsReminderWindow() {
-  services_.delayedCalls->performAfterDelay(this, kReminderDelay,
-                                            [this] { showRatingsReminderWindowThread(); });
+  Services services = services_;
+  services.delayedCalls = nullptr;
+  services_.delayedCalls->performAfterDelay(
+      QCoreApplication::instance(), kReminderDelay,
+      [services, self = QPointer<QWidget>(this)] { remindOver(self, services); });
 }
 
 void StatsWindowController::showRatingsReminderWindowThread() {
-  remindOfRatings(services_, isVisible() ? this : nullptr);
+  remindOver(this, services_);
 }
 
 void StatsWindowController::tapOverviewTab() {
