@@ -59,9 +59,10 @@ void WindowButton::drawGlyph(QPainter& painter, const QRectF& disc) const {
   if (kind_ == Kind::zoom) painter.drawLine(middle + QPointF(0, -arm), middle + QPointF(0, arm));
 }
 
-void WindowButton::changeEvent(QEvent* event) {
-  QAbstractButton::changeEvent(event);
-  if (event->type() == QEvent::ActivationChange) update();
+/// The toolkit tells a window's children nothing but these two when its window gains or loses the keyboard.
+bool WindowButton::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate) update();
+  return QAbstractButton::event(event);
 }
 
 }  // namespace quillmeter

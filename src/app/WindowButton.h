@@ -17,8 +17,8 @@ class WindowButton final : public QAbstractButton {
   [[nodiscard]] QSize sizeHint() const override;
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
-  void changeEvent(QEvent* event) override;
 
  private:
   void drawGlyph(QPainter& painter, const QRectF& disc) const;

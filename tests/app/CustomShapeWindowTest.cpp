@@ -167,6 +167,32 @@ TEST(WindowButton, LooksTellActiveAndEnabled) {
   EXPECT_NE(button.grab().toImage(), active);
 }
 
+/// Counts how often a widget is drawn.
+class Drawings final : public QObject {
+ public:
+  explicit Drawings(QWidget& watched) { watched.installEventFilter(this); }
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++count;
+    return false;
+  }
+  int count = 0;
+};
+
+TEST(WindowButton, IsDrawnAnewWhenItsWindowGainsOrLosesTheKeyboard) {
+  QWidget window;
+  auto* between = new QWidget(&window);
+  WindowButton button(WindowButton::Kind::close, between);
+  window.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  QApplication::setActiveWindow(&window);
+  QCoreApplication::processEvents();
+  Drawings drawings(button);
+  QApplication::setActiveWindow(nullptr);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count == 1; }));
+  QApplication::setActiveWindow(&window);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count == 2; }));
+}
+
 TEST(WindowButton, EachKindHasItsOwnSign) {
   QWidget window;
   WindowButton close(WindowButton::Kind::close, &window);
