@@ -116,6 +116,40 @@ class Desktop:
         shutil.rmtree(os.fsencode(self.home), ignore_errors=True)
 
 
+class CommandLineTest(unittest.TestCase):
+    """What the application says and ends with before it has a window, in a terminal without a display."""
+
+    def run_application(self, *arguments, **environment):
+        return subprocess.run([APPLICATION, *arguments], env={"PATH": os.environ["PATH"], **environment},
+                              capture_output=True, text=True, check=False, timeout=TIMEOUT)
+
+    def expect_no_display(self, *arguments, **environment):
+        result = self.run_application(*arguments, **environment)
+        self.assertEqual(result.returncode, 1)
+        self.assertEqual(result.stdout, "")
+        self.assertRegex(result.stderr, r"\Aquillmeter: no display .*quillmeter-cli.*\n\Z")
+
+    def test_without_a_display_one_line_points_to_the_command_line_tool(self):
+        self.expect_no_display()
+        self.expect_no_display(DISPLAY=":9999")
+        self.expect_no_display("-display", ":9999")
+        self.expect_no_display(DISPLAY="nonsense")
+        self.expect_no_display(WAYLAND_DISPLAY="nowhere", XDG_SESSION_TYPE="wayland")
+        self.expect_no_display("-platform", "nonsense")
+
+    def test_help_and_version_need_no_display(self):
+        for arguments in (["--help"], ["-platform", "offscreen", "--help"], ["-h", "-style", "Fusion"]):
+            result = self.run_application(*arguments)
+            self.assertEqual((result.returncode, result.stderr), (0, ""), arguments)
+            self.assertTrue(result.stdout.startswith("Usage: quillmeter"), arguments)
+        self.assertEqual(self.run_application("-platform", "xcb", "--version").stdout, "quillmeter %s\n" % VERSION)
+
+    def test_wrong_usage_is_found_without_a_display_and_cannot_command_the_terminal(self):
+        result = self.run_application("-platform", "offscreen", "--co\033[31m\nlour")
+        self.assertEqual(result.returncode, 2)
+        self.assertEqual(result.stderr, "quillmeter: unknown option: --co [31m lour\nTry 'quillmeter --help'.\n")
+
+
 class ShellTest(unittest.TestCase):
     compositor = True
 
@@ -176,10 +210,10 @@ class ShellTest(unittest.TestCase):
         with open(self.log.name, "rb") as stream:
             return stream.read().decode(errors="replace").splitlines().count(line)
 
-    def project(self, folder="p", files=3):
+    def project(self, folder="p", files=3, name="f%d.c"):
         path = os.path.join(os.fsencode(self.desktop.home), os.fsencode(folder))
         os.makedirs(path + b"/App.xcodeproj")
-        names = ["f%d.c" % number for number in range(files)]
+        names = [name % number for number in range(files)]
         for name in names:
             with open(path + b"/" + name.encode(), "w") as stream:
                 stream.write("int x;\n// words\n")
@@ -243,6 +277,12 @@ class ShellTest(unittest.TestCase):
     def expect_goes_on(self):
         self.assertIsNone(self.application.poll())
         wait_for(lambda: self.feedback() == NORMAL, "the idle screen")
+
+    def test_names_in_the_log_cannot_command_the_terminal(self):
+        self.launch(os.fsdecode(self.project(name="clear\033[2J%d.c")))
+        wait_for(lambda: self.logged("parsing file clear [2J0.c"), "the file's line")
+        with open(self.log.name, "rb") as stream:
+            self.assertNotIn(b"\033", stream.read())
 
     # Drags from another process
 
@@ -335,6 +375,37 @@ class ShellTest(unittest.TestCase):
         x, y, _, _ = wait_until_settled(self.main_screen, "the window to come back")
         self.desktop.xdo("mousemove", x + 28, y + 22, "click", 1)
         self.assertEqual(self.application.wait(TIMEOUT), 0)
+
+    def discs(self):
+        """The colours of the close and minimise buttons."""
+        x, y, _, _ = self.main_screen()
+        return [self.desktop.pixel(x + left, y + 17) for left in (28, 48)]
+
+    def test_window_buttons_pale_with_the_window_and_come_back_with_it(self):
+        self.launch()
+        self.desktop.xdo("mousemove", 5, 5)
+        wait_for(lambda: max(max(disc) for disc in self.discs()) < 110, "dark buttons of an active window")
+        other = self.desktop.start(["xmessage", "-geometry", "+0+0", "another window"], env=self.desktop.environment)
+        wait_for(lambda: min(min(disc) for disc in self.discs()) > 150, "pale buttons of an inactive window")
+        other.terminate()
+        self.press_in_main_screen("shift")
+        wait_for(lambda: max(max(disc) for disc in self.discs()) < 110, "dark buttons again")
+
+    def open_button(self):
+        """The colour near the open button's left end."""
+        x, y, _, _ = self.main_screen()
+        return self.desktop.pixel(x + 125, y + 300)
+
+    def test_open_button_is_not_pressed_any_more_after_the_panel(self):
+        self.launch()
+        self.desktop.xdo("mousemove", 5, 5)
+        x, y, _, _ = self.screen
+        at_rest = self.open_button()
+        self.desktop.xdo("mousemove", x + 210, y + 315, "click", 1)
+        panel = wait_for(lambda: self.desktop.windows("Open a project folder"), "the open panel")
+        self.desktop.xdo("mousemove", 5, 5, "windowactivate", "--sync", next(iter(panel)), "key", "Escape")
+        wait_for(lambda: not self.desktop.windows("Open a project folder"), "the panel to close")
+        wait_for(lambda: self.open_button() == at_rest, "the look of a button at rest")
 
     # There and back
 
@@ -443,7 +514,8 @@ class ShellWithoutCompositorTest(ShellTest):
 
 
 def load_tests(loader, _tests, _pattern):
-    suite = loader.loadTestsFromTestCase(ShellTest)
+    suite = loader.loadTestsFromTestCase(CommandLineTest)
+    suite.addTests(loader.loadTestsFromTestCase(ShellTest))
     for test in ("test_pictures_make_the_outline", "test_window_is_moved_by_exactly_the_mouses_travel",
                  "test_dropped_folder_is_opened"):
         suite.addTest(ShellWithoutCompositorTest(test))
