@@ -6,6 +6,7 @@
 #include <QShortcut>
 #include <QUrl>
 #include <chrono>
+#include <filesystem>
 #include <utility>
 
 #include "analysis/ParseProject.h"
@@ -119,7 +120,7 @@ void AppDelegate::mainWindowChanged() {
 
 void AppDelegate::tapOpenFile() {
   QWidget* const over = controllerWindow_ ? static_cast<QWidget*>(controllerWindow_.get()) : window_.get();
-  const std::optional<std::string> folder = openPanel_->runModal(over);
+  const std::optional<std::string> folder = openPanel_->runModal(over, lastFolder_);
   if (folder) chooseProjectIn(std::string(trimmed(*folder)));
 }
 
@@ -131,13 +132,17 @@ void AppDelegate::tapViewOnline() {
   services_.urlOpener->open(QUrl(QString::fromUtf8(kProductUrl)));
 }
 
+/// A drag says nothing while a project is read: the drop picture and the open button are hidden then. What is
+/// dropped is opened all the same.
 void AppDelegate::draggingEntered(CustomDragView* /*view*/) {
+  if (reading_) return;
   showImages(QStringLiteral("window_middle_part_over"), QStringLiteral("drag_over"));
   showHint(QStringLiteral("Let go to measure it"), QStringLiteral("This folder holds an Xcode project"));
   showOpenButton(false);
 }
 
 void AppDelegate::draggingInvalid(CustomDragView* /*view*/) {
+  if (reading_) return;
   showImages(QStringLiteral("window_middle_part_invalid"), QStringLiteral("drag_invalid"));
   showHint(QStringLiteral("No project in there"),
            QStringLiteral("Drop the folder around the .xcodeproj bundle"));
@@ -145,6 +150,10 @@ void AppDelegate::draggingInvalid(CustomDragView* /*view*/) {
 }
 
 void AppDelegate::draggingExited(CustomDragView* /*view*/) {
+  if (!reading_) showIdleDropArea();
+}
+
+void AppDelegate::showIdleDropArea() {
   showImages(QStringLiteral("window_middle_part"), QStringLiteral("drag_normal"));
   showHint(QStringLiteral("Drop a project folder here"),
            QStringLiteral("the one that holds the .xcodeproj bundle"));
@@ -231,20 +240,23 @@ void AppDelegate::progressParsingProjectEnded(const std::shared_ptr<ParseProject
         {QStringLiteral("Ok")});
     return;
   }
+  lastFolder_ = std::filesystem::path(project->initialPath()).parent_path().string();
   showStatsWindow();
 }
 
 void AppDelegate::setReading(bool reading) {
+  reading_ = reading;
+  // A drag that was over the window when the read began may have gone since.
+  showIdleDropArea();
+  if (reading) ui_->imgMiddle->setImageName(QStringLiteral("window_middle_part_over"));
+  showOpenButton(!reading);
   ui_->indicatorProgress->setVisible(reading);
   ui_->lblProcessing->setVisible(reading);
-  showOpenButton(!reading);
   for (QWidget* dropPicture :
        {static_cast<QWidget*>(ui_->imgMiddleOver), static_cast<QWidget*>(ui_->lblDropHint),
         static_cast<QWidget*>(ui_->lblDropCaption)}) {
     dropPicture->setVisible(!reading);
   }
-  ui_->imgMiddle->setImageName(reading ? QStringLiteral("window_middle_part_over")
-                                       : QStringLiteral("window_middle_part"));
 }
 
 void AppDelegate::showStatsWindow() {
