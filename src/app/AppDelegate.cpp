@@ -16,6 +16,7 @@
 #include "app/ProjectRead.h"
 #include "app/WindowButton.h"
 #include "controls/NamedImage.h"
+#include "controls/ReturnPresses.h"
 #include "stats/StatsWindowController.h"
 #include "support/Addresses.h"
 #include "support/Text.h"
@@ -60,6 +61,7 @@ void AppDelegate::connectControls() {
     auto* shortcut = new QShortcut(keys, window_.get());
     connect(shortcut, &QShortcut::activated, this, action);
   };
+  letReturnPressButtons(*window_);
   addShortcut(QKeySequence(Qt::CTRL | Qt::Key_O), &AppDelegate::tapOpenFile);
   addShortcut(QKeySequence(Qt::CTRL | Qt::Key_W), [this] { window_->close(); });
   addShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { window_->close(); });

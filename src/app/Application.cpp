@@ -16,6 +16,7 @@
 #include "app/CommandLine.h"
 #include "app/MakeServices.h"
 #include "app/OpenPanel.h"
+#include "controls/ApplicationTheme.h"
 #include "controls/NamedImage.h"
 #include "support/Addresses.h"
 #include "support/Text.h"
@@ -103,6 +104,7 @@ int runApplication(int argc, char** argv) {
   keepFromStartingSessionBus();
   const Toolkit toolkit(argv[0], commandLine.toolkitArguments);
   setUpToolkit();
+  const ApplicationTheme theme;
   AppDelegate delegate(makeServices(), std::make_unique<QtOpenPanel>(), writeLogLine);
   QApplication::setQuitOnLastWindowClosed(delegate.applicationShouldTerminateAfterLastWindowClosed());
   delegate.applicationDidFinishLaunching();

@@ -18,10 +18,11 @@ class WindowButton final : public QAbstractButton {
 
  protected:
   bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void drawGlyph(QPainter& painter, const QRectF& disc) const;
+  void drawGlyph(QPainter& painter, const QRectF& disc, const QColor& color) const;
 
   Kind kind_;
 };

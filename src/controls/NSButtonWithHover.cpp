@@ -6,8 +6,8 @@
 #include <QPainterPath>
 #include <QPointer>
 
+#include "controls/FocusRing.h"
 #include "controls/NamedImage.h"
-#include "controls/Theme.h"
 
 namespace quillmeter {
 
@@ -97,7 +97,7 @@ void NSButtonWithHover::paintEvent(QPaintEvent* /*event*/) {
                      namedImage(changed ? alternateImageName_ : imageName_, size(), devicePixelRatioF()));
   painter.setPen(Qt::white);
   painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
-  if (hasFocus()) {
+  if (hasFocusRing(this)) {
     const qreal inset = 4.5;
     const QRectF ring = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
     painter.setPen(QPen(Qt::white, 1.5));

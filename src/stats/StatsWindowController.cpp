@@ -7,7 +7,6 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
-#include <QPainter>
 #include <QPointer>
 #include <QPushButton>
 #include <QShortcut>
@@ -36,20 +35,6 @@ constexpr int kYes = 0;
 
 /// Room between a button's picture and its title, which the toolkit has no measure for.
 constexpr int kPictureGap = 8;
-
-/// A picture with the gap to its right, not dimmed while its button is disabled, for scale factors up to 3.
-QIcon undimmedIcon(const QString& name, QSize size) {
-  QIcon icon;
-  for (const qreal scale : {1.0, 2.0, 3.0}) {
-    QPixmap picture((QSizeF(size) * scale).toSize());
-    picture.setDevicePixelRatio(scale);
-    picture.fill(Qt::transparent);
-    QPainter(&picture).drawPixmap(0, 0, namedImage(name, size - QSize(kPictureGap, 0), scale));
-    icon.addPixmap(picture, QIcon::Normal);
-    icon.addPixmap(picture, QIcon::Disabled);
-  }
-  return icon;
-}
 
 /// A project's title is the name of a folder: bytes that need not be UTF-8.
 QString titleOf(const MeasuredProject& project) {
@@ -117,7 +102,7 @@ void StatsWindowController::windowDidLoad() {
 
 void StatsWindowController::setPictures() {
   const auto set = [](QPushButton* button, const QString& name) {
-    button->setIcon(undimmedIcon(name, button->iconSize()));
+    button->setIcon(undimmedIcon(name, button->iconSize(), kPictureGap));
   };
   set(ui_->btnLeft1, QStringLiteral("tab_overview"));
   set(ui_->btnLeft2, QStringLiteral("tab_details"));

@@ -199,6 +199,25 @@ TEST_F(AppDelegateTest, OpenButtonHasTheKeyboardAgainAfterADrag) {
   EXPECT_EQ(delegate->window()->focusWidget(), outlets().btnOpenProject);
 }
 
+TEST_F(AppDelegateTest, ReturnPressesTheFocusedButton) {
+  QApplication::setActiveWindow(delegate->window());
+  outlets().tapViewOnline->setFocus();
+  QTest::keyClick(outlets().tapViewOnline, Qt::Key_Return);
+  EXPECT_EQ(fakes.urlOpener->opened.size(), 1U);
+  outlets().btnOpenProject->setFocus();
+  QTest::keyClick(outlets().btnOpenProject, Qt::Key_Return);
+  EXPECT_NE(panelOver, nullptr);
+}
+
+TEST_F(AppDelegateTest, ControlQAndControlWEndIt) {
+  for (const Qt::Key key : {Qt::Key_Q, Qt::Key_W}) {
+    delegate->window()->show();
+    QApplication::setActiveWindow(delegate->window());
+    QTest::keyClick(delegate->window(), key, Qt::ControlModifier);
+    EXPECT_FALSE(delegate->window()->isVisible());
+  }
+}
+
 TEST_F(AppDelegateTest, LinksOpenTheirPages) {
   outlets().btnRateOnStore->click();
   outlets().tapViewOnline->click();

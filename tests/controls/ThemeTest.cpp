@@ -38,6 +38,7 @@ TEST_P(Theme, TextsAreReadable) {
   EXPECT_GE(contrast(colors.text, colors.background), readable);
   EXPECT_GE(contrast(colors.mutedText, colors.card), readable);
   EXPECT_GE(contrast(colors.mutedText, colors.background), readable);
+  EXPECT_GE(contrast(colors.link, colors.card), readable);
   EXPECT_GE(contrast(colors.sidebarText, colors.sidebar), readable);
   EXPECT_GE(contrast(colors.sidebarText, colors.sidebarHover), readable);
   EXPECT_GE(contrast(colors.warning, colors.card), readable);
