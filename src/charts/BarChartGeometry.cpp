@@ -5,6 +5,7 @@
 #include "charts/ChartGeometry.h"
 #include "charts/Ratio.h"
 #include "support/Number.h"
+#include "support/NumberFormat.h"
 
 namespace quillmeter {
 namespace {
@@ -88,7 +89,7 @@ ChartLabel chartTitleLabel(std::int32_t graphType) {
 }
 
 std::string gridLabelText(std::int32_t graphType, std::int64_t value) {
-  return graphType == kSourceFilesBars ? std::to_string(value) : chartSizeText(static_cast<double>(value));
+  return graphType == kSourceFilesBars ? std::to_string(value) : sizeInKilobytes(static_cast<double>(value));
 }
 
 BarChartDrawing barChartDrawing(const ChartContents& contents, const TextMeasure& measure) {

@@ -27,14 +27,9 @@ std::optional<std::string> sizeAdvice(double share, std::int32_t graphType) {
 
 }  // namespace
 
-std::string chartSizeText(double bytes) {
-  const double kilobytes = bytes / 1024.0;
-  return kilobytes >= 1024.0 ? fixed(kilobytes / 1024.0, 1) + " MB" : fixed(kilobytes, 1) + " KB";
-}
-
 std::string barValueText(std::int32_t graphType, const FileObject& file) {
   return graphType == kSourceFilesBars ? std::to_string(integerValue(file.noLinesTotal())) + " lines"
-                                       : chartSizeText(static_cast<double>(integerValue(file.fileSize())));
+                                       : sizeInKilobytes(static_cast<double>(integerValue(file.fileSize())));
 }
 
 std::optional<ChartAdvice> chartAdvice(std::int32_t graphType, const FileObject& file, double average) {
@@ -49,7 +44,7 @@ std::optional<ChartAdvice> chartAdvice(std::int32_t graphType, const FileObject&
     advice.advice = codeAdvice(share);
   } else {
     advice.value = "File size: " + barValueText(graphType, file);
-    advice.average = "Average: " + chartSizeText(average);
+    advice.average = "Average: " + sizeInKilobytes(average);
     advice.advice = sizeAdvice(share, graphType);
   }
   return advice;

@@ -25,7 +25,4 @@ struct ChartAdvice {
 /// MB.
 [[nodiscard]] std::string barValueText(std::int32_t graphType, const FileObject& file);
 
-/// `bytes` as "%.1f KB", or "%.1f MB" from 1024 KB on.
-[[nodiscard]] std::string chartSizeText(double bytes);
-
 }  // namespace quillmeter

@@ -14,13 +14,6 @@
 namespace quillmeter {
 namespace {
 
-constexpr double kOneOver1024 = 0.0009765625;
-
-std::string sizeText(std::int64_t bytes) {
-  const double kilobytes = static_cast<double>(bytes) * kOneOver1024;
-  return kilobytes >= 1024.0 ? fixed(kilobytes * kOneOver1024, 1) + " MB" : fixed(kilobytes, 1) + " KB";
-}
-
 /// A sum that wraps around instead of overflowing: sizes may be any number.
 std::int64_t sum(std::int64_t left, std::int64_t right) {
   return static_cast<std::int64_t>(static_cast<std::uint64_t>(left) + static_cast<std::uint64_t>(right));
@@ -108,14 +101,14 @@ std::array<std::string, 3> PDFExporter::cellValuesForFileType(std::string_view e
   const GroupSums sums = index < groupSums_.size() ? groupSums_[index] : GroupSums{};
   const bool counted = showsLineCounts(extension);
   return {counted ? std::to_string(sums.lines) : "-", counted ? std::to_string(sums.linesWithoutSpaces) : "-",
-          sizeText(sums.size)};
+          sizeInKilobytes(static_cast<double>(sums.size))};
 }
 
 std::array<std::string, 4> PDFExporter::cellValuesForFile(const FileObject& file) {
   const bool counted = showsLineCounts(file.getFileExtension().value_or(""));
   return {file.fileName().value_or(""), counted ? std::to_string(integerValue(file.noLinesTotal())) : "-",
           counted ? std::to_string(integerValue(file.noLinesWithoutSpaces())) : "-",
-          sizeText(integerValue(file.fileSize()))};
+          sizeInKilobytes(static_cast<double>(integerValue(file.fileSize())))};
 }
 
 }  // namespace quillmeter
