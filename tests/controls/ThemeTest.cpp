@@ -53,6 +53,10 @@ TEST_P(Theme, FocusAndOnStatesStandOut) {
   // The bar of the chosen tab, and the focus ring in the column.
   EXPECT_GE(contrast(colors.sidebarText, colors.sidebar), visible);
   EXPECT_GE(contrast(colors.sidebarText, colors.accent), visible);
+  EXPECT_GE(contrast(colors.scrollThumb, colors.card), visible);
+  EXPECT_GE(contrast(colors.scrollThumb, colors.background), visible);
+  // The focus ring on what is on in a pop-up panel.
+  EXPECT_GE(contrast(colors.accent, colors.sidebarText), visible);
 }
 
 TEST_P(Theme, StyleSheetHasAValueForEveryName) {

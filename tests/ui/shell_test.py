@@ -483,9 +483,9 @@ class ShellTest(unittest.TestCase):
             self.skipTest("thunar is not installed")
         self.desktop.start_session_bus()
         self.desktop.start(["thunar", "--daemon"], env=self.desktop.environment)
-        wait_for(lambda: "FileManager1" in self.desktop.output(
-            "dbus-send", "--session", "--print-reply", "--dest=org.freedesktop.DBus", "/", "org.freedesktop.DBus.ListNames"),
-            "the file browser")
+        names = ("dbus-send", "--session", "--print-reply", "--dest=org.freedesktop.DBus", "/",
+                 "org.freedesktop.DBus.ListNames")
+        wait_for(lambda: "FileManager1" in self.desktop.output(*names), "the file browser")
         with open(self.desktop.home + "/bus", "wb") as stream:
             self.desktop.start(["dbus-monitor", "interface=org.freedesktop.FileManager1"], env=self.desktop.environment,
                                stdout=stream)
