@@ -6,6 +6,7 @@
 #include <QShortcut>
 #include <QUrl>
 #include <chrono>
+#include <filesystem>
 #include <utility>
 
 #include "analysis/ParseProject.h"
@@ -15,6 +16,7 @@
 #include "app/ProjectRead.h"
 #include "app/WindowButton.h"
 #include "controls/NamedImage.h"
+#include "controls/ReturnPresses.h"
 #include "stats/StatsWindowController.h"
 #include "support/Addresses.h"
 #include "support/Text.h"
@@ -63,6 +65,7 @@ void AppDelegate::connectControls() {
     auto* shortcut = new QShortcut(keys, window_.get());
     connect(shortcut, &QShortcut::activated, this, action);
   };
+  letReturnPressButtons(*window_);
   addShortcut(QKeySequence(Qt::CTRL | Qt::Key_O), &AppDelegate::tapOpenFile);
   addShortcut(QKeySequence(Qt::CTRL | Qt::Key_W), [this] { window_->close(); });
   addShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { window_->close(); });
@@ -123,7 +126,7 @@ void AppDelegate::mainWindowChanged() {
 
 void AppDelegate::tapOpenFile() {
   QWidget* const over = controllerWindow_ ? static_cast<QWidget*>(controllerWindow_.get()) : window_.get();
-  const std::optional<std::string> folder = openPanel_->runModal(over);
+  const std::optional<std::string> folder = openPanel_->runModal(over, lastFolder_);
   if (folder) chooseProjectIn(std::string(trimmed(*folder)));
 }
 
@@ -135,13 +138,17 @@ void AppDelegate::tapViewOnline() {
   services_.urlOpener->open(QUrl(QString::fromUtf8(kProductUrl)));
 }
 
+/// A drag says nothing while a project is read: the drop picture and the open button are hidden then. What is
+/// dropped is opened all the same.
 void AppDelegate::draggingEntered(CustomDragView* /*view*/) {
+  if (reading_) return;
   showImages(QStringLiteral("window_middle_part_over"), QStringLiteral("drag_over"));
   showHint(QStringLiteral("Let go to measure it"), QStringLiteral("This folder holds an Xcode project"));
   showOpenButton(false);
 }
 
 void AppDelegate::draggingInvalid(CustomDragView* /*view*/) {
+  if (reading_) return;
   showImages(QStringLiteral("window_middle_part_invalid"), QStringLiteral("drag_invalid"));
   showHint(QStringLiteral("No project in there"),
            QStringLiteral("Drop the folder around the .xcodeproj bundle"));
@@ -149,6 +156,10 @@ void AppDelegate::draggingInvalid(CustomDragView* /*view*/) {
 }
 
 void AppDelegate::draggingExited(CustomDragView* /*view*/) {
+  if (!reading_) showIdleDropArea();
+}
+
+void AppDelegate::showIdleDropArea() {
   showImages(QStringLiteral("window_middle_part"), QStringLiteral("drag_normal"));
   showHint(QStringLiteral("Drop a project folder here"),
            QStringLiteral("the one that holds the .xcodeproj bundle"));
@@ -235,20 +246,23 @@ void AppDelegate::progressParsingProjectEnded(const std::shared_ptr<ParseProject
         {QStringLiteral("Ok")});
     return;
   }
+  lastFolder_ = std::filesystem::path(project->initialPath()).parent_path().string();
   showStatsWindow();
 }
 
 void AppDelegate::setReading(bool reading) {
+  reading_ = reading;
+  // A drag that was over the window when the read began may have gone since.
+  showIdleDropArea();
+  if (reading) ui_->imgMiddle->setImageName(QStringLiteral("window_middle_part_over"));
+  showOpenButton(!reading);
   ui_->indicatorProgress->setVisible(reading);
   ui_->lblProcessing->setVisible(reading);
-  showOpenButton(!reading);
   for (QWidget* dropPicture :
        {static_cast<QWidget*>(ui_->imgMiddleOver), static_cast<QWidget*>(ui_->lblDropHint),
         static_cast<QWidget*>(ui_->lblDropCaption)}) {
     dropPicture->setVisible(!reading);
   }
-  ui_->imgMiddle->setImageName(reading ? QStringLiteral("window_middle_part_over")
-                                       : QStringLiteral("window_middle_part"));
 }
 
 void AppDelegate::showStatsWindow() {

@@ -75,9 +75,6 @@ class AppDelegate final : public QObject, public CustomDragViewDelegate, public 
   void showBackMainWindow() override;
 
   [[nodiscard]] CustomShapeWindow* window() const { return window_.get(); }
-  void setParserProject(std::shared_ptr<const MeasuredProject> project) {
-    parserProject_ = std::move(project);
-  }
   /// The statistics window; null when there is none.
   [[nodiscard]] StatsWindowController* controllerWindow() const { return controllerWindow_.get(); }
   /// The outlets of the main screen.
@@ -101,6 +98,7 @@ class AppDelegate final : public QObject, public CustomDragViewDelegate, public 
   void showHint(const QString& hint, const QString& caption);
   void showOpenButton(bool shown);
   void setReading(bool reading);
+  void showIdleDropArea();
   void showStatsWindow();
   /// Takes the statistics window from the screen now and destroys it when its own calls have returned.
   void retireStatsWindow();
@@ -116,6 +114,8 @@ class AppDelegate final : public QObject, public CustomDragViewDelegate, public 
   WindowButton* closeButton_ = nullptr;  ///< these three belong to the main screen
   WindowButton* minimizeButton_ = nullptr;
   WindowButton* maximizeButton_ = nullptr;
+  std::string lastFolder_;      ///< of the project opened last; empty before the first
+  bool reading_ = false;        ///< what the main screen shows
   QPointer<ProjectRead> read_;  ///< the read whose messages are shown; reads are children of this object
 };
 

@@ -5,20 +5,26 @@
 #include <QSettings>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <span>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "app/AppDelegate.h"
 #include "app/CommandLine.h"
 #include "app/MakeServices.h"
 #include "app/OpenPanel.h"
+#include "controls/ApplicationTheme.h"
 #include "controls/NamedImage.h"
 #include "support/Addresses.h"
+#include "support/Text.h"
 
 namespace quillmeter {
 namespace {
 
+constexpr int kNoDisplay = 1;
 constexpr int kWrongUsage = 2;
 
 void setUpToolkit() {
@@ -34,9 +40,10 @@ void setUpToolkit() {
   std::signal(SIGPIPE, SIG_IGN);
 }
 
-/// One call a line, so that lines of several threads do not mix.
+/// One call a line, so that lines of several threads do not mix. A file's name may hold line breaks and what
+/// a terminal would take for commands.
 void writeLogLine(std::string_view line) {
-  std::string text(line);
+  std::string text = onOneLine(line);
   text += '\n';
   std::fwrite(text.data(), 1, text.size(), stderr);
 }
@@ -49,6 +56,34 @@ void keepFromStartingSessionBus() {
     qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
 }
 
+/// Without a display the toolkit ends the program with a page of advice and a core.
+void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*message*/) {
+  if (type != QtFatalMsg) return;
+  std::fputs("quillmeter: no display can be opened; quillmeter-cli measures projects without one\n", stderr);
+  std::_Exit(kNoDisplay);
+}
+
+/// The toolkit's application object with the arguments it takes. It keeps hold of what it is given.
+class Toolkit {
+ public:
+  Toolkit(char* programName, std::vector<std::string> arguments) : arguments_(std::move(arguments)) {
+    pointers_.push_back(programName);
+    for (std::string& argument : arguments_)
+      pointers_.push_back(argument.data());
+    count_ = static_cast<int>(pointers_.size());
+    pointers_.push_back(nullptr);
+    const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
+    application_ = std::make_unique<QApplication>(count_, pointers_.data());
+    qInstallMessageHandler(usual);
+  }
+
+ private:
+  std::vector<std::string> arguments_;
+  std::vector<char*> pointers_;
+  int count_ = 0;
+  std::unique_ptr<QApplication> application_;
+};
+
 std::span<const char* const> argumentsOf(int argc, char** argv) {
   return {argv + 1, static_cast<std::size_t>(argc > 0 ? argc - 1 : 0)};
 }
@@ -56,19 +91,20 @@ std::span<const char* const> argumentsOf(int argc, char** argv) {
 }  // namespace
 
 int runApplication(int argc, char** argv) {
-  // Help is given without a display, too.
-  if (const auto output = readCommandLine(argumentsOf(argc, argv)).output) {
-    std::fputs(output->c_str(), stdout);
+  // Help is given, and wrong usage told, without a display, too.
+  const CommandLine commandLine = readCommandLine(argumentsOf(argc, argv));
+  if (commandLine.output) {
+    std::fputs(commandLine.output->c_str(), stdout);
     return 0;
   }
-  keepFromStartingSessionBus();
-  const QApplication application(argc, argv);  // takes the toolkit's own options out of the arguments
-  const CommandLine commandLine = readCommandLine(argumentsOf(argc, argv));
   if (commandLine.error) {
-    std::fprintf(stderr, "quillmeter: %s\nTry 'quillmeter --help'.\n", commandLine.error->c_str());
+    std::fprintf(stderr, "quillmeter: %s\nTry 'quillmeter --help'.\n", onOneLine(*commandLine.error).c_str());
     return kWrongUsage;
   }
+  keepFromStartingSessionBus();
+  const Toolkit toolkit(argv[0], commandLine.toolkitArguments);
   setUpToolkit();
+  const ApplicationTheme theme;
   AppDelegate delegate(makeServices(), std::make_unique<QtOpenPanel>(), writeLogLine);
   QApplication::setQuitOnLastWindowClosed(delegate.applicationShouldTerminateAfterLastWindowClosed());
   delegate.applicationDidFinishLaunching();

@@ -1,6 +1,10 @@
 #include "app/CommandLine.h"
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <string_view>
+#include <utility>
 
 #include "analysis/ProjectChooser.h"
 #include "support/Addresses.h"
@@ -21,19 +25,54 @@ constexpr auto kHelp =
     "  -h, --help     Show this help and exit\n"
     "      --version  Show the version and exit\n";
 
+/// The toolkit's options that take the argument behind them, and those that stand alone. It takes each with
+/// one dash or two.
+constexpr std::array<std::string_view, 15> kToolkitOptionsWithValue{
+    "display",         "geometry",           "icon",          "name",
+    "platform",        "platformpluginpath", "platformtheme", "plugin",
+    "qwindowgeometry", "qwindowicon",        "qwindowtitle",  "session",
+    "style",           "stylesheet",         "title"};
+constexpr std::array<std::string_view, 4> kToolkitFlags{"dograb", "nograb", "reverse", "widgetcount"};
+
+enum class ToolkitOption { none, flag, withValue };
+
+ToolkitOption toolkitOption(std::string_view argument) {
+  argument.remove_prefix(argument.starts_with("--") ? 2 : 1);
+  const auto isIn = [argument](const auto& names) {
+    return std::find(names.begin(), names.end(), argument) != names.end();
+  };
+  if (isIn(kToolkitOptionsWithValue)) return ToolkitOption::withValue;
+  const bool hasItsValue = argument.starts_with("style=") || argument.starts_with("stylesheet=");
+  return hasItsValue || isIn(kToolkitFlags) ? ToolkitOption::flag : ToolkitOption::none;
+}
+
+CommandLine withOutput(std::string output) {
+  CommandLine result;
+  result.output = std::move(output);
+  return result;
+}
+
 }  // namespace
 
 CommandLine readCommandLine(std::span<const char* const> arguments) {
   CommandLine result;
   bool optionsEnded = false;
-  for (const std::string_view argument : arguments) {
+  for (std::size_t at = 0; at < arguments.size(); ++at) {
+    const std::string_view argument = arguments[at];
     const bool option = !optionsEnded && argument.starts_with('-') && argument.size() > 1;
+    const ToolkitOption toolkit = option ? toolkitOption(argument) : ToolkitOption::none;
     if (option && argument == "--") {
       optionsEnded = true;
     } else if (option && (argument == "--help" || argument == "-h")) {
-      return {.project = {}, .output = kHelp, .error = {}};
+      return withOutput(kHelp);
     } else if (option && argument == "--version") {
-      return {.project = {}, .output = std::string("quillmeter ") + kVersion + "\n", .error = {}};
+      return withOutput(std::string("quillmeter ") + kVersion + "\n");
+    } else if (toolkit == ToolkitOption::withValue && at + 1 == arguments.size()) {
+      result.error = std::string(argument) + " needs a value";
+      return result;
+    } else if (toolkit != ToolkitOption::none) {
+      result.toolkitArguments.emplace_back(argument);
+      if (toolkit == ToolkitOption::withValue) result.toolkitArguments.emplace_back(arguments[++at]);
     } else if (option) {
       result.error = "unknown option: " + std::string(argument);
       return result;

@@ -4,10 +4,8 @@
 #include <QEvent>
 #include <QImage>
 #include <QResizeEvent>
-#include <QWindow>
 #include <utility>
 
-#include "app/Compositor.h"
 #include "app/CustomShapeWindowFrameView.h"
 
 namespace quillmeter {
@@ -24,6 +22,7 @@ CustomShapeWindow::CustomShapeWindow(const QRect& contentRect, Qt::WindowFlags /
   setAttribute(Qt::WA_TranslucentBackground);
   resize(contentRect.size());
   if (!contentRect.topLeft().isNull()) move(contentRect.topLeft());
+  connect(&compositorWatch_, &CompositorWatch::changed, this, &CustomShapeWindow::applyOutline);
 }
 
 void CustomShapeWindow::setContentSize(const QSize& size) {
@@ -65,7 +64,6 @@ void CustomShapeWindow::setOutline(std::function<QRegion()> outline) {
 
 void CustomShapeWindow::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  if (windowHandle() != nullptr) windowHandle()->installEventFilter(this);
   applyOutline();
 }
 
@@ -78,16 +76,7 @@ void CustomShapeWindow::resizeEvent(QResizeEvent* event) {
 
 void CustomShapeWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() == QEvent::ActivationChange) {
-    applyOutline();
-    mainWindowChanged();
-  }
-}
-
-/// A compositor that comes or goes makes the server ask for the window's contents again.
-bool CustomShapeWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Expose) applyOutline();
-  return QWidget::eventFilter(watched, event);
+  if (event->type() == QEvent::ActivationChange) mainWindowChanged();
 }
 
 void CustomShapeWindow::applyOutline() {

@@ -6,6 +6,8 @@
 #include <QWidget>
 #include <functional>
 
+#include "app/Compositor.h"
+
 namespace quillmeter {
 
 class CustomShapeWindowFrameView;
@@ -50,7 +52,6 @@ class CustomShapeWindow : public QWidget {
   void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void applyOutline();
@@ -59,6 +60,7 @@ class CustomShapeWindow : public QWidget {
   CustomShapeWindowFrameView* frameView_ = nullptr;  ///< a child of the window
   std::function<QRegion()> outline_;
   bool isCut_ = false;
+  CompositorWatch compositorWatch_;
 };
 
 /// The part of a picture that is opaque enough to belong to a window that cannot be translucent.

@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QWindow>
 
+#include "app/Compositor.h"
+
 namespace quillmeter {
 
 CustomShapeWindowFrameView::CustomShapeWindowFrameView(QWidget* parent) : QWidget(parent) {}
@@ -17,10 +19,8 @@ void CustomShapeWindowFrameView::paintEvent(QPaintEvent* event) {
 
 void CustomShapeWindowFrameView::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
-    if (QWindow* handle = window()->windowHandle()) handle->startSystemMove();
-    return;
-  }
+  QWindow* const handle = window()->windowHandle();
+  if (desktopPlacesWindows() && handle != nullptr && handle->startSystemMove()) return;
   press_ = Press{event->globalPosition(), window()->pos()};
 }
 

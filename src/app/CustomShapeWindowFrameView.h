@@ -19,8 +19,8 @@ class CustomShapeWindowFrameView : public QWidget {
   /// Clears what is to be drawn, so that only the content shows.
   void paintEvent(QPaintEvent* event) override;
   /// From the press to the release of the left button the window keeps the distance to the mouse that it had
-  /// at the press. Where the desktop does not let a window place itself (Wayland), the press asks the desktop
-  /// to move it.
+  /// at the press. Where the desktop need not let a window place itself (Wayland, and X11 on top of it), the
+  /// press asks the desktop to move it.
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;

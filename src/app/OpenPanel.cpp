@@ -2,16 +2,21 @@
 
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QPointer>
+
+#include "controls/FileDialogLook.h"
 
 namespace quillmeter {
 
-std::optional<std::string> QtOpenPanel::runModal(QWidget* parent) {
+std::optional<std::string> QtOpenPanel::runModal(QWidget* parent, const std::string& folder) {
   // On the heap and watched: the panel goes with its parent, and the parent may go while the panel is up.
   const QPointer<QFileDialog> dialog = new QFileDialog(parent, QStringLiteral("Open a project folder"));
   dialog->setFileMode(QFileDialog::Directory);
-  // Opening a project changes nothing, so the panel offers no folder to be made, renamed or deleted either.
-  dialog->setOptions(QFileDialog::ShowDirsOnly | QFileDialog::ReadOnly);
+  dialog->setOption(QFileDialog::ShowDirsOnly);
+  giveFileDialogLook(*dialog);
+  const QString start = QFile::decodeName(QByteArray::fromStdString(folder));
+  if (!start.isEmpty() && QFileInfo(start).isDir()) dialog->setDirectory(start);
   dialog->setLabelText(QFileDialog::Accept, QStringLiteral("Open"));
   const bool accepted = dialog->exec() == QDialog::Accepted;
   if (dialog.isNull()) return std::nullopt;

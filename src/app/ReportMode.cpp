@@ -13,6 +13,7 @@
 #include "overview/OverviewFigures.h"
 #include "stats/CanvasReportChart.h"
 #include "support/NumberFormat.h"
+#include "support/Text.h"
 
 namespace quillmeter {
 namespace {
@@ -24,7 +25,7 @@ constexpr int kOutputFailed = 4;
 constexpr int kArguments = 5;
 
 int failed(int status, const std::string& message) {
-  std::fprintf(stderr, "quillmeter: %s\n", message.c_str());
+  std::fprintf(stderr, "quillmeter: %s\n", onOneLine(message).c_str());
   return status;
 }
 

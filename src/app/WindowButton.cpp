@@ -1,9 +1,11 @@
 #include "app/WindowButton.h"
 
 #include <QEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QPainter>
-#include <QPalette>
 
+#include "controls/FocusRing.h"
 #include "controls/Theme.h"
 
 namespace quillmeter {
@@ -24,11 +26,19 @@ QSize WindowButton::sizeHint() const {
   return {kSide, kSide};
 }
 
+/// Return presses every button of the program.
+void WindowButton::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    click();
+  } else {
+    QAbstractButton::keyPressEvent(event);
+  }
+}
+
 void WindowButton::paintEvent(QPaintEvent* /*event*/) {
-  // The pictures behind are light on every desktop.
-  const ThemeColors& colors = themeFor(QPalette(Qt::white));
+  const ThemeColors& colors = themeFor(QGuiApplication::palette());
   const bool dark = isEnabled() && (isActiveWindow() || underMouse());
-  QColor disc = dark ? colors.text : QColor(0xB9, 0xC4, 0xCF);
+  QColor disc = dark ? colors.text : colors.inactive;
   if (isEnabled() && (underMouse() || isDown())) disc = kind_ == Kind::close ? colors.warning : colors.accent;
   if (isDown()) disc = disc.darker(125);
 
@@ -38,18 +48,18 @@ void WindowButton::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(Qt::NoPen);
   painter.setBrush(disc);
   painter.drawEllipse(circle);
-  drawGlyph(painter, circle);
-  if (hasFocus()) {
+  drawGlyph(painter, circle, colors.card);
+  if (hasFocusRing(this)) {
     painter.setPen(QPen(colors.accent, 1.5));
     painter.setBrush(Qt::NoBrush);
     painter.drawEllipse(QRectF(rect()).adjusted(0.75, 0.75, -0.75, -0.75));
   }
 }
 
-void WindowButton::drawGlyph(QPainter& painter, const QRectF& disc) const {
+void WindowButton::drawGlyph(QPainter& painter, const QRectF& disc, const QColor& color) const {
   const QPointF middle = disc.center();
   const qreal arm = kind_ == Kind::close ? 2.1 : 2.9;
-  painter.setPen(QPen(Qt::white, 1.4, Qt::SolidLine, Qt::RoundCap));
+  painter.setPen(QPen(color, 1.4, Qt::SolidLine, Qt::RoundCap));
   if (kind_ == Kind::close) {
     painter.drawLine(middle + QPointF(-arm, -arm), middle + QPointF(arm, arm));
     painter.drawLine(middle + QPointF(-arm, arm), middle + QPointF(arm, -arm));
@@ -59,9 +69,10 @@ void WindowButton::drawGlyph(QPainter& painter, const QRectF& disc) const {
   if (kind_ == Kind::zoom) painter.drawLine(middle + QPointF(0, -arm), middle + QPointF(0, arm));
 }
 
-void WindowButton::changeEvent(QEvent* event) {
-  QAbstractButton::changeEvent(event);
-  if (event->type() == QEvent::ActivationChange) update();
+/// The toolkit tells a window's children nothing but these two when its window gains or loses the keyboard.
+bool WindowButton::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate) update();
+  return QAbstractButton::event(event);
 }
 
 }  // namespace quillmeter

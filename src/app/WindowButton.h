@@ -17,11 +17,12 @@ class WindowButton final : public QAbstractButton {
   [[nodiscard]] QSize sizeHint() const override;
 
  protected:
+  bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
-  void changeEvent(QEvent* event) override;
 
  private:
-  void drawGlyph(QPainter& painter, const QRectF& disc) const;
+  void drawGlyph(QPainter& painter, const QRectF& disc, const QColor& color) const;
 
   Kind kind_;
 };

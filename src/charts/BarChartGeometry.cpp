@@ -5,6 +5,7 @@
 #include "charts/ChartGeometry.h"
 #include "charts/Ratio.h"
 #include "support/Number.h"
+#include "support/NumberFormat.h"
 
 namespace quillmeter {
 namespace {
@@ -89,7 +90,7 @@ ChartLabel chartTitleLabel(ChartKind kind) {
 
 std::string gridLabelText(ChartKind kind, std::int64_t value) {
   return kind == ChartKind::sourceFilesBars ? std::to_string(value)
-                                            : chartSizeText(static_cast<double>(value));
+                                            : sizeInKilobytes(static_cast<double>(value));
 }
 
 BarChartDrawing barChartDrawing(const ChartContents& contents, const TextMeasure& measure) {

@@ -27,15 +27,10 @@ std::optional<std::string> sizeAdvice(double share, ChartKind kind) {
 
 }  // namespace
 
-std::string chartSizeText(double bytes) {
-  const double kilobytes = bytes / 1024.0;
-  return kilobytes >= 1024.0 ? fixed(kilobytes / 1024.0, 1) + " MB" : fixed(kilobytes, 1) + " KB";
-}
-
 std::string barValueText(ChartKind kind, const FileObject& file) {
   return kind == ChartKind::sourceFilesBars
              ? std::to_string(integerValue(file.noLinesTotal())) + " lines"
-             : chartSizeText(static_cast<double>(integerValue(file.fileSize())));
+             : sizeInKilobytes(static_cast<double>(integerValue(file.fileSize())));
 }
 
 std::optional<ChartAdvice> chartAdvice(ChartKind kind, const FileObject& file, double average) {
@@ -50,7 +45,7 @@ std::optional<ChartAdvice> chartAdvice(ChartKind kind, const FileObject& file, d
     advice.advice = codeAdvice(share);
   } else {
     advice.value = "File size: " + barValueText(kind, file);
-    advice.average = "Average: " + chartSizeText(average);
+    advice.average = "Average: " + sizeInKilobytes(average);
     advice.advice = sizeAdvice(share, kind);
   }
   return advice;

@@ -24,7 +24,4 @@ struct ChartAdvice {
 /// MB.
 [[nodiscard]] std::string barValueText(ChartKind kind, const FileObject& file);
 
-/// `bytes` as "%.1f KB", or "%.1f MB" from 1024 KB on.
-[[nodiscard]] std::string chartSizeText(double bytes);
-
 }  // namespace quillmeter

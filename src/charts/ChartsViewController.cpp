@@ -54,17 +54,6 @@ QByteArray jpegData(const QPixmap& picture) {
   return bytes;
 }
 
-/// A named picture as an icon that looks the same on a disabled button.
-QIcon undimmedIcon(const QString& name, QSize size) {
-  QIcon icon;
-  for (const double scale : {1.0, 2.0, 3.0}) {
-    const QPixmap picture = namedImage(name, size, scale);
-    icon.addPixmap(picture, QIcon::Normal);
-    icon.addPixmap(picture, QIcon::Disabled);
-  }
-  return icon;
-}
-
 }  // namespace
 
 std::unique_ptr<ChartsViewController> ChartsViewController::create(ChartsHost& host,

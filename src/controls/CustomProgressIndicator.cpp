@@ -106,7 +106,7 @@ QPixmap CustomProgressIndicator::imageLeftCapWidthMiddleWidthRightCapWidth(const
 void CustomProgressIndicator::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const qreal scale = devicePixelRatioF();
-  painter.drawPixmap(QPointF(), namedImage(QStringLiteral("loader_empty"), {}, scale));
+  painter.drawPixmap(QPointF(), namedImage(themedImageName(QStringLiteral("loader_empty")), {}, scale));
   const QPixmap full = namedImage(QStringLiteral("loader_full"), {}, scale);
   if (indeterminate_) {
     drawWanderer(painter, full);

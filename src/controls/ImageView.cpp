@@ -13,15 +13,16 @@ ImageView::ImageView(QWidget* parent) : QLabel(parent) {
 void ImageView::setImageName(const QString& name) {
   if (name == imageName_) return;
   imageName_ = name;
-  drawn_ = QPixmap();
   update();
 }
 
 void ImageView::paintEvent(QPaintEvent* /*event*/) {
   const qreal scale = devicePixelRatioF();
-  if (drawn_.isNull() || drawn_.deviceIndependentSize().toSize() != size() ||
+  const QString name = themedImageName(imageName_);
+  if (drawn_.isNull() || drawnName_ != name || drawn_.deviceIndependentSize().toSize() != size() ||
       drawn_.devicePixelRatio() != scale) {
-    drawn_ = namedImage(imageName_, size(), scale);
+    drawnName_ = name;
+    drawn_ = namedImage(name, size(), scale);
   }
   QPainter(this).drawPixmap(QPointF(), drawn_);
 }

@@ -6,8 +6,8 @@
 
 namespace quillmeter {
 
-/// Shows a picture by name, scaled to the view and crisp at every scale factor. Lets mouse presses through to
-/// the view below.
+/// Shows a picture by name, in its dark version on a dark desktop, scaled to the view and crisp at every
+/// scale factor. Lets mouse presses through to the view below.
 class ImageView : public QLabel {
   Q_OBJECT
 
@@ -22,6 +22,7 @@ class ImageView : public QLabel {
 
  private:
   QString imageName_;
+  QString drawnName_;
   QPixmap drawn_;  ///< the picture at the size and scale at which it was last shown
 };
 

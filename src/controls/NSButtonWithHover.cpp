@@ -6,8 +6,8 @@
 #include <QPainterPath>
 #include <QPointer>
 
+#include "controls/FocusRing.h"
 #include "controls/NamedImage.h"
-#include "controls/Theme.h"
 
 namespace quillmeter {
 
@@ -52,27 +52,39 @@ void NSButtonWithHover::mouseEntered() {
 }
 
 void NSButtonWithHover::mouseExited() {
+  mouseHasLeft_ = true;
   setImageName(QStringLiteral("btn_open_project_normal"));
 }
 
 void NSButtonWithHover::mousePressEvent(QMouseEvent* event) {
   QPushButton::mousePressEvent(event);
-  if (event->button() == Qt::LeftButton) tracksClick_ = true;
+  if (event->button() != Qt::LeftButton) return;
+  tracksClick_ = true;
+  mouseHasLeft_ = false;
 }
 
 void NSButtonWithHover::mouseReleaseEvent(QMouseEvent* event) {
   const bool endsClick = tracksClick_ && event->button() == Qt::LeftButton;
   const QPointer<NSButtonWithHover> self(this);
+  const QPoint mouse = QCursor::pos();
   QPushButton::mouseReleaseEvent(event);  // sends the action, which may take long, or the button with it
   if (self.isNull() || event->button() != Qt::LeftButton) return;
   tracksClick_ = false;
-  setImageName(endsClick ? QStringLiteral("btn_open_project_press")
-                         : QStringLiteral("btn_open_project_normal"));
+  // While a panel blocks the window nobody tells it that the mouse has gone.
+  if (QCursor::pos() != mouse && !rect().contains(mapFromGlobal(QCursor::pos()))) mouseHasLeft_ = true;
+  setImageName(endsClick && !mouseHasLeft_ ? QStringLiteral("btn_open_project_press")
+                                           : QStringLiteral("btn_open_project_normal"));
 }
 
 void NSButtonWithHover::showEvent(QShowEvent* event) {
   QPushButton::showEvent(event);
   updateTrackingAreas();
+}
+
+/// A mouse over a button that goes has left it.
+void NSButtonWithHover::hideEvent(QHideEvent* event) {
+  QPushButton::hideEvent(event);
+  mouseExited();
 }
 
 void NSButtonWithHover::paintEvent(QPaintEvent* /*event*/) {
@@ -85,7 +97,7 @@ void NSButtonWithHover::paintEvent(QPaintEvent* /*event*/) {
                      namedImage(changed ? alternateImageName_ : imageName_, size(), devicePixelRatioF()));
   painter.setPen(Qt::white);
   painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
-  if (hasFocus()) {
+  if (hasFocusRing(this)) {
     const qreal inset = 4.5;
     const QRectF ring = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
     painter.setPen(QPen(Qt::white, 1.5));

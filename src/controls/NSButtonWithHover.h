@@ -11,8 +11,9 @@ namespace quillmeter {
 /// presses. Its title is drawn over the picture.
 ///
 /// After a click the pressed picture is shown only when the press has been dealt with (the action included),
-/// and it stays until the mouse leaves or a release comes that ends no press. While the button is held down
-/// it shows its alternate picture, when it is of the type that does so.
+/// and it stays until the mouse leaves or a release comes that ends no press; a mouse that left while the
+/// action ran has left already. While the button is held down it shows its alternate picture, when it is of
+/// the type that does so.
 class NSButtonWithHover : public QPushButton {
   Q_OBJECT
   /// The picture by name.
@@ -47,6 +48,7 @@ class NSButtonWithHover : public QPushButton {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
@@ -60,6 +62,7 @@ class NSButtonWithHover : public QPushButton {
   QString imageName_;
   QString alternateImageName_;
   bool tracksClick_ = false;
+  bool mouseHasLeft_ = false;  ///< since the press
 };
 
 }  // namespace quillmeter

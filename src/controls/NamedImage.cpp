@@ -1,8 +1,12 @@
 #include "controls/NamedImage.h"
 
+#include <QFile>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QSvgRenderer>
+
+#include "controls/Theme.h"
 
 /// The linker keeps the pictures in a static library only when something asks for them. (Outside any
 /// namespace, as the macro wants it.)
@@ -46,6 +50,25 @@ QPixmap namedImage(const QString& name, QSize size, qreal scale) {
     QPixmapCache::insert(key, image);
   }
   return image;
+}
+
+QString themedImageName(const QString& name) {
+  const QString dark = name + QStringLiteral("_dark");
+  const bool hasDark = isDark(themeFor(QGuiApplication::palette())) && QFile::exists(resourcePath(dark));
+  return hasDark ? dark : name;
+}
+
+QIcon undimmedIcon(const QString& name, QSize size, int room) {
+  QIcon icon;
+  for (const qreal scale : {1.0, 2.0, 3.0}) {
+    QPixmap picture((QSizeF(size) * scale).toSize());
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::transparent);
+    QPainter(&picture).drawPixmap(0, 0, namedImage(name, size - QSize(room, 0), scale));
+    icon.addPixmap(picture, QIcon::Normal);
+    icon.addPixmap(picture, QIcon::Disabled);
+  }
+  return icon;
 }
 
 QIcon namedIcon(const QString& name) {

@@ -15,6 +15,14 @@ namespace quillmeter {
 /// device pixel ratio set accordingly. A null pixmap when there is none of that name.
 [[nodiscard]] QPixmap namedImage(const QString& name, QSize size = {}, qreal scale = 1.0);
 
+/// The name of the picture to show on this desktop: that of the picture's dark version ("NAME_dark") where
+/// the desktop is dark and there is one, else `name`.
+[[nodiscard]] QString themedImageName(const QString& name);
+
+/// The picture as an icon of `size` points that looks the same on a disabled button, for scale factors up to
+/// 3, with `room` points left empty to its right.
+[[nodiscard]] QIcon undimmedIcon(const QString& name, QSize size, int room = 0);
+
 /// The picture as an icon that stays crisp at every scale factor.
 [[nodiscard]] QIcon namedIcon(const QString& name);
 

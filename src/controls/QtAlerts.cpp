@@ -3,19 +3,14 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QKeyEvent>
-#include <QLayout>
-#include <QMargins>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
 
-#include "controls/Theme.h"
+#include "controls/AlertLook.h"
 
 namespace quillmeter {
 namespace {
-
-/// The toolkit leaves an empty column for a picture at the left: with it, 24 all around.
-constexpr QMargins kMargins(2, 24, 24, 24);
 
 /// The toolkit's box takes Esc and the close button only when it can guess a button that they stand for; here
 /// they always dismiss.
@@ -58,17 +53,8 @@ std::optional<int> QtAlerts::runModal(QWidget* parent, const QString& message, c
   for (const QString& button : buttons)
     box->addButton(button, QMessageBox::ActionRole);
   const QList<QAbstractButton*> made = box->buttons();
-  if (!made.isEmpty()) {
-    auto* first = qobject_cast<QPushButton*>(made.constFirst());
-    first->setProperty("role", QStringLiteral("primary"));
-    box->setDefaultButton(first);
-  }
-  // One layout and one role for all: the order of the buttons is that of the list on every desktop. Set last,
-  // since the roles of the buttons are looked at only then.
-  box->setStyleSheet(styleSheetFor(themeFor(box->palette())) +
-                     QStringLiteral("QDialogButtonBox { button-layout: 0; } QMessageBox { background: %1; }")
-                         .arg(themeFor(box->palette()).card.name()));
-  box->layout()->setContentsMargins(kMargins);
+  if (!made.isEmpty()) box->setDefaultButton(qobject_cast<QPushButton*>(made.constFirst()));
+  giveAlertLook(*box);
   box->exec();
   if (box.isNull()) return std::nullopt;
   const auto index = box->buttons().indexOf(box->clickedButton());

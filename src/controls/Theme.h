@@ -16,15 +16,21 @@ struct ThemeColors {
   QColor mutedText;  ///< captions; at least 4.5 : 1 on `card` and `background`
   QColor accent;     ///< the on state, links, focus; white text on it is readable
   QColor accentHover;
+  QColor link;          ///< texts that lead to the web; at least 4.5 : 1 on `card`
   QColor sidebar;       ///< the left column and pop-up panels, dark in both themes
   QColor sidebarText;   ///< on `sidebar`
   QColor sidebarHover;  ///< a hovered button on `sidebar`
+  QColor sidebarLine;   ///< the edge of a pop-up panel
+  QColor scrollThumb;   ///< of scroll bars; at least 3 : 1 on `card` and `background`
+  QColor inactive;      ///< a window button whose window is inactive, or that is disabled
   QColor paper;         ///< always white: what charts are drawn on
   QColor warning;
 };
 
 /// The theme that goes with a palette: dark when its window colour is darker than its text.
 [[nodiscard]] const ThemeColors& themeFor(const QPalette& palette);
+
+[[nodiscard]] bool isDark(const ThemeColors& theme);
 
 /// Points of the type scale, as pixels at 1 ×.
 inline constexpr int kCaptionSize = 13;
@@ -40,9 +46,11 @@ inline constexpr int kPadding = 16;
 inline constexpr int kMargin = 24;
 inline constexpr int kCornerRadius = 8;
 
-/// The style sheet that all windows share: buttons, check boxes, tables, tool tips, focus rings. Widgets take
-/// a part by the dynamic property "role": "page", "card", "sidebar", "popup", "primary" (the main button of a
-/// page), "brand" (the product's name), "subtitle", "heading", "caption", "figure", "display".
+/// The style sheet that all windows share, the toolkit's own dialogs among them: buttons, fields, lists,
+/// check boxes, tables, scroll bars, tool tips, focus rings (see FocusRing.h). Widgets take a part by the
+/// dynamic property "role": "page", "card", "paper" (what a chart is drawn on), "sidebar", "popup", "primary"
+/// (the main button of a page), "link", "brand" (the product's name), "title" (of a window without a frame),
+/// "subtitle", "heading", "caption", "figure", "display".
 [[nodiscard]] QString styleSheetFor(const ThemeColors& colors);
 
 }  // namespace quillmeter

@@ -11,16 +11,6 @@
 
 /// The report's content: its order, its groups and the texts of its cells. PDFExporterDrawing.cpp draws them.
 namespace quillmeter {
-namespace {
-
-constexpr double kOneOver1024 = 0.0009765625;
-
-std::string sizeText(std::int64_t bytes) {
-  const double kilobytes = static_cast<double>(bytes) * kOneOver1024;
-  return kilobytes >= 1024.0 ? fixed(kilobytes * kOneOver1024, 1) + " MB" : fixed(kilobytes, 1) + " KB";
-}
-
-}  // namespace
 
 std::unique_ptr<PDFExporter> PDFExporter::create(ReportSource source) {
   return std::make_unique<PDFExporter>(std::move(source));
@@ -101,14 +91,14 @@ std::array<std::string, 3> PDFExporter::cellValuesForFileType(std::string_view e
   const GroupSums sums = group && *group < groupSums_.size() ? groupSums_[*group] : GroupSums{};
   const bool counted = groups_.showsLineCounts(extension);
   return {counted ? std::to_string(sums.lines) : "-", counted ? std::to_string(sums.linesWithoutSpaces) : "-",
-          sizeText(sums.size)};
+          sizeInKilobytes(static_cast<double>(sums.size))};
 }
 
 std::array<std::string, 4> PDFExporter::cellValuesForFile(const FileObject& file) const {
   const bool counted = groups_.showsLineCounts(file.getFileExtension().value_or(""));
   return {file.fileName().value_or(""), counted ? std::to_string(integerValue(file.noLinesTotal())) : "-",
           counted ? std::to_string(integerValue(file.noLinesWithoutSpaces())) : "-",
-          sizeText(integerValue(file.fileSize()))};
+          sizeInKilobytes(static_cast<double>(integerValue(file.fileSize())))};
 }
 
 }  // namespace quillmeter

@@ -9,6 +9,8 @@
 #include <QStandardPaths>
 #include <utility>
 
+#include "controls/AlertLook.h"
+#include "controls/FileDialogLook.h"
 #include "support/Paths.h"
 
 namespace quillmeter {
@@ -40,6 +42,7 @@ class Sheet final : public QFileDialog {
     setAcceptMode(AcceptSave);
     setFileMode(AnyFile);
     setOption(DontConfirmOverwrite);
+    giveFileDialogLook(*this);
     setNameFilters({filterFor(type_), tr("All files (*)")});
     setDirectory(firstFolder(*folder_));
     setLabelText(LookIn, tr("Save in:"));
@@ -61,18 +64,26 @@ class Sheet final : public QFileDialog {
 
   void askToReplace(const QString& written, const std::string& path) {
     auto* question = new QMessageBox(
-        QMessageBox::Warning, windowTitle(),
+        QMessageBox::NoIcon, windowTitle(),
         tr("“%1” already exists. Do you want to replace it?").arg(QFileInfo(written).fileName()),
         QMessageBox::NoButton, parentWidget());
     question->setTextFormat(Qt::PlainText);
     question->setAttribute(Qt::WA_DeleteOnClose);
     const QPushButton* replace = question->addButton(tr("Replace"), QMessageBox::AcceptRole);
     question->setDefaultButton(question->addButton(QMessageBox::Cancel));
+    giveAlertLook(*question);
     connect(question, &QMessageBox::finished, this, [this, question, replace, path] {
       if (question->clickedButton() == replace) return answer(path);
-      open();
+      openAgainAt(QFile::decodeName(path.c_str()));
     });
     question->open();
+  }
+
+  /// A panel of the desktop's theme begins afresh each time it is opened.
+  void openAgainAt(const QString& path) {
+    setDirectory(QFileInfo(path).absolutePath());
+    selectFile(QFileInfo(path).fileName());
+    open();
   }
 
   void answer(const std::optional<std::string>& path) {

@@ -45,7 +45,5 @@ void drawInRectWithContextAndAlignmentAndFontNameAndFontSizeAndLeterSpacing(
 /// Texts of the report keep their font: this does nothing.
 inline void adjustFontWithInitialSizeToFitRect(std::string_view /*text*/, const ReportFont& /*font*/,
                                                double /*initialSize*/, const PdfRect& /*rect*/) {}
-/// The trace of a text, which is silent.
-inline void out(std::string_view /*text*/) {}
 
 }  // namespace quillmeter

@@ -95,6 +95,4 @@ std::vector<std::string> getAllMatchesRegex(std::string_view text, std::string_v
   return matches;
 }
 
-void out(std::string_view /*text*/) {}
-
 }  // namespace quillmeter

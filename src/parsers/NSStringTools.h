@@ -30,7 +30,4 @@ namespace quillmeter {
 /// Empty for a bad pattern; the matches found so far when the search meets a limit.
 [[nodiscard]] std::vector<std::string> getAllMatchesRegex(std::string_view text, std::string_view pattern);
 
-/// Takes the parsers' trace lines, and drops them: tracing is switched off.
-void out(std::string_view text);
-
 }  // namespace quillmeter

@@ -4,6 +4,7 @@
 
 #include "parsers/MethodPatterns.h"
 #include "parsers/NSStringTools.h"
+#include "support/Text.h"
 
 namespace quillmeter {
 

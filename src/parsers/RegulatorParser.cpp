@@ -4,6 +4,7 @@
 
 #include "parsers/NSStringTools.h"
 #include "support/Paths.h"
+#include "support/Text.h"
 
 namespace quillmeter {
 namespace {

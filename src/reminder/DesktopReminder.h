@@ -13,7 +13,7 @@ namespace quillmeter {
 class DesktopReminder final : public ReminderAlertPresenter, public ReviewPageOpener {
  public:
   /// Alerts come up over `window`, which may be null.
-  DesktopReminder(const Services& services, QWidget* window);
+  DesktopReminder(Services services, QWidget* window);
 
   [[nodiscard]] std::optional<int> runModal(const ReminderAlert& alert) override;
   void open(const std::string& url) override;
@@ -25,7 +25,7 @@ class DesktopReminder final : public ReminderAlertPresenter, public ReviewPageOp
 
 /// One showing of the statistics window, as the application counts it: asks for a review of this version at
 /// the 3rd showing and every 3 after it, over `window` (may be null), and lets the user decline. Blocks while
-/// the alert is up.
-void remindOfRatings(const Services& services, QWidget* window);
+/// the alert is up; the services are held meanwhile, since the caller may go with a window that is closed.
+void remindOfRatings(Services services, QWidget* window);
 
 }  // namespace quillmeter

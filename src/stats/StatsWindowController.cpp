@@ -1,11 +1,11 @@
 #include "stats/StatsWindowController.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFile>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
-#include <QPainter>
 #include <QPointer>
 #include <QPushButton>
 #include <QShortcut>
@@ -35,20 +35,6 @@ constexpr int kYes = 0;
 /// Room between a button's picture and its title, which the toolkit has no measure for.
 constexpr int kPictureGap = 8;
 
-/// A picture with the gap to its right, not dimmed while its button is disabled, for scale factors up to 3.
-QIcon undimmedIcon(const QString& name, QSize size) {
-  QIcon icon;
-  for (const qreal scale : {1.0, 2.0, 3.0}) {
-    QPixmap picture((QSizeF(size) * scale).toSize());
-    picture.setDevicePixelRatio(scale);
-    picture.fill(Qt::transparent);
-    QPainter(&picture).drawPixmap(0, 0, namedImage(name, size - QSize(kPictureGap, 0), scale));
-    icon.addPixmap(picture, QIcon::Normal);
-    icon.addPixmap(picture, QIcon::Disabled);
-  }
-  return icon;
-}
-
 /// A project's title is the name of a folder: bytes that need not be UTF-8.
 QString titleOf(const MeasuredProject& project) {
   return QFile::decodeName(QByteArray::fromStdString(project.projectTitle()));
@@ -59,6 +45,11 @@ QString titleOf(const MeasuredProject& project) {
 QString windowTitleFor(const QString& window, const MeasuredProject& project) {
   return window + QStringLiteral(" – ") +
          titleOf(project).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
+/// Over the statistics window while it shows, else over what has taken its place.
+void remindOver(QWidget* window, const Services& services) {
+  remindOfRatings(services, window != nullptr && window->isVisible() ? window : QApplication::activeWindow());
 }
 
 }  // namespace
@@ -110,7 +101,7 @@ void StatsWindowController::windowDidLoad() {
 
 void StatsWindowController::setPictures() {
   const auto set = [](QPushButton* button, const QString& name) {
-    button->setIcon(undimmedIcon(name, button->iconSize()));
+    button->setIcon(undimmedIcon(name, button->iconSize(), kPictureGap));
   };
   set(ui_->btnLeft1, QStringLiteral("tab_overview"));
   set(ui_->btnLeft2, QStringLiteral("tab_details"));
@@ -146,13 +137,18 @@ void StatsWindowController::connectControls() {
   shortcut("Ctrl+W", &StatsWindowController::tapCloseTab);
 }
 
+/// Sent to the application: a showing counts also when its window is closed before the message comes. The
+/// message holds no delayed calls, which hold the message.
 void StatsWindowController::showRatingsReminderWindow() {
-  services_.delayedCalls->performAfterDelay(this, kReminderDelay,
-                                            [this] { showRatingsReminderWindowThread(); });
+  Services services = services_;
+  services.delayedCalls = nullptr;
+  services_.delayedCalls->performAfterDelay(
+      QCoreApplication::instance(), kReminderDelay,
+      [services, self = QPointer<QWidget>(this)] { remindOver(self, services); });
 }
 
 void StatsWindowController::showRatingsReminderWindowThread() {
-  remindOfRatings(services_, isVisible() ? this : nullptr);
+  remindOver(this, services_);
 }
 
 void StatsWindowController::tapOverviewTab() {

@@ -44,7 +44,8 @@ class StatsWindowController final : public QWidget, public ChartsHost, public Ex
 
   /// Makes the tabs and shows the first; plans the ratings reminder.
   void windowDidLoad();
-  /// Has `showRatingsReminderWindowThread` called in 4 seconds, also while an alert is up then.
+  /// Has this showing counted in 4 seconds as `showRatingsReminderWindowThread` does, also while an alert is
+  /// up then, and also when the window has gone by then.
   void showRatingsReminderWindow();
   /// Counts this showing, and asks for a review when it is time. Blocks while that alert is up.
   void showRatingsReminderWindowThread();

@@ -77,4 +77,10 @@ std::string fixed(double value, int decimals) {
   return {text.data(), result.ptr};
 }
 
+std::string sizeInKilobytes(double bytes) {
+  constexpr double unit = 1024.0;
+  const double kilobytes = bytes / unit;
+  return kilobytes >= unit ? fixed(kilobytes / unit, 1) + " MB" : fixed(kilobytes, 1) + " KB";
+}
+
 }  // namespace quillmeter

@@ -30,4 +30,7 @@ class DecimalFormatter {
 /// finite.
 [[nodiscard]] std::string fixed(double value, int decimals);
 
+/// A size as the charts and the report write it: in KB, from 1024 KB on in MB, with a point and one decimal.
+[[nodiscard]] std::string sizeInKilobytes(double bytes);
+
 }  // namespace quillmeter

@@ -1,10 +1,12 @@
 #include "tables/DesktopFileBrowser.h"
 
+#include <QCursor>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDesktopServices>
+#include <QGuiApplication>
 #include <QStringList>
 #include <QThread>
 #include <chrono>
@@ -12,6 +14,8 @@
 #include <mutex>
 #include <system_error>
 #include <utility>
+
+#include "tables/StartupId.h"
 
 namespace quillmeter {
 namespace {
@@ -41,8 +45,8 @@ class FileManagerBus final : public QObject {
   ~FileManagerBus() override { QDBusConnection::disconnectFromBus(name_); }
 
   /// From any thread.
-  void requestShowing(quint64 request, const QByteArray& address) {
-    requests_.post([this, request, address] { show(request, address); });
+  void requestShowing(quint64 request, const QByteArray& address, const QString& startupId) {
+    requests_.post([this, request, address, startupId] { show(request, address, startupId); });
   }
 
   /// No answer is given any more.
@@ -52,13 +56,13 @@ class FileManagerBus final : public QObject {
   }
 
  private:
-  void show(quint64 request, const QByteArray& address) {
+  void show(quint64 request, const QByteArray& address, const QString& startupId) {
     const QDBusConnection bus = connected();
     if (!bus.isConnected()) return answer(request, false);
     QDBusMessage message = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("/org/freedesktop/FileManager1"),
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
-    message << QStringList{QString::fromLatin1(address)} << QString();
+    message << QStringList{QString::fromLatin1(address)} << startupId;
     auto* watcher =
         new QDBusPendingCallWatcher(bus.asyncCall(message, static_cast<int>(kPatience.count())), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, request, watcher] {
@@ -103,6 +107,7 @@ DesktopFileBrowser::DesktopFileBrowser(std::shared_ptr<DelayedCalls> delayedCall
 }
 
 DesktopFileBrowser::~DesktopFileBrowser() {
+  if (!waiting_.empty()) QGuiApplication::restoreOverrideCursor();
   bus_->fallSilent();
   thread_->quit();
   if (thread_->wait(kMillisecondsToEnd)) return;
@@ -113,15 +118,18 @@ DesktopFileBrowser::~DesktopFileBrowser() {
 
 void DesktopFileBrowser::reveal(const std::string& path) {
   const quint64 request = ++lastRequest_;
+  if (waiting_.empty()) QGuiApplication::setOverrideCursor(QCursor(Qt::BusyCursor));
   waiting_.emplace(request, path);
-  bus_->requestShowing(request, fileAddress(path));
+  bus_->requestShowing(request, fileAddress(path), startupId(QGuiApplication::focusWindow(), request));
   delayedCalls_->performAfterDelay(this, kPatience, [this, request] { answered(request, false); });
 }
 
 /// Only the first answer to a request counts; having waited too long is one, too.
 void DesktopFileBrowser::answered(quint64 request, bool isShown) {
   const auto waiting = waiting_.extract(request);
-  if (waiting.empty() || isShown) return;
+  if (waiting.empty()) return;
+  if (waiting_.empty()) QGuiApplication::restoreOverrideCursor();
+  if (isShown) return;
   const std::string folder = folderOf(waiting.mapped());
   std::error_code ignored;
   if (std::filesystem::is_directory(folder, ignored)) openFolder_(QUrl::fromEncoded(fileAddress(folder)));

@@ -20,7 +20,9 @@ class FileManagerBus;
 
 /// Shows files in the desktop's file browser: asks the one that is on the session bus, and opens the file's
 /// folder where nobody answers in time. All talk with the bus, the connecting too, happens on a thread of its
-/// own, so that neither a bus nor a file browser that hangs holds up the windows. Main thread only.
+/// own, so that neither a bus nor a file browser that hangs holds up the windows; the mouse's cursor tells
+/// that the answer is waited for. The file browser is handed what lets its window come to the front. Main
+/// thread only.
 class DesktopFileBrowser final : public QObject, public FileBrowser {
   Q_OBJECT
 

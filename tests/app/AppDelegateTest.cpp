@@ -33,15 +33,18 @@ const QString kErrorText = QStringLiteral(
 
 class ScriptedOpenPanel final : public OpenPanel {
  public:
-  ScriptedOpenPanel(std::optional<std::string>& answer, QWidget*& over) : answer_(answer), over_(over) {}
-  std::optional<std::string> runModal(QWidget* parent) override {
+  ScriptedOpenPanel(std::optional<std::string>& answer, QWidget*& over, std::string& folder)
+      : answer_(answer), over_(over), folder_(folder) {}
+  std::optional<std::string> runModal(QWidget* parent, const std::string& folder) override {
     over_ = parent;
+    folder_ = folder;
     return answer_;
   }
 
  private:
   std::optional<std::string>& answer_;
   QWidget*& over_;
+  std::string& folder_;
 };
 
 /// The application with everything around it played by the test, on real projects on the disk.
@@ -50,15 +53,15 @@ class AppDelegateTest : public ::testing::Test {
   AppDelegateTest() { launch(); }
 
   void launch() {
-    delegate = std::make_unique<AppDelegate>(fakes.services(),
-                                             std::make_unique<ScriptedOpenPanel>(panelAnswer, panelOver),
-                                             [this](std::string_view line) {
-                                               if (line.starts_with("parsing file")) {
-                                                 const std::lock_guard pass(readerGate);
-                                               }
-                                               const std::lock_guard lock(logMutex);
-                                               logged.emplace_back(line);
-                                             });
+    delegate = std::make_unique<AppDelegate>(
+        fakes.services(), std::make_unique<ScriptedOpenPanel>(panelAnswer, panelOver, panelFolder),
+        [this](std::string_view line) {
+          if (line.starts_with("parsing file")) {
+            const std::lock_guard pass(readerGate);
+          }
+          const std::lock_guard lock(logMutex);
+          logged.emplace_back(line);
+        });
     delegate->applicationDidFinishLaunching();
   }
   const Ui::AppDelegate& outlets() const { return delegate->outlets(); }
@@ -109,6 +112,7 @@ class AppDelegateTest : public ::testing::Test {
   testing::FakeServices fakes;
   std::optional<std::string> panelAnswer;
   QWidget* panelOver = nullptr;
+  std::string panelFolder;
   std::mutex readerGate;  ///< a test that holds it keeps readers from coming to their end
   std::mutex logMutex;
   std::vector<std::string> logged;
@@ -195,6 +199,25 @@ TEST_F(AppDelegateTest, OpenButtonHasTheKeyboardAgainAfterADrag) {
   EXPECT_EQ(delegate->window()->focusWidget(), outlets().btnOpenProject);
 }
 
+TEST_F(AppDelegateTest, ReturnPressesTheFocusedButton) {
+  QApplication::setActiveWindow(delegate->window());
+  outlets().tapViewOnline->setFocus();
+  QTest::keyClick(outlets().tapViewOnline, Qt::Key_Return);
+  EXPECT_EQ(fakes.urlOpener->opened.size(), 1U);
+  outlets().btnOpenProject->setFocus();
+  QTest::keyClick(outlets().btnOpenProject, Qt::Key_Return);
+  EXPECT_NE(panelOver, nullptr);
+}
+
+TEST_F(AppDelegateTest, ControlQAndControlWEndIt) {
+  for (const Qt::Key key : {Qt::Key_Q, Qt::Key_W}) {
+    delegate->window()->show();
+    QApplication::setActiveWindow(delegate->window());
+    QTest::keyClick(delegate->window(), key, Qt::ControlModifier);
+    EXPECT_FALSE(delegate->window()->isVisible());
+  }
+}
+
 TEST_F(AppDelegateTest, LinksOpenTheirPages) {
   outlets().btnRateOnStore->click();
   outlets().tapViewOnline->click();
@@ -240,6 +263,50 @@ TEST_F(AppDelegateTest, CancelledPanelDoesNothing) {
   outlets().btnOpenProject->click();
   EXPECT_THAT(fakes.delayedCalls->delays, IsEmpty());
   expectIdle();
+}
+
+TEST_F(AppDelegateTest, PanelStartsInTheFolderOfTheProjectOpenedLast) {
+  delegate->tapOpenFile();
+  EXPECT_EQ(panelFolder, "");
+  open(writeProject("first"));
+  ASSERT_TRUE(waitForStats());
+  delegate->tapOpenFile();
+  EXPECT_EQ(panelFolder, folder / "first");
+  open(folder.folder("no project"));
+  ASSERT_TRUE(waitForAlert());
+  delegate->tapOpenFile();
+  EXPECT_EQ(panelFolder, folder / "first");
+  open(writeProject("second") + "/App.xcodeproj");
+  ASSERT_TRUE(waitForStats());
+  delegate->tapOpenFile();
+  EXPECT_EQ(panelFolder, folder / "second");
+}
+
+TEST_F(AppDelegateTest, DragChangesNothingThatShowsWhileAProjectIsRead) {
+  const std::string project = writeProject("p", 4);
+  std::unique_lock reading(readerGate);
+  delegate->draggingEntered(outlets().viewDrag);
+  open(project);
+  waitForReading();
+  const auto expectReadingStill = [&] {
+    waitForReading();
+    EXPECT_FALSE(outlets().lblDropHint->isVisible());
+  };
+  delegate->draggingExited(outlets().viewDrag);
+  expectReadingStill();
+  delegate->draggingEntered(outlets().viewDrag);
+  expectReadingStill();
+  delegate->draggingInvalid(outlets().viewDrag);
+  expectReadingStill();
+  delegate->draggingExited(outlets().viewDrag);
+  expectReadingStill();
+  delegate->draggingInvalid(outlets().viewDrag);
+  reading.unlock();
+  ASSERT_TRUE(waitForStats());
+  fakes.alerts->answers = {0};
+  delegate->controllerWindow()->tapCloseTab();
+  expectIdle();
+  EXPECT_EQ(outlets().lblDropHint->text(), QStringLiteral("Drop a project folder here"));
 }
 
 TEST_F(AppDelegateTest, ReadingShowsProgressUntilTheEnd) {

@@ -52,6 +52,23 @@ TEST(CommandLine, PathBehindTwoDashesMayLookLikeAnOption) {
   EXPECT_THAT(read({"--", "--help"}).project.value(), ::testing::EndsWith("/--help"));
 }
 
+TEST(CommandLine, ToolkitsOptionsMayStandAnywhereAndAreHandedOn) {
+  const CommandLine line =
+      read({"-platform", "offscreen", "--style=Fusion", "-reverse", "--display", ":1", "--", "-plugin"});
+  EXPECT_EQ(line.error, std::nullopt);
+  EXPECT_THAT(line.project.value(), ::testing::EndsWith("/-plugin"));
+  EXPECT_THAT(line.toolkitArguments, ::testing::ElementsAre("-platform", "offscreen", "--style=Fusion",
+                                                            "-reverse", "--display", ":1"));
+  EXPECT_EQ(read({"-platform", "offscreen", "/a", "-qwindowtitle", "--help"}).project, "/a");
+}
+
+TEST(CommandLine, HelpAndWrongUsageAreFoundBehindTheToolkitsOptions) {
+  EXPECT_EQ(read({"-platform", "offscreen", "--help"}).output, read({"--help"}).output);
+  EXPECT_EQ(read({"--version", "-display", ":7"}).output, read({"--version"}).output);
+  EXPECT_EQ(read({"-style", "Fusion", "--colour"}).error, "unknown option: --colour");
+  EXPECT_EQ(read({"/a", "-platform"}).error, "-platform needs a value");
+}
+
 TEST(CommandLine, WrongUsageIsTold) {
   EXPECT_EQ(read({"--colour"}).error, "unknown option: --colour");
   EXPECT_EQ(read({"/a", "/b"}).error, "only one project can be opened");

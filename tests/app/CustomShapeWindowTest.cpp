@@ -167,6 +167,58 @@ TEST(WindowButton, LooksTellActiveAndEnabled) {
   EXPECT_NE(button.grab().toImage(), active);
 }
 
+/// Counts how often a widget is drawn.
+class Drawings final : public QObject {
+ public:
+  explicit Drawings(QWidget& watched) { watched.installEventFilter(this); }
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++count;
+    return false;
+  }
+  int count = 0;
+};
+
+TEST(WindowButton, IsDrawnAnewWhenItsWindowGainsOrLosesTheKeyboard) {
+  QWidget window;
+  auto* between = new QWidget(&window);
+  WindowButton button(WindowButton::Kind::close, between);
+  window.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  QApplication::setActiveWindow(&window);
+  QCoreApplication::processEvents();
+  Drawings drawings(button);
+  QApplication::setActiveWindow(nullptr);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count == 1; }));
+  QApplication::setActiveWindow(&window);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count == 2; }));
+}
+
+TEST(WindowButton, MouseOverCloseWarnsAndOverMinimiseDoesNot) {
+  QWidget window;
+  WindowButton close(WindowButton::Kind::close, &window);
+  WindowButton minimize(WindowButton::Kind::minimize, &window);
+  window.show();
+  QApplication::setActiveWindow(&window);
+  const auto disc = [](WindowButton& button) { return button.grab().toImage().pixelColor(8, 4); };
+  const QColor atRest = disc(close);
+  EXPECT_EQ(disc(minimize), atRest);
+  for (WindowButton* button : {&close, &minimize}) {
+    QEnterEvent event(QPointF(8, 8), QPointF(8, 8), QPointF(8, 8));
+    QApplication::sendEvent(button, &event);
+  }
+  EXPECT_GT(disc(close).red(), disc(close).blue() + 80);
+  EXPECT_GT(disc(minimize).blue(), disc(minimize).red() + 80);
+}
+
+TEST(WindowButton, ReturnPressesIt) {
+  WindowButton button(WindowButton::Kind::close, nullptr);
+  int pressed = 0;
+  QObject::connect(&button, &QAbstractButton::clicked, [&pressed] { ++pressed; });
+  QTest::keyClick(&button, Qt::Key_Return);
+  QTest::keyClick(&button, Qt::Key_Enter);
+  EXPECT_EQ(pressed, 2);
+}
+
 TEST(WindowButton, EachKindHasItsOwnSign) {
   QWidget window;
   WindowButton close(WindowButton::Kind::close, &window);

@@ -18,13 +18,13 @@ namespace {
 
 /// Calls `action` with the panel as soon as it is up, and tells what came of it.
 template <class Action>
-std::optional<std::string> runPanel(QWidget* parent, Action action) {
+std::optional<std::string> runPanel(QWidget* parent, Action action, const std::string& folder = {}) {
   QTimer::singleShot(0, [action] {
     auto* panel = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
     ASSERT_NE(panel, nullptr);
     action(*panel);
   });
-  return QtOpenPanel().runModal(parent);
+  return QtOpenPanel().runModal(parent, folder);
 }
 
 TEST(OpenPanel, GivesTheChosenFolder) {
@@ -53,6 +53,30 @@ TEST(OpenPanel, GivesNothingWhenItIsCancelled) {
   QWidget window;
   EXPECT_EQ(runPanel(&window, [](QFileDialog& panel) { QTest::keyClick(&panel, Qt::Key_Escape); }),
             std::nullopt);
+}
+
+TEST(OpenPanel, StartsInTheGivenFolder) {
+  const testing::TemporaryFolder folder;
+  QWidget window;
+  runPanel(
+      &window,
+      [&](QFileDialog& panel) {
+        EXPECT_EQ(panel.directory().absolutePath().toStdString(), folder.path());
+        panel.reject();
+      },
+      folder.path());
+}
+
+TEST(OpenPanel, StartsElsewhereWhenTheFolderHasGone) {
+  const testing::TemporaryFolder folder;
+  QWidget window;
+  runPanel(
+      &window,
+      [](QFileDialog& panel) {
+        EXPECT_TRUE(panel.directory().exists());
+        panel.reject();
+      },
+      folder / "gone");
 }
 
 TEST(OpenPanel, GoesWithItsWindow) {

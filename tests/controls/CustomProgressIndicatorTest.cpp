@@ -84,6 +84,40 @@ TEST_F(Indicator, IndeterminateBarMovesWhileItIsShown) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return indicator.grab().toImage() != before; }, 2000));
 }
 
+/// Counts the steps of an animation.
+class Steps final : public QObject {
+ public:
+  explicit Steps(QWidget& watched) { watched.installEventFilter(this); }
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Timer) ++steps;
+    return false;
+  }
+  int steps = 0;
+};
+
+TEST_F(Indicator, IndeterminateBarRestsWhileItIsHidden) {
+  indicator.setIndeterminate(true);
+  indicator.show();
+  Steps animation(indicator);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return animation.steps > 2; }));
+  indicator.hide();
+  animation.steps = 0;
+  QTest::qWait(150);
+  EXPECT_EQ(animation.steps, 0);
+}
+
+TEST_F(Indicator, IndeterminateBarIsThereAndBackWithinThreeSeconds) {
+  indicator.setIndeterminate(true);
+  const QImage start = indicator.grab().toImage();
+  Steps animation(indicator);
+  indicator.show();
+  const auto isAtItsStart = [&] { return indicator.grab().toImage() == start; };
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !isAtItsStart(); }, 30'000));
+  EXPECT_TRUE(QTest::qWaitFor(isAtItsStart, 30'000));
+  EXPECT_GE(animation.steps, 40) << "smooth";
+  EXPECT_LE(animation.steps, 90) << "at 33 milliseconds a step: three seconds";
+}
+
 TEST_F(Indicator, ValueThatIsNoNumberIsKeptAndDrawnAsNothing) {
   indicator.setDoubleValue(std::numeric_limits<double>::quiet_NaN());
   EXPECT_TRUE(indicator.doubleValue() != indicator.doubleValue());

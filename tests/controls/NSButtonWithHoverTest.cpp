@@ -79,6 +79,45 @@ TEST_F(HoverButton, PressedPictureComesAfterTheActionAndStaysUntilTheMouseLeaves
   EXPECT_EQ(button.imageName(), kNormal);
 }
 
+TEST_F(HoverButton, MouseThatLeavesWhileTheActionRunsTakesThePressedPictureWithIt) {
+  const auto action = QObject::connect(&button, &QPushButton::clicked, [this] { leave(); });
+  enter();
+  QTest::mouseClick(&button, Qt::LeftButton);
+  EXPECT_EQ(button.imageName(), kNormal);
+  QObject::disconnect(action);
+
+  QCursor::setPos(button.mapToGlobal(QPoint(5, 5)));
+  QObject::connect(&button, &QPushButton::clicked, [] { QCursor::setPos(390, 190); });
+  QTest::mouseClick(&button, Qt::LeftButton, {}, QPoint(5, 5));
+  EXPECT_EQ(button.imageName(), kNormal) << "nothing was told, as while a panel is up";
+}
+
+TEST_F(HoverButton, ButtonThatComesBackIsNotPressedAnyMore) {
+  enter();
+  QTest::mouseClick(&button, Qt::LeftButton);
+  ASSERT_EQ(button.imageName(), kPress);
+  button.hide();
+  button.show();
+  EXPECT_EQ(button.imageName(), kNormal);
+  QObject::connect(&button, &QPushButton::clicked, &button, &QWidget::hide);
+  QTest::mouseClick(&button, Qt::LeftButton);
+  button.show();
+  EXPECT_EQ(button.imageName(), kNormal) << "hidden by its own action";
+}
+
+TEST_F(HoverButton, DisabledButtonIsPaler) {
+  QPixmap canvas(button.size());
+  canvas.fill(Qt::white);
+  const auto drawn = [&] {
+    QPixmap picture = canvas;
+    button.render(&picture, QPoint(), QRegion(), QWidget::RenderFlags());
+    return picture.toImage().pixelColor(30, 24);
+  };
+  const QColor enabled = drawn();
+  button.setEnabled(false);
+  EXPECT_GT(drawn().lightness(), enabled.lightness() + 40);
+}
+
 TEST_F(HoverButton, ReleaseThatEndsNoPressShowsTheNormalPicture) {
   QTest::mouseClick(&button, Qt::LeftButton);
   ASSERT_EQ(button.imageName(), kPress);

@@ -12,7 +12,9 @@ TEST(NamedPictures, EveryPictureOfTheMainScreenIsThere) {
   for (const char* name :
        {"window_middle_part", "window_middle_part_over", "window_middle_part_invalid", "drag_normal",
         "drag_over", "drag_invalid", "btn_open_project_normal", "btn_open_project_hover",
-        "btn_open_project_press", "loader_empty", "loader_full", "quillmeter"}) {
+        "btn_open_project_press", "loader_empty", "loader_full", "quillmeter", "window_middle_part_dark",
+        "window_middle_part_over_dark", "window_middle_part_invalid_dark", "drag_normal_dark",
+        "drag_over_dark", "drag_invalid_dark", "loader_empty_dark"}) {
     EXPECT_FALSE(namedImage(QString::fromUtf8(name)).isNull()) << name;
   }
 }

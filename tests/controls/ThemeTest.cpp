@@ -38,6 +38,7 @@ TEST_P(Theme, TextsAreReadable) {
   EXPECT_GE(contrast(colors.text, colors.background), readable);
   EXPECT_GE(contrast(colors.mutedText, colors.card), readable);
   EXPECT_GE(contrast(colors.mutedText, colors.background), readable);
+  EXPECT_GE(contrast(colors.link, colors.card), readable);
   EXPECT_GE(contrast(colors.sidebarText, colors.sidebar), readable);
   EXPECT_GE(contrast(colors.sidebarText, colors.sidebarHover), readable);
   EXPECT_GE(contrast(colors.warning, colors.card), readable);
@@ -52,6 +53,10 @@ TEST_P(Theme, FocusAndOnStatesStandOut) {
   // The bar of the chosen tab, and the focus ring in the column.
   EXPECT_GE(contrast(colors.sidebarText, colors.sidebar), visible);
   EXPECT_GE(contrast(colors.sidebarText, colors.accent), visible);
+  EXPECT_GE(contrast(colors.scrollThumb, colors.card), visible);
+  EXPECT_GE(contrast(colors.scrollThumb, colors.background), visible);
+  // The focus ring on what is on in a pop-up panel.
+  EXPECT_GE(contrast(colors.accent, colors.sidebarText), visible);
 }
 
 TEST_P(Theme, StyleSheetHasAValueForEveryName) {

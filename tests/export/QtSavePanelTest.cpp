@@ -5,8 +5,14 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileSystemModel>
+#include <QHeaderView>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTest>
+#include <QTreeView>
+#include <filesystem>
 
 #include "helpers/TemporaryFolder.h"
 
@@ -119,6 +125,61 @@ TEST_F(SavePanelSheet, KeepingTheFileOpensTheDialogAgain) {
   EXPECT_TRUE(dialog()->isVisible());
   choose(folder / "other.pdf");
   EXPECT_EQ(chosen, folder / "other.pdf");
+}
+
+TEST_F(SavePanelSheet, ReplacingIsNotWhatReturnOrEscapeDo) {
+  folder.file("stats.pdf", "old");
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+    choose(folder / "stats.pdf");
+    ASSERT_NE(question(), nullptr);
+    EXPECT_EQ(question()->defaultButton()->text().remove(QLatin1Char('&')), QStringLiteral("Cancel"));
+    QTest::keyClick(question()->focusWidget(), key);
+    EXPECT_EQ(answers, 0);
+    EXPECT_TRUE(dialog()->isVisible());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+}
+
+TEST_F(SavePanelSheet, QuestionLooksLikeEveryAlert) {
+  folder.file("stats.pdf", "old");
+  choose(folder / "stats.pdf");
+  ASSERT_NE(question(), nullptr);
+  EXPECT_EQ(question()->icon(), QMessageBox::NoIcon);
+  EXPECT_EQ(question()->defaultButton()->property("role"), QStringLiteral("primary"));
+}
+
+/// Stands for a panel of the desktop's theme, which begins afresh when it is opened again.
+TEST_F(SavePanelSheet, FolderAndNameAreThereAgainAfterARefusedReplacement) {
+  folder.file("reports/stats.pdf", "old");
+  choose(folder / "reports/stats.pdf");
+  ASSERT_NE(question(), nullptr);
+  dialog()->setDirectory(QStringLiteral("/"));
+  dialog()->selectFile(QStringLiteral("forgotten"));
+  answerQuestion(QStringLiteral("Cancel"));
+  EXPECT_EQ(dialog()->directory().absolutePath().toStdString(), folder / "reports");
+  EXPECT_EQ(dialog()->selectedFiles(), QStringList{QString::fromStdString(folder / "reports/stats.pdf")});
+}
+
+TEST_F(SavePanelSheet, RenamesAndDeletesNothing) {
+  EXPECT_TRUE(dialog()->findChild<QFileSystemModel*>()->isReadOnly());
+  folder.file("kept/inside.txt", "text");
+  dialog()->setDirectory(QString::fromStdString(folder.path()));
+  auto* list = dialog()->findChild<QTreeView*>(QStringLiteral("treeView"));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }));
+  list->setFocus();
+  list->setCurrentIndex(list->model()->index(0, 0, list->rootIndex()));
+  QTest::keyClick(list, Qt::Key_Delete);
+  QTest::keyClick(list, Qt::Key_F2);
+  EXPECT_EQ(list->viewport()->findChild<QLineEdit*>(), nullptr) << "no name is being edited";
+  EXPECT_TRUE(std::filesystem::exists(folder / "kept/inside.txt"));
+}
+
+TEST_F(SavePanelSheet, ShowsItsColumns) {
+  const auto* list = dialog()->findChild<QTreeView*>(QStringLiteral("treeView"));
+  EXPECT_TRUE(list->isVisible());
+  QCoreApplication::processEvents();
+  EXPECT_GE(list->columnWidth(0), 200) << "names";
+  EXPECT_LE(list->header()->length(), list->viewport()->width()) << "and everything about them";
 }
 
 TEST_F(SavePanelSheet, NextOneBeginsInTheFolderOfTheLast) {

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "parsers/PlainIcu.h"
+#include "support/Text.h"
 
 namespace quillmeter {
 namespace {

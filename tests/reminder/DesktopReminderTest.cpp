@@ -33,5 +33,37 @@ TEST(DesktopReminder, MemoryIsNamedAfterTheRunningVersion) {
             1);
 }
 
+/// Notes what is written after its owner has gone.
+class NotingUserDefaults final : public UserDefaults {
+ public:
+  explicit NotingUserDefaults(std::vector<bool>& written) : written_(written) {}
+  [[nodiscard]] std::optional<bool> boolForKey(const std::string& /*key*/) const override { return true; }
+  [[nodiscard]] std::optional<std::int64_t> integerForKey(const std::string& /*key*/) const override {
+    return 2;
+  }
+  void setBool(const std::string& /*key*/, bool value) override { written_.push_back(value); }
+  void setInteger(const std::string& /*key*/, std::int64_t /*value*/) override {}
+  void synchronize() override {}
+
+ private:
+  std::vector<bool>& written_;
+};
+
+TEST(DesktopReminder, AnswerCountsAlsoWhenItsCallerHasGoneMeanwhile) {
+  testing::FakeServices fakes;
+  std::vector<bool> written;
+  auto services = std::make_unique<Services>(fakes.services());
+  services->userDefaults = std::make_shared<NotingUserDefaults>(written);
+  const std::weak_ptr<UserDefaults> defaults = services->userDefaults;
+  fakes.alerts->answers = {2};
+  fakes.alerts->whileShown = [&] {
+    services.reset();
+    EXPECT_FALSE(defaults.expired());
+  };
+  remindOfRatings(*services, nullptr);
+  EXPECT_EQ(written, std::vector<bool>{false});
+  EXPECT_TRUE(defaults.expired());
+}
+
 }  // namespace
 }  // namespace quillmeter

@@ -390,11 +390,17 @@ TEST_F(StatsWindow, RemindsAlsoWhileTheConfirmationIsOpen) {
   EXPECT_TRUE(window->isVisible());
 }
 
-TEST_F(StatsWindow, WindowThatIsGoneRemindsNobody) {
-  open();
-  window.reset();
-  services.delayedCalls->advance(milliseconds(5000));
-  EXPECT_EQ(countedShowings(*services.userDefaults), 0);
+TEST_F(StatsWindow, ShowingCountsAlsoWhenItsWindowIsClosedWithinFourSeconds) {
+  for (int showing = 1; showing <= 3; ++showing) {
+    open();
+    services.delayedCalls->advance(milliseconds(1000));
+    window.reset();
+    services.delayedCalls->advance(milliseconds(2999));
+    EXPECT_EQ(countedShowings(*services.userDefaults), showing - 1);
+    services.delayedCalls->advance(milliseconds(1));
+    EXPECT_EQ(countedShowings(*services.userDefaults), showing);
+  }
+  EXPECT_EQ(services.alerts->shown.size(), 1U);
 }
 
 TEST_F(StatsWindow, GivesTheOtherTabsTheOverviewsTotalsAndTexts) {

@@ -30,6 +30,13 @@ TEST(DecimalFormatter, ReadsEnglishForThePosixLocale) {
   EXPECT_EQ(DecimalFormatter(0, 1, "C.UTF-8").format(std::int64_t{12345}), "12,345");
 }
 
+TEST(SizeInKilobytes, TurnsIntoMegabytesAt1024OfThem) {
+  EXPECT_EQ(sizeInKilobytes(0), "0.0 KB");
+  EXPECT_EQ(sizeInKilobytes(1536), "1.5 KB");
+  EXPECT_EQ(sizeInKilobytes(1024.0 * 1024 - 1), "1024.0 KB");
+  EXPECT_EQ(sizeInKilobytes(1024.0 * 1024), "1.0 MB");
+}
+
 TEST(Fixed, AlwaysHasItsDecimalsAndAPoint) {
   EXPECT_EQ(fixed(12.345, 2), "12.35");
   EXPECT_EQ(fixed(0, 2), "0.00");

@@ -190,11 +190,27 @@ TEST_F(DesktopFileBrowserTest, AFileBrowserThatHangsIsWaitedForTenSeconds) {
   FakeFileManager manager(bus.address(), FakeFileManager::Manner::hangs);
   const auto browser = browserOn(bus.address());
   browser->reveal(file);
-  waitUntil([&] { return !manager.asked.empty(); });
+  browser->reveal(file);
+  waitUntil([&] { return manager.asked.size() == 2; });
   delayedCalls->advance(9999ms);
   EXPECT_THAT(opened, IsEmpty());
+  ASSERT_NE(QGuiApplication::overrideCursor(), nullptr) << "the user has no sign";
+  EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::BusyCursor);
   delayedCalls->advance(1ms);
-  EXPECT_THAT(opened, ElementsAre("file://" + folder.path()));
+  EXPECT_THAT(opened, ElementsAre("file://" + folder.path(), "file://" + folder.path()));
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(DesktopFileBrowserTest, TheWaitingCursorGoesWithTheAnswerAndWithTheProgram) {
+  const PrivateBus bus;
+  FakeFileManager manager(bus.address(), FakeFileManager::Manner::answers);
+  auto browser = browserOn(bus.address());
+  browser->reveal(file);
+  EXPECT_NE(QGuiApplication::overrideCursor(), nullptr);
+  waitUntil([] { return QGuiApplication::overrideCursor() == nullptr; });
+  browser->reveal(file);
+  browser.reset();
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(DesktopFileBrowserTest, ABusThatHangsHoldsNobodyUp) {

@@ -2,6 +2,7 @@
 """The main screen in real windows: an X server of its own, a window manager, with and without a compositor; driven by
 a real mouse and keyboard, and by drags from another process. Everything started here is ended here."""
 
+import copy
 import ctypes
 import os
 import shutil
@@ -12,8 +13,9 @@ import time
 import unittest
 import urllib.parse
 
-APPLICATION, DRAG_SOURCE = sys.argv[1:3]
-VERSION = sys.argv[3]
+APPLICATION, DRAG_SOURCE, REVEAL_SOURCE = sys.argv[1:4]
+VERSION = sys.argv[4]
+PACKAGING = os.path.join(os.path.dirname(__file__), "..", "..", "packaging")
 TIMEOUT = 30
 
 NORMAL, VALID, INVALID = "normal", "valid", "invalid"
@@ -65,8 +67,21 @@ class Desktop:
         self.start(["openbox", "--config-file", self.home + "/rc.xml"], env=self.environment)
         wait_for(lambda: "window id" in self.output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "window manager")
         if compositor:
-            self.start(["picom", "--config", "/dev/null", "--backend", "xrender"], env=self.environment)
-            wait_for(self.is_composited, "compositor")
+            self.start_compositor()
+
+    def start_compositor(self):
+        compositor = self.start(["picom", "--config", "/dev/null", "--backend", "xrender"], env=self.environment)
+        wait_for(self.is_composited, "compositor")
+        return compositor
+
+    def start_session_bus(self):
+        """A session bus for everything that is started from now on."""
+        read_end, write_end = os.pipe()
+        self.start(["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address=%d" % write_end],
+                   pass_fds=[write_end], env=self.environment)
+        os.close(write_end)
+        with os.fdopen(read_end) as pipe:
+            self.environment["DBUS_SESSION_BUS_ADDRESS"] = pipe.readline().strip()
 
     def is_composited(self):
         library = ctypes.CDLL("libX11.so.6")
@@ -94,10 +109,15 @@ class Desktop:
         """Visible windows of that exact name as {id: (x, y, width, height)}."""
         found = {}
         for window in self.xdo("search", "--onlyvisible", "--name", "^" + name + "$").split():
-            lines = dict(line.split("=") for line in self.xdo("getwindowgeometry", "--shell", window).split())
-            if int(lines.get("WIDTH", 1)) > 1:
-                found[window] = tuple(int(lines[key]) for key in ("X", "Y", "WIDTH", "HEIGHT"))
+            geometry = self.geometry(window)
+            if geometry and geometry[2] > 1:
+                found[window] = geometry
         return found
+
+    def geometry(self, window):
+        """(x, y, width, height), or None when there is no such window any more."""
+        lines = dict(line.split("=") for line in self.xdo("getwindowgeometry", "--shell", window.strip()).split())
+        return tuple(int(lines[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")) if "WIDTH" in lines else None
 
     def pixel(self, x, y):
         text = self.output("import", "-window", "root", "-crop", "1x1+%d+%d" % (x, y), "-depth", "8", "txt:-")
@@ -114,6 +134,40 @@ class Desktop:
                 process.kill()
                 process.wait()
         shutil.rmtree(os.fsencode(self.home), ignore_errors=True)
+
+
+class CommandLineTest(unittest.TestCase):
+    """What the application says and ends with before it has a window, in a terminal without a display."""
+
+    def run_application(self, *arguments, **environment):
+        return subprocess.run([APPLICATION, *arguments], env={"PATH": os.environ["PATH"], **environment},
+                              capture_output=True, text=True, check=False, timeout=TIMEOUT)
+
+    def expect_no_display(self, *arguments, **environment):
+        result = self.run_application(*arguments, **environment)
+        self.assertEqual(result.returncode, 1)
+        self.assertEqual(result.stdout, "")
+        self.assertRegex(result.stderr, r"\Aquillmeter: no display .*quillmeter-cli.*\n\Z")
+
+    def test_without_a_display_one_line_points_to_the_command_line_tool(self):
+        self.expect_no_display()
+        self.expect_no_display(DISPLAY=":9999")
+        self.expect_no_display("-display", ":9999")
+        self.expect_no_display(DISPLAY="nonsense")
+        self.expect_no_display(WAYLAND_DISPLAY="nowhere", XDG_SESSION_TYPE="wayland")
+        self.expect_no_display("-platform", "nonsense")
+
+    def test_help_and_version_need_no_display(self):
+        for arguments in (["--help"], ["-platform", "offscreen", "--help"], ["-h", "-style", "Fusion"]):
+            result = self.run_application(*arguments)
+            self.assertEqual((result.returncode, result.stderr), (0, ""), arguments)
+            self.assertTrue(result.stdout.startswith("Usage: quillmeter"), arguments)
+        self.assertEqual(self.run_application("-platform", "xcb", "--version").stdout, "quillmeter %s\n" % VERSION)
+
+    def test_wrong_usage_is_found_without_a_display_and_cannot_command_the_terminal(self):
+        result = self.run_application("-platform", "offscreen", "--co\033[31m\nlour")
+        self.assertEqual(result.returncode, 2)
+        self.assertEqual(result.stderr, "quillmeter: unknown option: --co [31m lour\nTry 'quillmeter --help'.\n")
 
 
 class ShellTest(unittest.TestCase):
@@ -176,10 +230,10 @@ class ShellTest(unittest.TestCase):
         with open(self.log.name, "rb") as stream:
             return stream.read().decode(errors="replace").splitlines().count(line)
 
-    def project(self, folder="p", files=3):
+    def project(self, folder="p", files=3, name="f%d.c"):
         path = os.path.join(os.fsencode(self.desktop.home), os.fsencode(folder))
         os.makedirs(path + b"/App.xcodeproj")
-        names = ["f%d.c" % number for number in range(files)]
+        names = [name % number for number in range(files)]
         for name in names:
             with open(path + b"/" + name.encode(), "w") as stream:
                 stream.write("int x;\n// words\n")
@@ -243,6 +297,12 @@ class ShellTest(unittest.TestCase):
     def expect_goes_on(self):
         self.assertIsNone(self.application.poll())
         wait_for(lambda: self.feedback() == NORMAL, "the idle screen")
+
+    def test_names_in_the_log_cannot_command_the_terminal(self):
+        self.launch(os.fsdecode(self.project(name="clear\033[2J%d.c")))
+        wait_for(lambda: self.logged("parsing file clear [2J0.c"), "the file's line")
+        with open(self.log.name, "rb") as stream:
+            self.assertNotIn(b"\033", stream.read())
 
     # Drags from another process
 
@@ -336,6 +396,37 @@ class ShellTest(unittest.TestCase):
         self.desktop.xdo("mousemove", x + 28, y + 22, "click", 1)
         self.assertEqual(self.application.wait(TIMEOUT), 0)
 
+    def discs(self):
+        """The colours of the close and minimise buttons."""
+        x, y, _, _ = self.main_screen()
+        return [self.desktop.pixel(x + left, y + 17) for left in (28, 48)]
+
+    def test_window_buttons_pale_with_the_window_and_come_back_with_it(self):
+        self.launch()
+        self.desktop.xdo("mousemove", 5, 5)
+        wait_for(lambda: max(max(disc) for disc in self.discs()) < 110, "dark buttons of an active window")
+        other = self.desktop.start(["xmessage", "-geometry", "+0+0", "another window"], env=self.desktop.environment)
+        wait_for(lambda: min(min(disc) for disc in self.discs()) > 150, "pale buttons of an inactive window")
+        other.terminate()
+        self.press_in_main_screen("shift")
+        wait_for(lambda: max(max(disc) for disc in self.discs()) < 110, "dark buttons again")
+
+    def open_button(self):
+        """The colour near the open button's left end."""
+        x, y, _, _ = self.main_screen()
+        return self.desktop.pixel(x + 125, y + 300)
+
+    def test_open_button_is_not_pressed_any_more_after_the_panel(self):
+        self.launch()
+        self.desktop.xdo("mousemove", 5, 5)
+        x, y, _, _ = self.screen
+        at_rest = self.open_button()
+        self.desktop.xdo("mousemove", x + 210, y + 315, "click", 1)
+        panel = wait_for(lambda: self.desktop.windows("Open a project folder"), "the open panel")
+        self.desktop.xdo("mousemove", 5, 5, "windowactivate", "--sync", next(iter(panel)), "key", "Escape")
+        wait_for(lambda: not self.desktop.windows("Open a project folder"), "the panel to close")
+        wait_for(lambda: self.open_button() == at_rest, "the look of a button at rest")
+
     # There and back
 
     def test_statistics_close_on_yes_only_and_open_again(self):
@@ -375,6 +466,77 @@ class ShellTest(unittest.TestCase):
         self.assertTrue(self.statistics())
         with open(self.desktop.home + "/config/Quillmeter/Quillmeter.ini") as stream:
             self.assertIn("counter_%s=3" % VERSION, stream.read())
+
+    # The programs around it
+
+    def test_desktop_entry_opens_a_folder(self):
+        with open(os.path.join(PACKAGING, "quillmeter.desktop")) as stream:
+            entry = dict(line.strip().split("=", 1) for line in stream if "=" in line)
+        self.assertIn("inode/directory", entry["MimeType"].split(";"))
+        program, placeholder = entry["Exec"].split()
+        self.assertEqual((program, placeholder), ("quillmeter", "%f"))
+        self.launch(os.fsdecode(self.project()))
+        wait_for(self.statistics, "the statistics window")
+
+    def test_revealed_file_comes_to_the_front_in_a_real_file_browser(self):
+        if shutil.which("thunar") is None:
+            self.skipTest("thunar is not installed")
+        self.desktop.start_session_bus()
+        self.desktop.start(["thunar", "--daemon"], env=self.desktop.environment)
+        names = ("dbus-send", "--session", "--print-reply", "--dest=org.freedesktop.DBus", "/",
+                 "org.freedesktop.DBus.ListNames")
+        wait_for(lambda: "FileManager1" in self.desktop.output(*names), "the file browser")
+        with open(self.desktop.home + "/bus", "wb") as stream:
+            self.desktop.start(["dbus-monitor", "interface=org.freedesktop.FileManager1"], env=self.desktop.environment,
+                               stdout=stream)
+        self.desktop.start([REVEAL_SOURCE, os.fsdecode(self.project("shown")) + "/f0.c"], env=self.desktop.environment)
+        x, y, _, _ = wait_until_settled(
+            lambda: next(iter(self.desktop.windows("Reveal source").values()), None), "source")
+        wait_for(lambda: self.said(stream.name, b"signal"), "the monitor")
+        self.desktop.xdo("mousemove", x + 400, y + 400, "click", 1)
+        wait_for(lambda: "shown" in self.desktop.output("xdotool", "getactivewindow", "getwindowname"),
+                 "the file browser with the keyboard")
+        window = self.desktop.xdo("getactivewindow").strip()
+        stacking = self.desktop.output("xprop", "-root", "_NET_CLIENT_LIST_STACKING").split(",")
+        self.assertEqual(int(stacking[-1], 16), int(window), "in front of everything")
+        with open(stream.name, "rb") as log:
+            self.assertRegex(log.read(), rb'string "quillmeter-\d+-[^"]*_TIME[1-9]\d*"')
+
+    def test_window_is_dragged_where_a_wayland_desktop_ignores_its_own_moves(self):
+        if shutil.which("weston") is None or shutil.which("Xwayland") is None:
+            self.skipTest("weston or Xwayland is not installed")
+        said = self.desktop.home + "/weston"
+        with open(said, "wb") as stream:
+            self.desktop.start(["weston", "--backend=x11-backend.so", "--use-pixman", "--xwayland", "--idle-time=0",
+                                "--width=1200", "--height=800", "--no-config"], env=self.desktop.environment,
+                               stdout=stream, stderr=stream)
+        def only_window():
+            return self.desktop.geometry(self.desktop.output("xprop", "-root", "_NET_CLIENT_LIST").split("# ")[-1])
+
+        outer = wait_until_settled(only_window, "the Wayland desktop")
+
+        def inner_display():
+            with open(said) as stream:
+                return next((line.split()[-1] for line in stream if "listening on display" in line), None)
+
+        inside = copy.copy(self.desktop)
+        inside.environment = {**self.desktop.environment, "DISPLAY": wait_for(inner_display, "its X server")}
+        self.application = self.desktop.start([APPLICATION], env=inside.environment, stderr=self.log)
+
+        def screen_inside():
+            return next((geometry for geometry in inside.windows("Quillmeter").values() if geometry[2:] == (420, 360)),
+                        None)
+
+        before = wait_until_settled(screen_inside, "the main screen inside")
+        x, y = outer[0] + before[0] + 250, outer[1] + before[1] + 26
+        # The inner desktop learns where the pointer is when it comes in.
+        self.desktop.xdo("mousemove", 2, 2, "sleep", 0.3, "mousemove", x - 5, y, "sleep", 0.3, "mousemove", x, y,
+                         "sleep", 0.3, "mousedown", 1)
+        for part in (3, 2, 1):
+            self.desktop.xdo("mousemove", x + 90 // part, y + 60 // part, "sleep", 0.2)
+        self.desktop.xdo("mouseup", 1)
+        wait_for(lambda: abs(screen_inside()[0] - before[0] - 90) + abs(screen_inside()[1] - before[1] - 60) < 8,
+                 "the main screen to have moved")
 
     # Bad surroundings; none of these desktops has a session bus or a browser
 
@@ -441,14 +603,40 @@ class ShellWithoutCompositorTest(ShellTest):
 
     compositor = False
 
+    def corners(self):
+        """The window's corners and the desktop beside them, as pixels."""
+        x, y, width, height = self.main_screen()
+        return [(self.desktop.pixel(x + dx, y + dy), self.desktop.pixel(x + dx - 6, y + dy)) for dx, dy in
+                ((2, 2), (2, height - 3))]
+
+    def corners_are_clear(self):
+        return all(max(abs(a - b) for a, b in zip(*pair)) < 24 for pair in self.corners())
+
+    def test_outline_follows_a_compositor_that_goes_and_comes(self):
+        self.desktop.output("display", "-window", "root", "-size", "1280x900", "xc:#8fb3c0")
+        compositor = self.desktop.start_compositor()
+        self.launch()
+        wait_for(self.corners_are_clear, "clear corners with a compositor")
+        x, y, width, _ = self.screen
+        below = (x + 30, y + 317)  # where the shadow falls
+        shaded = self.desktop.pixel(*below)
+        compositor.terminate()
+        wait_for(lambda: not self.desktop.is_composited(), "the compositor to go")
+        wait_for(self.corners_are_clear, "clear corners without a compositor")
+        wait_for(lambda: self.desktop.pixel(*below) != shaded, "the shadow to go")
+        self.desktop.start_compositor()
+        wait_for(lambda: self.desktop.pixel(*below) == shaded, "the shadow to come back")
+        self.assertTrue(self.corners_are_clear())
+
 
 def load_tests(loader, _tests, _pattern):
-    suite = loader.loadTestsFromTestCase(ShellTest)
+    suite = loader.loadTestsFromTestCase(CommandLineTest)
+    suite.addTests(loader.loadTestsFromTestCase(ShellTest))
     for test in ("test_pictures_make_the_outline", "test_window_is_moved_by_exactly_the_mouses_travel",
-                 "test_dropped_folder_is_opened"):
+                 "test_dropped_folder_is_opened", "test_outline_follows_a_compositor_that_goes_and_comes"):
         suite.addTest(ShellWithoutCompositorTest(test))
     return suite
 
 
 if __name__ == "__main__":
-    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[4:]])
+    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[5:]])
