@@ -41,8 +41,9 @@ inline constexpr int kMargin = 24;
 inline constexpr int kCornerRadius = 8;
 
 /// The style sheet that all windows share: buttons, check boxes, tables, tool tips, focus rings. Widgets take
-/// a part by the dynamic property "role": "page", "card", "sidebar", "popup", "primary" (the main button of a
-/// page), "brand" (the product's name), "subtitle", "heading", "caption", "figure", "display".
+/// a part by the dynamic property "role": "page", "card", "paper", "sidebar", "popup", "popupTitle",
+/// "popupText", "radio" (a check box that is one of several), "primary" (the main button of a page), "brand"
+/// (the product's name), "subtitle", "heading", "caption", "figure", "display".
 [[nodiscard]] QString styleSheetFor(const ThemeColors& colors);
 
 }  // namespace quillmeter
