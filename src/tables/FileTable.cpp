@@ -117,7 +117,7 @@ std::string FileTable::cellText(std::size_t row, std::size_t column) const {
     case FileTableField::fileSize:
       return formatter_->format(doubleValue(file.fileSize()) / bytesInSizeUnit_);
     default:
-      return numberOf(file, field).stringValue();
+      return formatter_->inLocalDigits(numberOf(file, field).stringValue());
   }
 }
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "controls/NamedImage.h"
+#include "tables/ColumnExplanation.h"
 
 namespace quillmeter {
 namespace {
@@ -58,6 +59,8 @@ QVariant FileTableModel::headerData(int section, Qt::Orientation orientation, in
   switch (role) {
     case Qt::DisplayRole:
       return tableText(column(section).header());
+    case Qt::AccessibleDescriptionRole:
+      return tableText(columnExplanation(column(section).field));
     case Qt::ToolTipRole:
       return column(section).toolTip.empty() ? QVariant() : QVariant(tableText(column(section).toolTip));
     case Qt::TextAlignmentRole:

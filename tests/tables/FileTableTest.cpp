@@ -247,5 +247,12 @@ TEST(FileTable, NoNameBreaksTheLinesOfACopy) {
   EXPECT_EQ(table.tabSeparated({0}), "png\ta b  c d\xFF.png\t0\n");
 }
 
+TEST(FileTable, ARowHasOneKindOfDigits) {
+  const FileTable table =
+      detailsTable({record({.name = "a.c", .size = 2048, .lines = 1234})}, 0, false, "ar_EG");
+  EXPECT_EQ(table.cellText(0, 3), "١٢٣٤");
+  EXPECT_EQ(table.cellText(0, 5), "٢");
+}
+
 }  // namespace
 }  // namespace quillmeter
