@@ -21,6 +21,7 @@
 #include "controls/ButtonTextColor.h"
 #include "controls/ChoicePopup.h"
 #include "controls/FadingPanel.h"
+#include "controls/LabelSides.h"
 #include "controls/NamedImage.h"
 #include "controls/OutsideInput.h"
 #include "controls/Theme.h"
@@ -78,6 +79,7 @@ std::unique_ptr<ChartsViewController> ChartsViewController::create(ChartsHost& h
 ChartsViewController::ChartsViewController(ChartsHost& host, const Services& services)
     : host_(host), services_(services), ui_(std::make_unique<Ui::ChartsViewController>()) {
   ui_->setupUi(this);
+  keepLabelsWhereReadingBegins(this);
   setAttribute(Qt::WA_StyledBackground);
   ui_->viewBarChart->setDelegate(this);
   ui_->viewBarChart->setScale(1);

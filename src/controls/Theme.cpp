@@ -1,5 +1,7 @@
 #include "controls/Theme.h"
 
+#include "controls/NamedImage.h"
+
 namespace quillmeter {
 namespace {
 
@@ -48,6 +50,7 @@ const ThemeColors& themeFor(const QPalette& palette) {
 }
 
 QString styleSheetFor(const ThemeColors& colors) {
+  registerNamedImages();
   QString sheet = QStringLiteral(R"(
 QWidget { color: @text; font-size: @bodypx; }
 QWidget[role="page"] { background: @background; }

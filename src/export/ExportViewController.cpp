@@ -7,6 +7,7 @@
 #include "analysis/MeasuredProject.h"
 #include "controls/AccessibleWidgets.h"
 #include "controls/BackgroundStyle.h"
+#include "controls/LabelSides.h"
 #include "export/Export.h"
 #include "export/ExportHost.h"
 #include "export/ReportChart.h"
@@ -34,6 +35,7 @@ std::unique_ptr<ExportViewController> ExportViewController::create(ExportHost& h
 ExportViewController::ExportViewController(ExportHost& host, Services services)
     : host_(host), services_(std::move(services)), ui_(std::make_unique<Ui::ExportViewController>()) {
   ui_->setupUi(this);
+  keepLabelsWhereReadingBegins(this);
   checkboxes_ = {ui_->checkbox1, ui_->checkbox2, ui_->checkbox3, ui_->checkbox4, ui_->checkbox5};
   setUpCaptions();
   for (const QCheckBox* button : {ui_->btnTypePDF, ui_->btnTypeCSV}) {

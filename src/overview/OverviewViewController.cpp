@@ -6,6 +6,7 @@
 #include "analysis/ProjectHost.h"
 #include "controls/AccessibleWidgets.h"
 #include "controls/BackgroundStyle.h"
+#include "controls/LabelSides.h"
 #include "overview/FigureLabel.h"
 #include "overview/LineShares.h"
 #include "overview/OverviewCaptions.h"
@@ -43,6 +44,7 @@ std::unique_ptr<OverviewViewController> OverviewViewController::create(ProjectHo
 OverviewViewController::OverviewViewController(ProjectHost& host)
     : host_(host), ui_(std::make_unique<Ui::OverviewViewController>()) {
   ui_->setupUi(this);
+  keepLabelsWhereReadingBegins(this);
   describeGroups();
   ui_->lblCaptionTotal->setToolTip(toolTipFor(kTotalLinesCaption));
   for (std::size_t index = 0; index < kOverviewMetrics; ++index) {

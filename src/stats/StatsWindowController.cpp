@@ -18,6 +18,7 @@
 #include "charts/ChartsViewController.h"
 #include "controls/AccessibleWidgets.h"
 #include "controls/BackgroundStyle.h"
+#include "controls/LabelSides.h"
 #include "controls/NamedImage.h"
 #include "controls/ReturnPresses.h"
 #include "controls/Theme.h"
@@ -84,6 +85,7 @@ StatsWindowController::StatsWindowController(StatsHost& host, const Services& se
       project_(host.parserProject()),
       ui_(std::make_unique<Ui::StatsWindowController>()) {
   ui_->setupUi(this);
+  keepLabelsWhereReadingBegins(this);
   setWindowTitle(windowTitleFor(QStringLiteral("Quillmeter"), *project_));
   describeControls();
   connectControls();

@@ -11,6 +11,7 @@
 #include "controls/ButtonTextColor.h"
 #include "controls/ChoicePopup.h"
 #include "controls/FadingPanel.h"
+#include "controls/LabelSides.h"
 #include "tables/DetailsHost.h"
 #include "tables/DetailsTable.h"
 #include "ui_DetailsViewController.h"
@@ -38,6 +39,7 @@ std::unique_ptr<DetailsViewController> DetailsViewController::create(DetailsHost
 DetailsViewController::DetailsViewController(DetailsHost& host, const Services& services)
     : host_(host), services_(services), ui_(std::make_unique<Ui::DetailsViewController>()) {
   ui_->setupUi(this);
+  keepLabelsWhereReadingBegins(this);
   setAttribute(Qt::WA_StyledBackground);
   ui_->tableDetails->setRevealButtonLook(RevealButtonLook::magnifier);
   const auto buttons = filterButtons();

@@ -47,6 +47,17 @@ QString longestName(const FileList& files) {
   return tableText(longest);
 }
 
+/// The longest text of a column of numbers; a table of many files is known well enough by its first ones.
+QString longestNumber(const FileTable& table, std::size_t column) {
+  constexpr std::size_t looked = 1000;
+  std::string longest;
+  for (std::size_t row = 0; row < std::min(table.rows().size(), looked); ++row) {
+    const std::string text = table.cellText(row, column);
+    if (text.size() > longest.size()) longest = text;
+  }
+  return tableText(longest);
+}
+
 }  // namespace
 
 FileTableView::FileTableView(QWidget* parent)
@@ -123,6 +134,11 @@ void FileTableView::setTable(FileTable table) {
   for (const FileTableColumn& column : table.columns())
     widths_.push_back(column.width);
   longestName_ = longestName(table.rows());
+  longestNumbers_.clear();
+  for (std::size_t i = 0; i < table.columns().size(); ++i) {
+    const bool isNumber = table.columns()[i].showsText() && !table.columns()[i].isLeftAligned();
+    longestNumbers_ << (isNumber ? longestNumber(table, i) : QString());
+  }
   {
     const QScopedValueRollback fitting(isFitting_, true);
     model_->setTable(std::move(table));
@@ -185,14 +201,18 @@ std::vector<FileTableColumn> FileTableView::readableColumns() const {
   const QFontMetrics header(headerFont);
   FileTableColumn* name = nullptr;
   int others = 0;
-  for (FileTableColumn& column : columns) {
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    FileTableColumn& column = columns[i];
     if (column.field == FileTableField::fileName) {
       name = &column;
       continue;
     }
-    if (!column.maximumWidth)
-      column.minimumWidth =
-          std::max(column.minimumWidth, widestWord(tableText(column.header()), header) + kGap);
+    if (!column.maximumWidth) {
+      const int text =
+          std::max(widestWord(tableText(column.header()), header),
+                   fontMetrics().horizontalAdvance(longestNumbers_.value(static_cast<qsizetype>(i))));
+      column.minimumWidth = std::max(column.minimumWidth, text + kGap);
+    }
     others += column.minimumWidth;
   }
   const int room = viewport()->width() - others;

@@ -73,6 +73,7 @@ class FileTableView final : public QTableView {
   SelectionHighlightStyle highlightStyle_ = SelectionHighlightStyle::regular;
   QString emptyText_;
   QString longestName_;
+  QStringList longestNumbers_;
   std::vector<int> widths_;  ///< of the columns before they share the view's width
   bool isFitting_ = false;
   int sortedSection_ = -1;

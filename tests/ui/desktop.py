@@ -77,7 +77,8 @@ class Desktop:
         return process
 
     def output(self, *command):
-        return subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+        # Their names of windows are UTF-8 whatever the language of the application.
+        return subprocess.run(command, env={**self.environment, "LC_ALL": "C.UTF-8"}, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                               text=True, check=False).stdout
 
     def xdo(self, *words):
