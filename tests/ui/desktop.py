@@ -2,6 +2,7 @@
 light or dark colour scheme and a scale factor. Everything started here is ended by `close`."""
 
 import os
+import re
 import shutil
 import subprocess
 import tempfile
@@ -78,19 +79,26 @@ class Desktop:
 
     def output(self, *command):
         # Their names of windows are UTF-8 whatever the language of the application.
-        return subprocess.run(command, env={**self.environment, "LC_ALL": "C.UTF-8"}, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                              text=True, check=False).stdout
+        environment = {**self.environment, "LC_ALL": "C.UTF-8"}
+        return subprocess.run(command, env=environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
+                              check=False).stdout
 
     def xdo(self, *words):
         return self.output("xdotool", *[str(word) for word in words])
 
     def window(self, pattern, size=None):
         """The visible window whose name matches, as (id, x, y, width, height), or None."""
-        for window in self.xdo("search", "--onlyvisible", "--name", pattern).split():
-            lines = dict(line.split("=") for line in self.xdo("getwindowgeometry", "--shell", window).split())
-            if int(lines.get("WIDTH", 1)) < 100:
+        # Searching by name would miss windows of an application whose language the system has not got.
+        for window in self.xdo("search", "--onlyvisible", "--class", ".").split():
+            if not re.search(pattern, self.xdo("getwindowname", window).strip()):
                 continue
-            found = (window, *[int(lines[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")])
+            # Where it really is: xdotool counts a window manager's frame twice.
+            shown = self.output("xwininfo", "-id", window)
+            numbers = [re.search(label + r": +(-?\d+)", shown)
+                       for label in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")]
+            if None in numbers or int(numbers[2].group(1)) < 100:
+                continue
+            found = (window, *[int(number.group(1)) for number in numbers])
             if size is None or found[3:] == size:
                 return found
         return None
