@@ -15,6 +15,7 @@
 #include "app/OpenPanel.h"
 #include "app/ProjectRead.h"
 #include "app/WindowButton.h"
+#include "controls/AccessibleWidgets.h"
 #include "controls/NamedImage.h"
 #include "controls/ReturnPresses.h"
 #include "stats/StatsWindowController.h"
@@ -41,6 +42,8 @@ AppDelegate::AppDelegate(Services services, std::unique_ptr<OpenPanel> openPanel
   window_ = std::make_unique<CustomShapeWindow>(QRect(QPoint(), viewMain->size()));
   window_->setContentView(viewMain);
   window_->setWindowTitle(QStringLiteral("Quillmeter"));
+  setAccessibleKind(window_.get(), AccessibleKind::window);
+  setAccessibleKind(ui_->viewDrag, AccessibleKind::group);
   ui_->viewDrag->setDelegate(this);
   ui_->viewDrag->awakeFromNib();
   connectControls();
@@ -278,6 +281,10 @@ void AppDelegate::showBackMainWindow() {
   window_->raise();
   window_->activateWindow();
   retireStatsWindow();
+}
+
+void AppDelegate::quitApplication() {
+  QCoreApplication::quit();
 }
 
 void AppDelegate::retireStatsWindow() {

@@ -73,6 +73,7 @@ class AppDelegate final : public QObject, public CustomDragViewDelegate, public 
     return parserProject_;
   }
   void showBackMainWindow() override;
+  void quitApplication() override;
 
   [[nodiscard]] CustomShapeWindow* window() const { return window_.get(); }
   /// The statistics window; null when there is none.

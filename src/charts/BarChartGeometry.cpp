@@ -118,9 +118,20 @@ std::optional<std::size_t> barAt(const std::vector<ChartBar>& bars, ChartPoint p
   return hit == bars.end() ? std::nullopt : std::optional(hit->index);
 }
 
+double canvasScale(ChartSize room) {
+  constexpr double smallest = 0.75;
+  constexpr double largest = 2;
+  return std::clamp(std::min(room.width / kCanvasWidth, room.height / kCanvasHeight), smallest, largest);
+}
+
 std::int32_t detailsPanelX(ChartPoint lenseOrigin, double panelWidth) {
   constexpr std::int32_t nudge = 8;
   return clampedToInt32(lenseOrigin.x - panelWidth * 0.5) + nudge;
+}
+
+std::int32_t detailsPanelY(double scale, std::int32_t panelHeight, std::int32_t pageEnd) {
+  constexpr double belowMagnifiers = 503;
+  return std::min(clampedToInt32(belowMagnifiers * scale), pageEnd - panelHeight);
 }
 
 }  // namespace quillmeter

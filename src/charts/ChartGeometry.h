@@ -142,8 +142,20 @@ struct PieChartDrawing {
 /// The legend row of the slice under the point.
 [[nodiscard]] std::optional<std::size_t> sliceAt(const PieChartDrawing& pie, ChartPoint point);
 
+/// How large a canvas is in its own space.
+inline constexpr double kCanvasWidth = 660;
+inline constexpr double kCanvasHeight = 540;
+
+/// By how much a canvas is enlarged or made smaller as a whole to fit into `room`: as far as it can still be
+/// read and does not look coarse.
+[[nodiscard]] double canvasScale(ChartSize room);
+
 /// The left edge of a details panel of a width, for the magnifier at `lenseOrigin`; both in the canvas's
 /// space.
 [[nodiscard]] std::int32_t detailsPanelX(ChartPoint lenseOrigin, double panelWidth);
+
+/// Its top edge, in points of the screen below the top of a canvas that is shown at `scale`: just below the
+/// magnifiers, or as far above that as a page needs that ends at `pageEnd`.
+[[nodiscard]] std::int32_t detailsPanelY(double scale, std::int32_t panelHeight, std::int32_t pageEnd);
 
 }  // namespace quillmeter

@@ -1,8 +1,9 @@
 #include "charts/ChartsViewController.h"
 
+#include <QAccessible>
 #include <QBuffer>
 #include <QImage>
-#include <QKeyEvent>
+#include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <algorithm>
@@ -15,10 +16,14 @@
 #include "analysis/MeasuredProject.h"
 #include "charts/ChartAdvice.h"
 #include "charts/ChartsHost.h"
-#include "charts/FadingPanel.h"
 #include "charts/GrowIn.h"
+#include "controls/AccessibleWidgets.h"
 #include "controls/ButtonTextColor.h"
+#include "controls/ChoicePopup.h"
+#include "controls/FadingPanel.h"
+#include "controls/LabelSides.h"
 #include "controls/NamedImage.h"
+#include "controls/OutsideInput.h"
 #include "controls/Theme.h"
 #include "support/AtomicFile.h"
 #include "support/Paths.h"
@@ -29,14 +34,10 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr milliseconds kFade{300};
 constexpr milliseconds kSaveDoneDelay{1000};
 constexpr double kDetailsAlpha = 0.9;
 constexpr int kJpegQuality = 90;
 constexpr int kInfoPictureSide = 20;
-
-/// The top of the details panel in the canvas's space: just below the magnifiers.
-constexpr int kDetailsY = 503;
 
 const QColor kTitleColor(Qt::white);
 const QColor kAlternateTitleColor(85, 85, 85);
@@ -66,8 +67,23 @@ std::unique_ptr<ChartsViewController> ChartsViewController::create(ChartsHost& h
 ChartsViewController::ChartsViewController(ChartsHost& host, const Services& services)
     : host_(host), services_(services), ui_(std::make_unique<Ui::ChartsViewController>()) {
   ui_->setupUi(this);
+  keepLabelsWhereReadingBegins(this);
   setAttribute(Qt::WA_StyledBackground);
   ui_->viewBarChart->setDelegate(this);
+  ui_->viewBarChart->setScale(1);
+  ui_->scrollPage->installEventFilter(this);
+  ui_->viewPage->installEventFilter(this);
+  std::vector<QPushButton*> choices;
+  for (std::int32_t chart = 0; chart < kChartButtons; ++chart)
+    choices.push_back(filterButton(chart));
+  popup_ = new ChoicePopup(*ui_->btnFilters, *ui_->viewFilters, choices, services_.delayedCalls, this);
+  besideDetails_ = new OutsideInput(*ui_->viewPopoverDetailsChart, {ui_->viewBarChart}, this);
+  setAccessibleKind(this, AccessibleKind::group);
+  setAccessibleKind(ui_->btnFilters, AccessibleKind::popupButton);
+  setAccessibleKind(ui_->viewFilters, AccessibleKind::group);
+  for (QPushButton* const choice : choices)
+    setAccessibleKind(choice, AccessibleKind::choice);
+  setAccessibleKind(ui_->viewPopoverDetailsChart, AccessibleKind::notice);
   connectControls();
   setPictures();
 }
@@ -82,6 +98,9 @@ void ChartsViewController::connectControls() {
     QPushButton* button = filterButton(chart);
     connect(button, &QPushButton::clicked, this, [this, button] { tapSelectedFilter(button); });
   }
+  connect(popup_, &ChoicePopup::dismissed, this, &ChartsViewController::tapFilters);
+  connect(besideDetails_, &OutsideInput::dismissed, this, &ChartsViewController::dismissInfoForItem);
+  connect(ui_->viewPopoverDetailsChart, &FadingPanel::fadedOut, ui_->viewPopoverDetailsChart, &QWidget::hide);
   connect(ui_->btnInfo, &QPushButton::clicked, this, &ChartsViewController::tapInfoButton);
   connect(ui_->btnSaveChart, &QPushButton::clicked, this, &ChartsViewController::tapSave);
 }
@@ -132,6 +151,7 @@ void ChartsViewController::initViewCustom() {
   ui_->viewFilters->setAlphaValue(0);
   ui_->viewFilters->hide();
   ui_->viewPopoverDetailsChart->setAlphaValue(0);
+  ui_->viewPopoverDetailsChart->hide();
   ui_->viewPopoverDetailsChart->setAttribute(Qt::WA_TransparentForMouseEvents);
   ui_->btnInfo->hide();
 }
@@ -207,25 +227,7 @@ void ChartsViewController::doAnimationInfoButton() {
 
 void ChartsViewController::tapFilters() {
   dismissInfoForItem();
-  // A disabled control loses the keyboard focus; it goes into the panel and comes back from there.
-  const bool hadFocus = ui_->btnFilters->hasFocus();
-  ui_->btnFilters->setEnabled(false);
-  FadingPanel* panel = ui_->viewFilters;
-  if (panel->alphaValue() < 1.0) {
-    ++filtersOpenings_;
-    placeFilters();
-    panel->show();
-    panel->raise();
-    panel->animateAlphaValue(1.0);
-    highlightCurrentFilter();
-    ui_->btnFilters->setChecked(true);
-    if (hadFocus) filterButton(chart_)->setFocus();
-  } else {
-    fadeFiltersOut();
-    ui_->btnFilters->setChecked(false);
-    returnsFocus_ = hadFocus || panel->isAncestorOf(focusWidget());
-  }
-  services_.delayedCalls->performAfterDelay(this, kFade, [this] { enableBackFilter(); });
+  popup_->tap(static_cast<std::size_t>(graphTypeOf(chart_)));
 }
 
 void ChartsViewController::tapSelectedFilter(const QPushButton* sender) {
@@ -233,52 +235,25 @@ void ChartsViewController::tapSelectedFilter(const QPushButton* sender) {
   for (const ChartKind chart : kAllCharts) {
     if (sender == filterButton(chart)) chart_ = chart;
   }
-  highlightCurrentFilter();
+  popup_->mark(static_cast<std::size_t>(graphTypeOf(chart_)));
   // Details that were opened beside the panel are about a bar that goes now.
   dismissInfoForItem();
   if (isBarChart(chart_)) ui_->btnInfo->show();
   startAnimation();
-  fadeFiltersOut();
-  ui_->btnFilters->setChecked(false);
-  if (sender != nullptr && sender->hasFocus()) ui_->btnFilters->setFocus();
-}
-
-void ChartsViewController::highlightCurrentFilter() {
-  for (const ChartKind chart : kAllCharts)
-    filterButton(chart)->setChecked(chart == chart_);
+  popup_->closeAfterChoice();
 }
 
 void ChartsViewController::enableBackFilter() {
-  ui_->btnFilters->setEnabled(true);
-  if (std::exchange(returnsFocus_, false)) ui_->btnFilters->setFocus();
-}
-
-void ChartsViewController::fadeFiltersOut() {
-  ui_->viewFilters->animateAlphaValue(0.0);
-  hideFiltersLater();
-}
-
-void ChartsViewController::hideFiltersLater() {
-  services_.delayedCalls->performAfterDelay(this, kFade, [this, planned = filtersOpenings_] {
-    // Whoever opens the panel again within the fade wants to see it.
-    if (planned == filtersOpenings_) makeFiltersHiddenAfterAnimation();
-  });
+  popup_->enableButton();
 }
 
 void ChartsViewController::makeFiltersHiddenAfterAnimation() {
-  ui_->viewFilters->hide();
+  popup_->makeHidden();
 }
 
 void ChartsViewController::forcePopupClose() {
-  ui_->viewFilters->setAlphaValue(0.0);
-  hideFiltersLater();
-  ui_->btnFilters->setChecked(false);
+  popup_->closeAtOnce();
   dismissInfoForItem();
-}
-
-void ChartsViewController::placeFilters() {
-  ui_->viewFilters->adjustSize();
-  ui_->viewFilters->move(ui_->btnFilters->mapTo(this, QPoint(0, ui_->btnFilters->height() + kSpace)));
 }
 
 // Information on a bar
@@ -305,13 +280,35 @@ void ChartsViewController::showInfoPopoverForItemFromStartingPoint(const std::sh
   if (advice->advice) ui_->lblPopoverDetailsChart4->setText(toText(*advice->advice));
 
   FadingPanel* panel = ui_->viewPopoverDetailsChart;
-  const QPoint canvas = ui_->viewBarChart->mapTo(this, QPoint(0, 0));
-  panel->move(canvas.x() + detailsPanelX(point, panel->width()), canvas.y() + kDetailsY);
+  const QPoint canvas = ui_->viewBarChart->mapTo(ui_->viewPage, QPoint(0, 0));
+  const double scale = ui_->viewBarChart->scale();
+  const ChartPoint shown{point.x * scale, point.y * scale};
+  // Only a canvas that is shown smaller has magnifiers too close to the page's edges.
+  const int x = canvas.x() + detailsPanelX(shown, panel->width());
+  panel->move(std::clamp(x, 0, std::max(0, ui_->viewPage->width() - panel->width())),
+              canvas.y() + detailsPanelY(scale, panel->height(), ui_->viewPage->height() - canvas.y()));
+  announceDetails();
+  panel->show();
   panel->raise();
   panel->animateAlphaValue(kDetailsAlpha);
+  besideDetails_->watch(true);
+}
+
+/// The keyboard stays where it is, so who hears the window has to be told of the panel.
+void ChartsViewController::announceDetails() {
+  QStringList texts;
+  for (int number = 1; number <= 4; ++number) {
+    const auto* label = findChild<QLabel*>(QStringLiteral("lblPopoverDetailsChart%1").arg(number));
+    texts << label->text().replace(QLatin1Char('\n'), QLatin1Char(' '));
+  }
+  FadingPanel* panel = ui_->viewPopoverDetailsChart;
+  panel->setAccessibleName(texts.join(QStringLiteral(", ")));
+  QAccessibleEvent alert(panel, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
 }
 
 void ChartsViewController::dismissInfoForItem() {
+  besideDetails_->watch(false);
   ui_->viewPopoverDetailsChart->animateAlphaValue(0.0);
 }
 
@@ -339,20 +336,27 @@ void ChartsViewController::showSaveDone() {
 
 // The page
 
-void ChartsViewController::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
+bool ChartsViewController::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == ui_->scrollPage && event->type() == QEvent::Resize) fitPage();
+  // What stands around the canvas has got its final size only once it has its fonts.
+  if (watched == ui_->viewPage && event->type() == QEvent::LayoutRequest) fitCanvas();
+  return QWidget::eventFilter(watched, event);
+}
+
+void ChartsViewController::fitPage() {
+  fitCanvas();
   // The overlays hang on controls that have moved.
-  if (ui_->viewFilters->isVisible()) placeFilters();
+  if (ui_->viewFilters->isVisible()) popup_->place();
   dismissInfoForItem();
 }
 
-void ChartsViewController::keyPressEvent(QKeyEvent* event) {
-  const bool panelIsOpen = ui_->viewFilters->isVisible() && ui_->viewFilters->alphaValue() >= 1.0;
-  if (event->key() == Qt::Key_Escape && panelIsOpen && ui_->btnFilters->isEnabled()) {
-    tapFilters();
-    return;
-  }
-  QWidget::keyPressEvent(event);
+/// Shows the canvas as large as the page can without scrolling.
+void ChartsViewController::fitCanvas() {
+  DrawingCanvasView* canvas = ui_->viewBarChart;
+  const QSize room =
+      ui_->scrollPage->maximumViewportSize() - ui_->viewPage->minimumSizeHint() + canvas->size();
+  canvas->setScale(canvasScale({static_cast<double>(room.width()), static_cast<double>(room.height())}));
+  ui_->viewPage->layout()->activate();
 }
 
 }  // namespace quillmeter

@@ -18,7 +18,9 @@ class ChartsViewController;
 namespace quillmeter {
 
 class ChartsHost;
+class ChoicePopup;
 class FadingPanel;
+class OutsideInput;
 
 /// The Charts tab: a canvas, the panel that chooses among five charts, advice on a bar's file and saving a
 /// picture.
@@ -75,8 +77,8 @@ class ChartsViewController : public QWidget, private DrawingCanvasViewDelegate {
   [[nodiscard]] const PieFractions& fractions() const { return fractions_; }
 
  protected:
-  void resizeEvent(QResizeEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
+  /// The page's scroll area tells of its size, its contents of theirs.
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   ChartsViewController(ChartsHost& host, const Services& services);
@@ -86,21 +88,20 @@ class ChartsViewController : public QWidget, private DrawingCanvasViewDelegate {
   void setFractions();
   void setBarChartValues();
   void showHint();
-  void highlightCurrentFilter();
-  void fadeFiltersOut();
-  void hideFiltersLater();
-  void placeFilters();
+  void fitPage();
+  void fitCanvas();
+  void announceDetails();
   [[nodiscard]] QPushButton* filterButton(ChartKind chart) const;
 
   ChartsHost& host_;
   Services services_;
   std::unique_ptr<::Ui::ChartsViewController> ui_;
+  ChoicePopup* popup_;
+  OutsideInput* besideDetails_;
   FileList currentArrayValuesBarChart_;
   ChartKind chart_ = ChartKind::fileKindsPie;
   PieFractions fractions_;
   bool animationInfoButtonStartedOnce_ = false;
-  bool returnsFocus_ = false;  ///< to the button of the panel, once it is enabled again
-  int filtersOpenings_ = 0;    ///< tells a hiding that was planned before the panel was opened again
 };
 
 }  // namespace quillmeter

@@ -13,6 +13,7 @@
 
 #include "charts/ChartAdvice.h"
 #include "charts/ChartPainter.h"
+#include "controls/AccessibleWidgets.h"
 #include "controls/NamedImage.h"
 #include "controls/Theme.h"
 #include "controls/ToolTipText.h"
@@ -20,7 +21,7 @@
 namespace quillmeter {
 namespace {
 
-constexpr QSize kCanvasSize(660, 540);
+constexpr QSize kCanvasSize(static_cast<int>(kCanvasWidth), static_cast<int>(kCanvasHeight));
 constexpr int kFocusMargin = 3;
 constexpr qsizetype kToolTipLine = 80;  // fits a screen
 
@@ -35,13 +36,29 @@ ChartSize toChartSize(QSizeF size) {
 }  // namespace
 
 DrawingCanvasView::DrawingCanvasView(QWidget* parent) : QWidget(parent), axisColor_(toColor(kAxisColor)) {
+  setAccessibleKind(this, AccessibleKind::chart);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setMouseTracking(true);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 QSize DrawingCanvasView::sizeHint() const {
-  return kCanvasSize;
+  return kCanvasSize * scale_;
+}
+
+void DrawingCanvasView::setScale(double scale) {
+  if (qFuzzyCompare(scale_, scale) && minimumSize() == sizeHint()) return;
+  scale_ = scale;
+  setFixedSize(sizeHint());
+  update();
+}
+
+QPoint DrawingCanvasView::toWidget(ChartPoint point) const {
+  return (QPointF(point.x, point.y) * scale_).toPoint();
+}
+
+ChartPoint DrawingCanvasView::toChart(QPointF widgetPoint) const {
+  return toChartPoint(widgetPoint / scale_);
 }
 
 void DrawingCanvasView::setGraphType(std::int32_t graphType) {
@@ -57,6 +74,9 @@ void DrawingCanvasView::paintOn(QPainter& painter, QSizeF size) {
   axisColor_ = toColor(kAxisColor);
   lensesDetailsPoints_.reset();
   painter.save();
+  // The chart is a picture: its texts stand beside what they name, whatever the direction of the desktop's
+  // language.
+  painter.setLayoutDirection(Qt::LeftToRight);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
                          QPainter::SmoothPixmapTransform);
   if (showsPie()) drawPieChartGraphs(painter, size);
@@ -133,14 +153,17 @@ void DrawingCanvasView::drawFocus(QPainter& painter) const {
 void DrawingCanvasView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), themeFor(palette()).paper);
-  paintOn(painter, size());
+  painter.scale(scale_, scale_);
+  paintOn(painter, bounds());
   drawFocus(painter);
 }
 
 QPixmap DrawingCanvasView::capture() {
-  const bool showed = std::exchange(showsFocus_, false);
-  QPixmap picture = grab();
-  showsFocus_ = showed;
+  QPixmap picture((QSizeF(bounds()) * devicePixelRatioF()).toSize());
+  picture.setDevicePixelRatio(devicePixelRatioF());
+  picture.fill(themeFor(palette()).paper);
+  QPainter painter(&picture);
+  paintOn(painter, bounds());
   return picture;
 }
 
@@ -153,7 +176,7 @@ void DrawingCanvasView::mousePressEvent(QMouseEvent* event) {
   }
   if (delegate_ != nullptr) delegate_->dismissInfoForItem();
   if (!lensesDetailsPoints_) return;
-  const auto bar = lenseAt(*lensesDetailsPoints_, toChartPoint(event->position()));
+  const auto bar = lenseAt(*lensesDetailsPoints_, toChart(event->position()));
   if (bar) openDetails(*bar);
 }
 
@@ -167,7 +190,7 @@ void DrawingCanvasView::openDetails(std::size_t bar) {
 
 void DrawingCanvasView::mouseMoveEvent(QMouseEvent* event) {
   const bool overLense =
-      lensesDetailsPoints_ && lenseAt(*lensesDetailsPoints_, toChartPoint(event->position())).has_value();
+      lensesDetailsPoints_ && lenseAt(*lensesDetailsPoints_, toChart(event->position())).has_value();
   if (overLense) {
     setCursor(Qt::PointingHandCursor);
   } else {
@@ -237,7 +260,7 @@ void DrawingCanvasView::focusOutEvent(QFocusEvent* event) {
 
 QString DrawingCanvasView::descriptionAt(QPointF point) const {
   if (showsPie()) {
-    const PieChartDrawing pie = pieChartDrawing(contents_, toChartSize(size()));
+    const PieChartDrawing pie = pieChartDrawing(contents_, toChartSize(bounds()));
     const auto row = sliceAt(pie, toChartPoint(point));
     return row ? QString::fromStdString(pie.legend[*row].label.text) : QString();
   }
@@ -254,7 +277,7 @@ void DrawingCanvasView::updateAccessibleTexts() {
   setAccessibleName(QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size())));
   QStringList items;
   if (showsPie()) {
-    for (const ChartLegendRow& row : pieChartDrawing(contents_, toChartSize(size())).legend) {
+    for (const ChartLegendRow& row : pieChartDrawing(contents_, toChartSize(bounds())).legend) {
       items << QString::fromStdString(row.label.text);
     }
   } else if (contents_.arrayValues) {
@@ -269,7 +292,7 @@ void DrawingCanvasView::updateAccessibleTexts() {
 bool DrawingCanvasView::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QWidget::event(event);
   const auto* help = static_cast<QHelpEvent*>(event);
-  const QString text = descriptionAt(help->pos());
+  const QString text = descriptionAt(QPointF(help->pos()) / scale_);
   QToolTip::showText(help->globalPos(), text.isEmpty() ? QString() : toolTipText(text, kToolTipLine), this);
   return true;
 }

@@ -29,6 +29,9 @@ class DrawingCanvasViewDelegate {
 /// Draws one of the five charts from the properties it is given; it knows no project. The space is flipped:
 /// the origin is the top left corner and y grows downwards, in points.
 ///
+/// On screen the whole chart can be shown larger or smaller: `setScale` changes the widget's size and nothing
+/// of the drawing, and every point that comes or goes is one of the drawing's own space.
+///
 /// Changing a property draws nothing by itself; whoever changes properties calls `update` when done. On
 /// screen the chart lies on white paper; `paintOn` draws the chart alone, onto any device, also of a canvas
 /// that was never shown. Main thread only. The delegate is not owned and must outlive the canvas or be taken
@@ -79,7 +82,14 @@ class DrawingCanvasView : public QWidget {
   /// and takes the hit areas from it.
   void paintOn(QPainter& painter, QSizeF size);
 
-  /// The canvas as it is on screen, at the screen's scale, without the mark of the keyboard focus.
+  /// How many points of the screen show one of the drawing; 1 at first.
+  [[nodiscard]] double scale() const { return scale_; }
+  void setScale(double scale);
+  /// Where a point of the drawing is in the widget.
+  [[nodiscard]] QPoint toWidget(ChartPoint point) const;
+
+  /// The chart on its paper as it is on screen, in its own size at the screen's resolution, without the mark
+  /// of the keyboard focus.
   [[nodiscard]] QPixmap capture();
 
   /// The name and value under a point, as the tool tip shows them; empty where there is nothing to name.
@@ -114,6 +124,8 @@ class DrawingCanvasView : public QWidget {
   void drawPieChartGraphs(QPainter& painter, QSizeF size) const;
   void drawFocus(QPainter& painter) const;
 
+  [[nodiscard]] QSize bounds() const { return (QSizeF(size()) / scale_).toSize(); }
+  [[nodiscard]] ChartPoint toChart(QPointF widgetPoint) const;
   [[nodiscard]] const QPixmap& lense(double scale);
   void openDetails(std::size_t bar);
   void moveToBar(std::size_t bar);
@@ -125,6 +137,7 @@ class DrawingCanvasView : public QWidget {
   DrawingCanvasViewDelegate* delegate_ = nullptr;
   QPixmap lense_;  ///< the magnifier at the scale it was last drawn at
   std::optional<std::size_t> currentBar_;
+  double scale_ = 1;
   bool showsFocus_ = false;  ///< only when the keyboard brought the focus
 };
 

@@ -36,6 +36,10 @@ QPixmap drawnImage(const QString& name, QSize size, qreal scale) {
 
 }  // namespace
 
+void registerNamedImages() {
+  registerImages();
+}
+
 QSize namedImageSize(const QString& name) {
   return QSvgRenderer(resourcePath(name)).defaultSize();
 }

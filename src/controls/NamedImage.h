@@ -8,6 +8,9 @@
 /// Pictures by name: each is an SVG under src/resources/images, drawn anew at every size and scale factor.
 namespace quillmeter {
 
+/// Makes the pictures known to the toolkit, for who names them by their path, as the style sheet does.
+void registerNamedImages();
+
 /// The natural size of a picture in points; empty when there is none of that name.
 [[nodiscard]] QSize namedImageSize(const QString& name);
 

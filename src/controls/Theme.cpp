@@ -1,5 +1,7 @@
 #include "controls/Theme.h"
 
+#include "controls/NamedImage.h"
+
 namespace quillmeter {
 namespace {
 
@@ -60,6 +62,7 @@ bool isDark(const ThemeColors& theme) {
 }
 
 QString styleSheetFor(const ThemeColors& colors) {
+  registerNamedImages();
   QString sheet = QStringLiteral(R"(
 QWidget { color: @text; font-size: @bodypx; }
 QWidget[role="page"] { background: @background; }
@@ -77,7 +80,10 @@ QPushButton { background: @card; border: 1px solid @line; border-radius: 6px; pa
 QPushButton:hover { border-color: @accent; }
 QPushButton:pressed { background: @background; }
 QPushButton[focusRing="true"] { border: 2px solid @accent; padding: 6px 13px; }
+QPushButton:checked { background: @accent; border-color: @accent; color: white; }
+QPushButton[focusRing="true"]:checked { border: 2px solid @text; }
 QPushButton:disabled { color: @mutedText; }
+QPushButton:checked:disabled { color: white; }
 QPushButton[role="primary"] { background: @accent; border-color: @accent; color: white; font-weight: 600; }
 QPushButton[role="primary"]:hover { background: @accentHover; }
 QPushButton[role="primary"][focusRing="true"] { border: 2px solid @accent; outline: 2px solid white; outline-offset: -5px;
@@ -86,8 +92,8 @@ QWidget[role="sidebar"] QPushButton, QFrame[role="popup"] QPushButton {
   background: transparent; border: 2px solid transparent; color: @sidebarText; text-align: left; padding: 8px 12px; }
 QWidget[role="sidebar"] QPushButton:hover, QFrame[role="popup"] QPushButton:hover { background: @sidebarHover; }
 QWidget[role="sidebar"] QPushButton:pressed { background: @sidebarHover; }
-QFrame[role="popup"] QPushButton:checked, QFrame[role="popup"] QPushButton:pressed { background: @sidebarText; }
 QWidget[role="sidebar"] QPushButton:checked { color: white; }
+QFrame[role="popup"] QPushButton:checked, QFrame[role="popup"] QPushButton:pressed { background: @sidebarText; }
 QWidget[role="sidebar"] QPushButton:checked { font-weight: 600; background: qlineargradient(x1:0, y1:0, x2:1, y2:0,
   stop:0 @sidebarText, stop:0.028 @sidebarText, stop:0.029 @accent, stop:1 @accent); }
 QWidget[role="sidebar"] QPushButton[focusRing="true"], QFrame[role="popup"] QPushButton[focusRing="true"] {
@@ -95,6 +101,8 @@ QWidget[role="sidebar"] QPushButton[focusRing="true"], QFrame[role="popup"] QPus
 QFrame[role="popup"] QPushButton[focusRing="true"]:checked, QFrame[role="popup"] QPushButton[focusRing="true"]:pressed {
   border: 2px solid @accent; }
 QWidget[role="sidebar"] QLabel, QFrame[role="popup"] QLabel { color: @sidebarText; }
+QLabel[role="popupTitle"] { font-weight: 600; }
+QLabel[role="popupText"] { font-size: 12px; }
 QLabel[role="brand"] { font-size: @headingpx; font-weight: 700; padding-left: 8px; }
 QMenu { background: @card; color: @text; border: 1px solid @line; padding: 4px; }
 QMenu::item { padding: 8px 16px; border-radius: 6px; background: transparent; }
@@ -105,6 +113,8 @@ QCheckBox[focusRing="true"] { border-color: @accent; }
 QCheckBox::indicator { width: 16px; height: 16px; border: 1px solid @mutedText; border-radius: 4px; background: @card; }
 QCheckBox::indicator:hover { border-color: @accent; }
 QCheckBox::indicator:checked { background: @accent; border-color: @accent; image: url(:/images/check.svg); }
+QCheckBox[role="radio"]::indicator { border-radius: 9px; }
+QCheckBox[role="radio"]::indicator:checked { image: url(:/images/radio.svg); }
 QCheckBox::indicator:disabled { border-color: @line; background: @background; }
 QTableView { background: @card; alternate-background-color: @background; border: 1px solid @line;
   border-radius: @radiuspx; padding: 2px; gridline-color: @line; selection-background-color: @accent;
@@ -176,6 +186,7 @@ QToolTip { background: @sidebar; color: @sidebarText; border: 1px solid @line; p
   put("@text", colors.text.name());
   put("@card", colors.card.name());
   put("@line", colors.line.name());
+  put("@paper", colors.paper.name());
   put("@body", QString::number(kBodySize));
   put("@heading", QString::number(kHeadingSize));
   put("@caption", QString::number(kCaptionSize));

@@ -48,8 +48,8 @@ inline constexpr int kCornerRadius = 8;
 
 /// The style sheet that all windows share, the toolkit's own dialogs among them: buttons, fields, lists,
 /// check boxes, tables, scroll bars, tool tips, focus rings (see FocusRing.h). Widgets take a part by the
-/// dynamic property "role": "page", "card", "paper" (what a chart is drawn on), "sidebar", "popup", "primary"
-/// (the main button of a page), "link", "brand" (the product's name), "title" (of a window without a frame),
+/// dynamic property "role": "page", "card", "paper" (what a chart is drawn on), "sidebar", "popup", "popupTitle",
+/// "popupText", "radio" (a check box that is one of several), "primary" (the main button of a page), "link", "brand" (the product's name), "title" (of a window without a frame),
 /// "subtitle", "heading", "caption", "figure", "display".
 [[nodiscard]] QString styleSheetFor(const ThemeColors& colors);
 

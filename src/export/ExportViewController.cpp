@@ -5,7 +5,9 @@
 #include <utility>
 
 #include "analysis/MeasuredProject.h"
+#include "controls/AccessibleWidgets.h"
 #include "controls/BackgroundStyle.h"
+#include "controls/LabelSides.h"
 #include "export/Export.h"
 #include "export/ExportHost.h"
 #include "export/ReportChart.h"
@@ -37,7 +39,9 @@ std::unique_ptr<ExportViewController> ExportViewController::create(ExportHost& h
 ExportViewController::ExportViewController(ExportHost& host, Services services)
     : host_(host), services_(std::move(services)), ui_(std::make_unique<Ui::ExportViewController>()) {
   ui_->setupUi(this);
+  keepLabelsWhereReadingBegins(this);
   checkboxes_ = {ui_->checkbox1, ui_->checkbox2, ui_->checkbox3, ui_->checkbox4, ui_->checkbox5};
+  setUpCaptions();
   for (const QCheckBox* button : {ui_->btnTypePDF, ui_->btnTypeCSV}) {
     connect(button, &QCheckBox::clicked, this, [this, button] { tapExportType(button); });
   }
@@ -45,6 +49,21 @@ ExportViewController::ExportViewController(ExportHost& host, Services services)
 }
 
 ExportViewController::~ExportViewController() = default;
+
+void ExportViewController::setUpCaptions() {
+  ui_->lblCheckbox1Types->setButton(ui_->checkbox1);
+  ui_->lblCheckbox2Types->setButton(ui_->checkbox2);
+  ui_->lblCheckbox3Types->setButton(ui_->checkbox3);
+  ui_->lblCheckbox4Types->setButton(ui_->checkbox4);
+  ui_->lblCheckbox5Types->setButton(ui_->checkbox5);
+  ui_->lblTypePDF->setButton(ui_->btnTypePDF);
+  ui_->lblTypeCSV->setButton(ui_->btnTypeCSV);
+  for (QWidget* const group : {static_cast<QWidget*>(this), static_cast<QWidget*>(ui_->viewKinds),
+                               static_cast<QWidget*>(ui_->viewForm)})
+    setAccessibleKind(group, AccessibleKind::group);
+  for (QCheckBox* const form : {ui_->btnTypePDF, ui_->btnTypeCSV})
+    setAccessibleKind(form, AccessibleKind::choice);
+}
 
 void ExportViewController::initViewCustom() {
   ui_->btnTypePDF->setChecked(true);

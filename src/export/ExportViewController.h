@@ -67,6 +67,7 @@ class ExportViewController final : public QWidget {
  private:
   ExportViewController(ExportHost& host, Services services);
 
+  void setUpCaptions();
   void save(const std::optional<std::string>& chosenPath, bool pdf);
   void showTypes();
   [[nodiscard]] FileGroups groups() const;

@@ -67,6 +67,8 @@ class PDFExporter {
   [[nodiscard]] std::int32_t currentPageNo() const { return currentPageNo_; }
   /// Points used of the current page, from its top.
   [[nodiscard]] std::int32_t contentSize() const { return contentSize_; }
+  /// What every page is begun with; without a media box until a report was drawn.
+  [[nodiscard]] const PdfPageProperties& pageDictionary() const { return pageDictionary_; }
   /// Why the last report could not be written, in the system's words; nothing when it was.
   [[nodiscard]] const std::optional<std::string>& error() const { return error_; }
 
@@ -111,6 +113,7 @@ class PDFExporter {
   std::int32_t currentPageNo_ = 0;
   std::int32_t contentSize_ = 0;
   std::unique_ptr<PdfContext> pdfContext_;
+  PdfPageProperties pageDictionary_;
   std::optional<std::string> error_;
 };
 

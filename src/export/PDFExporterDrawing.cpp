@@ -55,8 +55,13 @@ constexpr int kPieCanvasWidth = 800;
 }  // namespace
 
 std::optional<std::string> PDFExporter::drawnDocument() {
-  const PdfInformation information{"Statistics Report", "Quillmeter", "Quillmeter", "Statistics Report"};
-  pdfContext_ = std::make_unique<PdfContext>(kPageWidth, kPageHeight, information);
+  pdfContext_ = std::make_unique<PdfContext>(PdfInformation{.title = "Statistics Report",
+                                                            .creator = "Quillmeter",
+                                                            .author = "Quillmeter",
+                                                            .subject = "Statistics Report",
+                                                            .language = "en",
+                                                            .created = source_.time});
+  pageDictionary_.mediaBox = {0, 0, kPageWidth, kPageHeight};
   performDraw();
   auto document = pdfContext_->document();
   pdfContext_.reset();
@@ -64,7 +69,7 @@ std::optional<std::string> PDFExporter::drawnDocument() {
 }
 
 void PDFExporter::performDraw() {
-  pdfContext_->beginPage();
+  pdfContext_->beginPage(pageDictionary_);
   contentSize_ += kTopMargin;
   drawTitleHeader();
   contentSize_ += kTitleToChart;
@@ -77,7 +82,7 @@ void PDFExporter::performDraw() {
     if (newPage) {
       contentSize_ = kContinuationTop;
       endPageWithFooter();
-      pdfContext_->beginPage();
+      pdfContext_->beginPage(pageDictionary_);
     }
     const std::string extension = file->getFileExtension().value_or("");
     const auto group = getArrayRangeBasedOnExtension(previous);

@@ -1,6 +1,7 @@
 #include "export/PdfContext.h"
 
 #include <hpdf.h>
+#include <hpdf_doc.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -23,6 +24,32 @@ HPDF_REAL real(double value) {
   return static_cast<HPDF_REAL>(value);
 }
 
+HPDF_Date pdfDate(std::chrono::system_clock::time_point time) {
+  const auto day = std::chrono::floor<std::chrono::days>(time);
+  const std::chrono::year_month_day date{day};
+  const std::chrono::hh_mm_ss clock{std::chrono::floor<std::chrono::seconds>(time - day)};
+  HPDF_Date result{};
+  result.year = static_cast<int>(date.year());
+  result.month = static_cast<int>(static_cast<unsigned>(date.month()));
+  result.day = static_cast<int>(static_cast<unsigned>(date.day()));
+  result.hour = static_cast<int>(clock.hours().count());
+  result.minutes = static_cast<int>(clock.minutes().count());
+  result.seconds = static_cast<int>(clock.seconds().count());
+  result.ind = 'Z';
+  return result;
+}
+
+/// The library has no calls of its own for these two entries of the catalog, which came with version 1.4 of
+/// the format.
+void describeForReaders(HPDF_Doc document, const std::string& language) {
+  document->pdf_version = std::max(document->pdf_version, HPDF_VER_14);
+  HPDF_Dict const preferences = HPDF_Dict_New(document->mmgr);
+  if (preferences == nullptr) return;
+  HPDF_Dict_AddBoolean(preferences, "DisplayDocTitle", HPDF_TRUE);
+  HPDF_Dict_Add(document->catalog, "ViewerPreferences", preferences);
+  HPDF_Dict_Add(document->catalog, "Lang", HPDF_String_New(document->mmgr, language.c_str(), nullptr));
+}
+
 struct DocumentDeleter {
   void operator()(HPDF_Doc document) const { HPDF_Free(document); }
 };
@@ -33,20 +60,16 @@ struct PdfContext::Implementation {
   // Without an error callback the library only remembers the first error.
   std::unique_ptr<std::remove_pointer_t<HPDF_Doc>, DocumentDeleter> document{HPDF_New(nullptr, nullptr)};
   HPDF_Page page = nullptr;
-  HPDF_REAL pageWidth;
-  HPDF_REAL pageHeight;
   std::map<std::string, FontMetrics> metrics;
   std::map<double, HPDF_ExtGState> strokeAlphas;
-
-  Implementation(double width, double height) : pageWidth(real(width)), pageHeight(real(height)) {}
 
   [[nodiscard]] HPDF_Doc doc() const { return document.get(); }
   void setStrokeAlpha(double alpha);
   [[nodiscard]] HPDF_Image image(const ReportPicture& picture) const;
 };
 
-PdfContext::PdfContext(double width, double height, const PdfInformation& information)
-    : implementation_(std::make_unique<Implementation>(width, height)) {
+PdfContext::PdfContext(const PdfInformation& information)
+    : implementation_(std::make_unique<Implementation>()) {
   HPDF_Doc const document = implementation_->doc();
   if (document == nullptr) return;
   HPDF_SetCompressionMode(document, HPDF_COMP_ALL);
@@ -55,15 +78,18 @@ PdfContext::PdfContext(double width, double height, const PdfInformation& inform
   HPDF_SetInfoAttr(document, HPDF_INFO_CREATOR, information.creator.c_str());
   HPDF_SetInfoAttr(document, HPDF_INFO_AUTHOR, information.author.c_str());
   HPDF_SetInfoAttr(document, HPDF_INFO_SUBJECT, information.subject.c_str());
+  HPDF_SetInfoDateAttr(document, HPDF_INFO_CREATION_DATE, pdfDate(information.created));
+  describeForReaders(document, information.language);
 }
 
 PdfContext::~PdfContext() = default;
 
-void PdfContext::beginPage() {
+void PdfContext::beginPage(const PdfPageProperties& properties) {
   implementation_->page = HPDF_AddPage(implementation_->doc());
   if (implementation_->page == nullptr) return;
-  HPDF_Page_SetWidth(implementation_->page, implementation_->pageWidth);
-  HPDF_Page_SetHeight(implementation_->page, implementation_->pageHeight);
+  const PdfRect& box = properties.mediaBox;
+  HPDF_Page_SetWidth(implementation_->page, real(box.width));
+  HPDF_Page_SetHeight(implementation_->page, real(box.height));
 }
 
 void PdfContext::endPage() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -30,11 +31,19 @@ struct PdfColor {
   double alpha = 1.0;
 };
 
+/// What a document says of itself. Viewers are asked to show its title in place of the file's name.
 struct PdfInformation {
   std::string title;
   std::string creator;
   std::string author;
   std::string subject;
+  std::string language;  ///< of its texts, as in "en"; assistive technology reads them aloud in it
+  std::chrono::system_clock::time_point created{};
+};
+
+/// What a page is begun with.
+struct PdfPageProperties {
+  PdfRect mediaBox;  ///< the whole sheet, which begins at the origin
 };
 
 /// A PDF document while it is drawn: the pages, and what can be drawn on the current one. Points with the
@@ -44,13 +53,13 @@ struct PdfInformation {
 /// every later call fail, and `document` tells; so no operation needs a check of its own.
 class PdfContext {
  public:
-  /// A document without pages, each of which will be `width` × `height`.
-  PdfContext(double width, double height, const PdfInformation& information);
+  /// A document without pages.
+  explicit PdfContext(const PdfInformation& information);
   ~PdfContext();
   PdfContext(const PdfContext&) = delete;
   PdfContext& operator=(const PdfContext&) = delete;
 
-  void beginPage();
+  void beginPage(const PdfPageProperties& properties);
   /// Ends the page; drawing does nothing until the next one begins.
   void endPage();
 

@@ -34,8 +34,11 @@ QSize FigureLabel::minimumSizeHint() const {
 void FigureLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setFont(fittingFont());
-  style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()) | Qt::TextSingleLine,
-                        palette(), isEnabled(), text(), foregroundRole());
+  // A number stands before its unit in every direction of reading.
+  painter.setLayoutDirection(Qt::LeftToRight);
+  const auto aligned = QStyle::visualAlignment(layoutDirection(), alignment());
+  style()->drawItemText(&painter, contentsRect(), static_cast<int>(aligned) | Qt::TextSingleLine, palette(),
+                        isEnabled(), text(), foregroundRole());
 }
 
 }  // namespace quillmeter

@@ -4,8 +4,12 @@
 
 #include "analysis/MeasuredProject.h"
 #include "analysis/ProjectHost.h"
+#include "controls/AccessibleWidgets.h"
 #include "controls/BackgroundStyle.h"
+#include "controls/LabelSides.h"
 #include "overview/FigureLabel.h"
+#include "overview/LineShares.h"
+#include "overview/ShareBar.h"
 #include "support/NumberFormat.h"
 #include "ui_OverviewViewController.h"
 
@@ -42,14 +46,44 @@ OverviewViewController::OverviewViewController(ProjectHost& host)
       totalCaption_(totalLinesCaption(host.parserProject()->kinds())),
       captions_(overviewCaptions(host.parserProject()->kinds())) {
   ui_->setupUi(this);
+  keepLabelsWhereReadingBegins(this);
+  describeGroups();
   ui_->lblCaptionTotal->setToolTip(toolTipFor(totalCaption_));
   for (std::size_t index = 0; index < kOverviewMetrics; ++index) {
     const auto name = QStringLiteral("lblCaption%1").arg(index + 1);
-    findChild<QLabel*>(name)->setToolTip(toolTipFor(captions_.at(index)));
+    auto* const caption = findChild<QLabel*>(name);
+    caption->setToolTip(toolTipFor(captions_.at(index)));
+    setAccessibleKind(caption, AccessibleKind::silent);
   }
+  setAccessibleKind(ui_->lblCaptionTotal, AccessibleKind::silent);
 }
 
 OverviewViewController::~OverviewViewController() = default;
+
+void OverviewViewController::describeGroups() {
+  for (QWidget* const group : {static_cast<QWidget*>(this), static_cast<QWidget*>(ui_->cardTotal),
+                               static_cast<QWidget*>(ui_->cardLines), static_cast<QWidget*>(ui_->cardFiles),
+                               static_cast<QWidget*>(ui_->cardAverages)}) {
+    setAccessibleKind(group, AccessibleKind::group);
+  }
+  setAccessibleKind(ui_->barShares, AccessibleKind::silent);  // the legend has the numbers
+  for (QWidget* const swatch : {ui_->swatch1, ui_->swatch2, ui_->swatch3})
+    setAccessibleKind(swatch, AccessibleKind::silent);
+}
+
+/// The bar and its legend.
+void OverviewViewController::showShares() {
+  const auto lines = linesByKind(figures_);
+  ui_->barShares->setShares(lineShares(figures_));
+  const std::array<QLabel*, kLineKinds> labels{ui_->lblShare1, ui_->lblShare2, ui_->lblShare3};
+  const std::array<ShareSwatch*, kLineKinds> swatches{ui_->swatch1, ui_->swatch2, ui_->swatch3};
+  const std::array<QString, kLineKinds> names{tr("Code"), tr("Comments"), tr("Empty")};
+  for (std::size_t kind = 0; kind < kLineKinds; ++kind) {
+    labels.at(kind)->setText(names.at(kind) + QLatin1Char(' ') +
+                             fromUtf8(overviewFormatter().format(lines.at(kind))));
+    swatches.at(kind)->setColor(ShareBar::colorOf(kind));
+  }
+}
 
 void OverviewViewController::initViewCustom() {
   figures_ = overviewFigures(*host_.parserProject());
@@ -59,6 +93,7 @@ void OverviewViewController::initViewCustom() {
   for (std::size_t index = 0; index < kOverviewMetrics; ++index) {
     showFigure(index + 1, texts.lblSizeMetrics.at(index));
   }
+  showShares();
   for (QLabel* const heading : {ui_->lblTextTitle1, ui_->lblTextTitle2, ui_->lblTextTitle3}) {
     setRaisedBackgroundStyle(heading);
   }

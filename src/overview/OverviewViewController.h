@@ -19,7 +19,8 @@ namespace Ui {
 class OverviewViewController;
 }
 
-/// The Overview tab: the number of lines in large type and ten figures in three groups. The figures are taken
+/// The Overview tab: the number of lines in large type with what they are, and ten figures in three
+/// groups. The figures are taken
 /// from the host's project once, when the tab is made, and never change. Main thread only; its maker owns it.
 class OverviewViewController final : public QWidget {
   Q_OBJECT
@@ -58,6 +59,8 @@ class OverviewViewController final : public QWidget {
  private:
   explicit OverviewViewController(ProjectHost& host);
 
+  void describeGroups();
+  void showShares();
   void showFigure(std::size_t number, const std::string& text);
 
   ProjectHost& host_;

@@ -17,7 +17,9 @@ std::shared_ptr<FMethodStats> ObjectiveCParser::execute(const std::string& path)
     readFile(path);
     if (eof()) out(">--End ObjectiveCParser");
   } else {
-    handleLine(trimLeadingEndWhiteCharacters(*currentLine()));
+    const std::string_view line = trimLeadingEndWhiteCharacters(*currentLine());
+    if (line.empty()) return nullptr;
+    handleLine(line);
   }
   return eof() ? methodStats() : nullptr;
 }
@@ -30,7 +32,6 @@ void ObjectiveCParser::readFile(const std::string& path) {
 }
 
 void ObjectiveCParser::handleLine(std::string_view line) {
-  if (line.empty()) return;
   if (line.front() == '-' || line.front() == '+') methodBeginTag_ = line.front();
   if (methodBeginTag_.empty()) return;
   methodCandidate_.append(" ").append(line);

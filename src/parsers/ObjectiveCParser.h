@@ -10,7 +10,8 @@ namespace quillmeter {
 /// Counts the methods that an Objective-C file defines. It collects text from each line that begins with "-"
 /// or "+" up to a line that ends with "{", and then asks whether that is the head of a method. A declaration,
 /// which ends with ";", does not end the text, so it spoils the definition that follows it. A parser reads
-/// one file; used again, it gives the result of that file.
+/// one file; used again, it handles that file's last line once more and gives its result, or nothing when
+/// that line is blank.
 class ObjectiveCParser final : public BaseParser {
  public:
   using BaseParser::BaseParser;
@@ -19,7 +20,8 @@ class ObjectiveCParser final : public BaseParser {
       const FileSystem& fileSystem = FileSystem::real());
 
   /// Before any line was read: counts the file at `path`, and gives null when it cannot be opened. After that
-  /// it handles `currentLine`, and gives the result as soon as a whole file has been read, null until then.
+  /// it handles `currentLine`, and gives the result when a whole file has been read and that line is not
+  /// blank; null otherwise.
   std::shared_ptr<FMethodStats> execute(const std::string& path) override;
 
   /// "-" or "+" while the head of a method is being collected, else empty.

@@ -9,6 +9,8 @@ class StatsHost : public ProjectHost {
  public:
   /// Brings the main screen to the front.
   virtual void showBackMainWindow() = 0;
+  /// Ends the application.
+  virtual void quitApplication() = 0;
 };
 
 }  // namespace quillmeter

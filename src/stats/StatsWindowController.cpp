@@ -8,20 +8,25 @@
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
 #include <chrono>
 
 #include "analysis/MeasuredProject.h"
 #include "charts/ChartsViewController.h"
+#include "controls/AccessibleWidgets.h"
 #include "controls/BackgroundStyle.h"
+#include "controls/LabelSides.h"
 #include "controls/NamedImage.h"
+#include "controls/ReturnPresses.h"
 #include "controls/Theme.h"
 #include "export/ExportViewController.h"
 #include "overview/OverviewViewController.h"
 #include "reminder/DesktopReminder.h"
 #include "stats/CanvasReportChart.h"
 #include "stats/StatsHost.h"
+#include "stats/WindowPlacement.h"
 #include "tables/CleanUpToolViewController.h"
 #include "tables/DetailsViewController.h"
 #include "ui_StatsWindowController.h"
@@ -31,6 +36,9 @@ namespace {
 
 constexpr std::chrono::milliseconds kReminderDelay{4000};
 constexpr int kYes = 0;
+
+/// The pages scroll what does not fit into it.
+constexpr QSize kSmallest(800, 560);
 
 /// Room between a button's picture and its title, which the toolkit has no measure for.
 constexpr int kPictureGap = 8;
@@ -67,9 +75,12 @@ StatsWindowController::StatsWindowController(StatsHost& host, const Services& se
       project_(host.parserProject()),
       ui_(std::make_unique<Ui::StatsWindowController>()) {
   ui_->setupUi(this);
+  keepLabelsWhereReadingBegins(this);
   setWindowTitle(windowTitleFor(QStringLiteral("Quillmeter"), *project_));
+  describeControls();
   connectControls();
   applyTheme();
+  openInsideScreen();
 }
 
 StatsWindowController::~StatsWindowController() {
@@ -86,6 +97,9 @@ void StatsWindowController::windowDidLoad() {
   detailsViewController_ = DetailsViewController::create(*this, services_);
   chartsViewController_ = ChartsViewController::create(*this, services_);
   exportViewController_ = ExportViewController::create(*this, services_);
+  for (const QWidget* const part : std::initializer_list<const QWidget*>{
+           this, detailsViewController_.get(), chartsViewController_.get(), exportViewController_.get()})
+    letReturnPressButtons(*part);
 
   ui_->btnLeft1->setChecked(true);
   for (QPushButton* const button : {ui_->btnLeft2, ui_->btnLeft3, ui_->btnLeft4})
@@ -109,6 +123,23 @@ void StatsWindowController::setPictures() {
   set(ui_->btnLeft4, QStringLiteral("tab_export"));
   set(ui_->btnLeft5, QStringLiteral("tab_close"));
   set(ui_->btnTools, QStringLiteral("tab_tools"));
+}
+
+void StatsWindowController::openInsideScreen() {
+  const QScreen* const pointers = QGuiApplication::screenAt(QCursor::pos());
+  const QRect opened =
+      openingGeometry(size(), (pointers != nullptr ? pointers : screen())->availableGeometry());
+  setMinimumSize(kSmallest.boundedTo(opened.size()));
+  setGeometry(opened);
+}
+
+void StatsWindowController::describeControls() {
+  setAccessibleKind(this, AccessibleKind::window);
+  setAccessibleKind(ui_->viewTabs, AccessibleKind::tabList);
+  for (QPushButton* const tab : {ui_->btnLeft1, ui_->btnLeft2, ui_->btnLeft3, ui_->btnLeft4})
+    setAccessibleKind(tab, AccessibleKind::tab);
+  setAccessibleKind(ui_->btnTools, AccessibleKind::popupButton);
+  setAccessibleKind(ui_->lblProjectTitle, AccessibleKind::label);
 }
 
 void StatsWindowController::connectControls() {
@@ -135,6 +166,7 @@ void StatsWindowController::connectControls() {
   shortcut("Ctrl+3", &StatsWindowController::tapChartsTab);
   shortcut("Ctrl+4", &StatsWindowController::tapExportTab);
   shortcut("Ctrl+W", &StatsWindowController::tapCloseTab);
+  shortcut("Ctrl+Q", &StatsWindowController::quit);
 }
 
 /// Sent to the application: a showing counts also when its window is closed before the message comes. The
@@ -208,6 +240,12 @@ void StatsWindowController::tapCloseTab() {
   if (self != nullptr) closeWithoutAsking();
 }
 
+void StatsWindowController::quit() {
+  if (!userConfirmsClosing()) return;
+  closeWithoutAsking();
+  host_.quitApplication();
+}
+
 void StatsWindowController::closeWithoutAsking() {
   closesWithoutAsking_ = true;
   close();
@@ -259,6 +297,8 @@ void StatsWindowController::tapCleanUpTool() {
   if (cleanUpTool_ == nullptr) {
     cleanUpTool_ = CleanUpToolViewController::create(host_, services_);
     cleanUpTool_->setParent(this, Qt::Dialog);
+    setAccessibleKind(cleanUpTool_.get(), AccessibleKind::dialog);
+    letReturnPressButtons(*cleanUpTool_);
     cleanUpTool_->setWindowTitle(windowTitleFor(QStringLiteral("Clean-up"), *project_));
     for (const char* const keys : {"Esc", "Ctrl+W"}) {
       auto* const key = new QShortcut(QKeySequence(QLatin1String(keys)), cleanUpTool_.get());

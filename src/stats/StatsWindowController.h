@@ -57,6 +57,8 @@ class StatsWindowController final : public QWidget, public ChartsHost, public Ex
   void tapExportTab() override;
   /// Returns to the main screen when the user confirms it; any other answer leaves everything as it was.
   void tapCloseTab();
+  /// Ends the application when the user confirms that this window closes.
+  void quit();
   /// Opens the clean-up tool in a window of its own, or brings it to the front.
   void tapCleanUpTool();
 
@@ -88,6 +90,8 @@ class StatsWindowController final : public QWidget, public ChartsHost, public Ex
   StatsWindowController(StatsHost& host, const Services& services);
 
   void setPictures();
+  void openInsideScreen();
+  void describeControls();
   void connectControls();
   void applyTheme();
   void showTab(QPushButton* button, std::initializer_list<QWidget*> others, QWidget* view);

@@ -68,6 +68,18 @@ std::string DecimalFormatter::format(double value) const {
   return result;
 }
 
+std::string DecimalFormatter::inLocalDigits(std::string_view plain) const {
+  UErrorCode status = U_ZERO_ERROR;
+  const UChar32 zero = implementation_->formatter.formatInt(0, status).toString(status).char32At(0);
+  icu::UnicodeString text;
+  for (const char character : plain) {
+    const bool isDigit = character >= '0' && character <= '9';
+    text.append(isDigit ? zero + (character - '0') : UChar32{character});
+  }
+  std::string result;
+  return text.toUTF8String(result);
+}
+
 std::string fixed(double value, int decimals) {
   if (std::isnan(value)) return "nan";
   // The longest double has 309 digits before the point.

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace quillmeter {
 
@@ -19,6 +20,9 @@ class DecimalFormatter {
   [[nodiscard]] std::string format(std::int64_t value) const;
   [[nodiscard]] std::string format(std::uint64_t value) const;
   [[nodiscard]] std::string format(double value) const;
+  /// A number that is written without grouping in ASCII, in the digits that the locale uses: beside formatted numbers
+  /// no reader should meet two kinds of digits.
+  [[nodiscard]] std::string inLocalDigits(std::string_view plain) const;
 
  private:
   struct Implementation;

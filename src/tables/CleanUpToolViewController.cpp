@@ -6,6 +6,7 @@
 
 #include "analysis/MeasuredProject.h"
 #include "analysis/ProjectHost.h"
+#include "controls/LabelSides.h"
 #include "tables/CleanUpTable.h"
 #include "tables/DetailsTable.h"
 #include "ui_CleanUpToolViewController.h"
@@ -27,6 +28,7 @@ std::unique_ptr<CleanUpToolViewController> CleanUpToolViewController::create(Pro
 CleanUpToolViewController::CleanUpToolViewController(ProjectHost& host, const Services& services)
     : host_(host), services_(services), ui_(std::make_unique<Ui::CleanUpToolViewController>()) {
   ui_->setupUi(this);
+  keepLabelsWhereReadingBegins(this);
   setAttribute(Qt::WA_StyledBackground);
   ui_->tblFiles->setRevealButtonLook(RevealButtonLook::bullet);
   ui_->tblFiles->setEmptyText(

@@ -1,17 +1,17 @@
 #include "tables/DetailsViewController.h"
 
-#include <QApplication>
-#include <QGraphicsOpacityEffect>
-#include <QPropertyAnimation>
-#include <QShortcut>
+#include <QPushButton>
 #include <algorithm>
 #include <chrono>
 #include <string>
 
 #include "analysis/MeasuredProject.h"
+#include "controls/AccessibleWidgets.h"
 #include "controls/BackgroundStyle.h"
 #include "controls/ButtonTextColor.h"
-#include "controls/Theme.h"
+#include "controls/ChoicePopup.h"
+#include "controls/FadingPanel.h"
+#include "controls/LabelSides.h"
 #include "tables/DetailsHost.h"
 #include "tables/DetailsTable.h"
 #include "ui_DetailsViewController.h"
@@ -19,7 +19,6 @@
 namespace quillmeter {
 namespace {
 
-constexpr std::chrono::milliseconds kFade(300);
 constexpr std::chrono::milliseconds kBeforeExportTab(100);
 
 /// The key says "minimal", yet true means the long set of columns. It stays, as users have it stored.
@@ -40,16 +39,25 @@ std::unique_ptr<DetailsViewController> DetailsViewController::create(DetailsHost
 DetailsViewController::DetailsViewController(DetailsHost& host, const Services& services)
     : host_(host), services_(services), ui_(std::make_unique<Ui::DetailsViewController>()) {
   ui_->setupUi(this);
+  keepLabelsWhereReadingBegins(this);
   setAttribute(Qt::WA_StyledBackground);
   ui_->tableDetails->setRevealButtonLook(RevealButtonLook::magnifier);
-  filtersOpacity_ = new QGraphicsOpacityEffect(ui_->viewFilters);
-  ui_->viewFilters->setGraphicsEffect(filtersOpacity_);
-  fade_ = new QPropertyAnimation(filtersOpacity_, "opacity", this);
-  fade_->setDuration(static_cast<int>(kFade.count()));
+  const auto buttons = filterButtons();
+  popup_ = new ChoicePopup(*ui_->btnFilters, *ui_->viewFilters, {buttons.begin(), buttons.end()},
+                           services_.delayedCalls, this);
+  describeControls();
   connectActions();
 }
 
 DetailsViewController::~DetailsViewController() = default;
+
+void DetailsViewController::describeControls() {
+  setAccessibleKind(this, AccessibleKind::group);
+  setAccessibleKind(ui_->btnFilters, AccessibleKind::popupButton);
+  setAccessibleKind(ui_->viewFilters, AccessibleKind::group);
+  for (QPushButton* const button : filterButtons())
+    setAccessibleKind(button, AccessibleKind::choice);
+}
 
 void DetailsViewController::connectActions() {
   connect(ui_->btnFilters, &QPushButton::clicked, this, &DetailsViewController::tapFilters);
@@ -59,13 +67,12 @@ void DetailsViewController::connectActions() {
           &DetailsViewController::tapCheckMinimalVersion);
   connect(ui_->btnSave, &QPushButton::clicked, this, &DetailsViewController::tapSave);
   connect(ui_->tableDetails, &FileTableView::revealRequested, this, &DetailsViewController::tapViewInFinder);
-  auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), ui_->viewFilters);
-  escape->setContext(Qt::WidgetWithChildrenShortcut);
-  connect(escape, &QShortcut::activated, ui_->btnFilters, &QPushButton::click);
+  connect(popup_, &ChoicePopup::dismissed, this, &DetailsViewController::tapFilters);
 }
 
 void DetailsViewController::initViewCustom() {
   currentTableFilter_ = 0;
+  ui_->tableDetails->setSelectionHighlightStyle(SelectionHighlightStyle::sourceList);
   const bool showsExtraColumns = services_.userDefaults->boolForKey(showsExtraColumnsKey()).value_or(false);
   ui_->checkMinimalVersion->setChecked(showsExtraColumns);
   setNumberOfColumnsForTableByFilter();
@@ -73,7 +80,7 @@ void DetailsViewController::initViewCustom() {
   for (QPushButton* button : filterButtons())
     setTextColorAndAlternateColor(button, QColor(Qt::white), darkGray);
   ui_->viewFilters->hide();
-  filtersOpacity_->setOpacity(0.0);
+  ui_->viewFilters->setAlphaValue(0.0);
   setRaisedBackgroundStyle(ui_->lblTextTitle1);
 }
 
@@ -98,91 +105,36 @@ std::array<QPushButton*, 6> DetailsViewController::filterButtons() const {
 }
 
 void DetailsViewController::tapFilters() {
-  const bool opens = targetOpacity_ < 1.0;
-  const QWidget* focused = QApplication::focusWidget();
-  // The button and the pop-up lose the focus, the one when it is disabled and the other when it is hidden.
-  const bool returnsFocus =
-      !opens && focused != nullptr && (focused == ui_->btnFilters || ui_->viewFilters->isAncestorOf(focused));
-  ui_->btnFilters->setEnabled(false);
-  if (opens) {
-    placeFilters();
-    ui_->viewFilters->show();
-    ui_->viewFilters->raise();
-    fadeFilters(1.0);
-    highlightCurrentFilter();
-    filterButtons()[currentTableFilter_]->setFocus();
-  } else {
-    fadeFilters(0.0);
-    hideFiltersAfterFade();
-  }
-  services_.delayedCalls->performAfterDelay(this, kFade, [this, returnsFocus] {
-    enableBackFilter();
-    if (returnsFocus && isVisible()) ui_->btnFilters->setFocus();
-  });
+  popup_->tap(currentTableFilter_);
 }
 
 void DetailsViewController::tapSelectedFilter(const QObject* sender) {
   const auto buttons = filterButtons();
   const auto tapped = std::find(buttons.begin(), buttons.end(), sender);
   if (tapped != buttons.end()) currentTableFilter_ = static_cast<std::uint32_t>(tapped - buttons.begin());
-  highlightCurrentFilter();
+  popup_->mark(currentTableFilter_);
   setNumberOfColumnsForTableByFilter();
-  fadeFilters(0.0);
-  hideFiltersAfterFade();
-  ui_->btnFilters->setChecked(false);
-  ui_->tableDetails->setFocus(Qt::TabFocusReason);
+  popup_->closeAfterChoice();
+  // The keyboard goes on with the rows; who points at things has no use for a selected one.
+  ui_->tableDetails->setFocus(popup_->wasChosenByMouse() ? Qt::MouseFocusReason : Qt::TabFocusReason);
 }
 
 void DetailsViewController::forcePopupClose() {
-  fade_->stop();
-  filtersOpacity_->setOpacity(0.0);
-  targetOpacity_ = 0.0;
-  ++fades_;
-  hideFiltersAfterFade();
-  ui_->btnFilters->setChecked(false);
-}
-
-void DetailsViewController::fadeFilters(double opacity) {
-  targetOpacity_ = opacity;
-  ++fades_;
-  fade_->stop();
-  fade_->setStartValue(filtersOpacity_->opacity());
-  fade_->setEndValue(opacity);
-  fade_->start();
-}
-
-/// The pop-up stays when it was opened again meanwhile.
-void DetailsViewController::hideFiltersAfterFade() {
-  services_.delayedCalls->performAfterDelay(this, kFade, [this, fade = fades_] {
-    if (fade == fades_) makeFiltersHiddenAfterAnimation();
-  });
-}
-
-void DetailsViewController::highlightCurrentFilter() {
-  const auto buttons = filterButtons();
-  for (std::size_t i = 0; i < buttons.size(); ++i)
-    buttons[i]->setChecked(i == currentTableFilter_);
+  popup_->closeAtOnce();
 }
 
 void DetailsViewController::makeFiltersHiddenAfterAnimation() {
-  ui_->viewFilters->hide();
+  popup_->makeHidden();
 }
 
 void DetailsViewController::enableBackFilter() {
-  ui_->btnFilters->setEnabled(true);
-}
-
-/// Below the filter button, ending where it ends.
-void DetailsViewController::placeFilters() {
-  layout()->activate();
-  ui_->viewFilters->adjustSize();
-  const QRect button = ui_->btnFilters->geometry();
-  ui_->viewFilters->move(button.right() + 1 - ui_->viewFilters->width(), button.bottom() + kSpace);
+  popup_->enableButton();
 }
 
 void DetailsViewController::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  placeFilters();
+  layout()->activate();
+  popup_->place();
 }
 
 void DetailsViewController::tapCheckMinimalVersion() {

@@ -8,12 +8,11 @@
 #include "controls/Services.h"
 #include "measuring/FileObject.h"
 
-class QGraphicsOpacityEffect;
-class QPropertyAnimation;
 class QPushButton;
 
 namespace quillmeter {
 
+class ChoicePopup;
 class DetailsHost;
 namespace Ui {
 class DetailsViewController;
@@ -61,18 +60,12 @@ class DetailsViewController final : public QWidget {
   DetailsViewController(DetailsHost& host, const Services& services);
   [[nodiscard]] std::array<QPushButton*, 6> filterButtons() const;
   void connectActions();
-  void fadeFilters(double opacity);
-  void hideFiltersAfterFade();
-  void highlightCurrentFilter();
-  void placeFilters();
+  void describeControls();
 
   DetailsHost& host_;
   Services services_;
   std::unique_ptr<Ui::DetailsViewController> ui_;
-  QGraphicsOpacityEffect* filtersOpacity_;
-  QPropertyAnimation* fade_;
-  double targetOpacity_ = 0.0;  ///< the opacity of the pop-up, or the one it is fading to
-  unsigned fades_ = 0;          ///< how often the pop-up was opened or closed
+  ChoicePopup* popup_;
   std::uint32_t currentTableFilter_ = 0;
 };
 

@@ -103,7 +103,7 @@ std::string FileTable::cellText(std::size_t row, std::size_t column) const {
     case NumberCells::Format::size:
       return formatter_->format(number.doubleValue() / bytesInSizeUnit_);
   }
-  return number.stringValue();
+  return formatter_->inLocalDigits(number.stringValue());
 }
 
 std::string_view FileTable::iconName(std::size_t row) const {

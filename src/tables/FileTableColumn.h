@@ -47,6 +47,8 @@ inline constexpr int kMinimumColumnWidth = 44;
 struct FileTableColumn {
   std::string_view identifier;
   std::string_view header;
+  std::string_view explanation =
+      {};  ///< for those who hear the header: abbreviations spelt out, pictures named
   ColumnPlace place;
   ColumnCells cells;
   int width;

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QToolTip>
 #include <algorithm>
+#include <utility>
 
 #include "controls/NamedImage.h"
 #include "controls/Theme.h"
@@ -27,19 +28,41 @@ const FileTableColumn& columnOf(const QModelIndex& index) {
   return model->table().columns()[static_cast<std::size_t>(index.column())];
 }
 
+/// The pictures' colours are made for light and dark rows, not for the accent colour of a selected one.
+void paintPlate(QPainter* painter, const QRect& picture) {
+  constexpr double rim = 2;
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setPen(Qt::NoPen);
+  painter->setBrush(Qt::white);
+  painter->drawRoundedRect(QRectF(picture).adjusted(-rim, -rim, rim, rim), kSpace, kSpace);
+  painter->restore();
+}
+
 /// A picture in the middle of a cell, made smaller in proportion where it does not fit and never larger.
-void paintPicture(QPainter* painter, const QRect& cell, const QIcon& picture, QSize natural) {
+void paintPicture(QPainter* painter, const QStyleOptionViewItem& option, const QIcon& picture,
+                  QSize natural) {
+  const QRect& cell = option.rect;
+  const bool isSelected = option.state.testFlag(QStyle::State_Selected);
   const QSize room = cell.size() - QSize(kSpace, kSpace);
   if (natural.width() > room.width() || natural.height() > room.height()) {
     natural.scale(room, Qt::KeepAspectRatio);
   }
-  picture.paint(painter, QRect(cell.center() - QPoint(natural.width() / 2, natural.height() / 2), natural));
+  const QRect target(cell.center() - QPoint(natural.width() / 2, natural.height() / 2), natural);
+  if (isSelected) paintPlate(painter, target);
+  picture.paint(painter, target);
 }
 
 }  // namespace
 
 FileTableDelegate::FileTableDelegate(RevealButtonLook look, QObject* parent)
     : QStyledItemDelegate(parent), look_(look) {}
+
+/// A selected row is marked as a whole; the toolkit's frame around one of its cells says nothing more.
+void FileTableDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+  QStyledItemDelegate::initStyleOption(option, index);
+  option->state &= ~QStyle::State_HasFocus;
+}
 
 void FileTableDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const {
@@ -50,21 +73,22 @@ void FileTableDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
   }
   QStyleOptionViewItem cell = option;
   cell.index = index;
+  cell.state &= ~QStyle::State_HasFocus;
   option.widget->style()->drawControl(QStyle::CE_ItemViewItem, &cell, painter, option.widget);
   if (column.showsPicture()) {
     constexpr QSize natural(20, 20);
-    paintPicture(painter, option.rect, index.data(Qt::DecorationRole).value<QIcon>(), natural);
+    paintPicture(painter, option, index.data(Qt::DecorationRole).value<QIcon>(), natural);
   } else if (look_ == RevealButtonLook::magnifier) {
     paintMagnifier(painter, option);
   } else {
-    paintBullet(painter, option, pressed_ == index);
+    paintBullet(painter, option, pressed_ == index && pointerIsOnPressed_);
   }
 }
 
 void FileTableDelegate::paintMagnifier(QPainter* painter, const QStyleOptionViewItem& option) const {
   static const QIcon lense = namedIcon(QStringLiteral("lense"));
   static const QSize natural = namedImageSize(QStringLiteral("lense"));
-  paintPicture(painter, option.rect, lense, natural);
+  paintPicture(painter, option, lense, natural);
 }
 
 void FileTableDelegate::paintBullet(QPainter* painter, const QStyleOptionViewItem& option,
@@ -90,7 +114,8 @@ QString FileTableDelegate::displayText(const QVariant& value, const QLocale& /*l
 bool FileTableDelegate::editorEvent(QEvent* event, QAbstractItemModel* /*model*/,
                                     const QStyleOptionViewItem& /*option*/, const QModelIndex& index) {
   if (!columnOf(index).showsButton()) {
-    pressed_ = QModelIndex();
+    // A pointer that passes by with its button down may come back.
+    if (event->type() != QEvent::MouseMove) pressed_ = QModelIndex();
     return false;
   }
   const bool isLeft =
@@ -100,12 +125,18 @@ bool FileTableDelegate::editorEvent(QEvent* event, QAbstractItemModel* /*model*/
   if (!isLeft) return false;
   if (event->type() != QEvent::MouseButtonRelease) {
     pressed_ = index;
+    pointerIsOnPressed_ = true;
     return true;
   }
   const bool wasPressedHere = pressed_ == index;
   pressed_ = QModelIndex();
   if (wasPressedHere) Q_EMIT revealRequested(index.row());
   return wasPressedHere;
+}
+
+bool FileTableDelegate::pointAt(const QModelIndex& index) {
+  const bool isOnPressed = pressed_.isValid() && pressed_ == index;
+  return std::exchange(pointerIsOnPressed_, isOnPressed) != isOnPressed;
 }
 
 bool FileTableDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,

@@ -28,8 +28,15 @@ class FileTableDelegate final : public QStyledItemDelegate {
   bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                  const QModelIndex& index) override;
 
+  /// The pointer is on `index` now: a button that it has left looks let go until it comes back. Gives whether
+  /// any button looks different now.
+  bool pointAt(const QModelIndex& index);
+
   /// No button is pressed any more, wherever the mouse button was let go.
   void letGo() { pressed_ = QModelIndex(); }
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
  Q_SIGNALS:
   /// The button of a row was pressed and let go.
@@ -41,6 +48,7 @@ class FileTableDelegate final : public QStyledItemDelegate {
 
   RevealButtonLook look_;
   QPersistentModelIndex pressed_;
+  bool pointerIsOnPressed_ = false;
 };
 
 }  // namespace quillmeter

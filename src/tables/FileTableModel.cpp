@@ -58,6 +58,8 @@ QVariant FileTableModel::headerData(int section, Qt::Orientation orientation, in
   switch (role) {
     case Qt::DisplayRole:
       return tableText(column(section).header);
+    case Qt::AccessibleDescriptionRole:
+      return tableText(column(section).explanation);
     case Qt::ToolTipRole:
       return column(section).toolTip.empty() ? QVariant() : QVariant(tableText(column(section).toolTip));
     case Qt::TextAlignmentRole:

@@ -3,57 +3,71 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QFontMetrics>
 #include <QHeaderView>
+#include <QMenu>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "controls/Theme.h"
+#include "tables/AccessibleFileTable.h"
+#include "tables/FileTableHeader.h"
 
 namespace quillmeter {
 namespace {
 
-/// A header whose sort arrow stands above the text: narrow columns have no room beside it.
-class FileTableHeader final : public QHeaderView {
- public:
-  explicit FileTableHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
-    setSortIndicatorShown(false);
-  }
+/// Room beside the text of a cell or header.
+constexpr int kCellPadding = 2 * kGap;
+/// A name is worth at least this much of a table's width, and at most that much.
+constexpr int kShortName = 100;
+constexpr int kLongName = 360;
 
- protected:
-  void paintSection(QPainter* painter, const QRect& section, int number) const override {
-    // The toolkit leaves the painter with a clip that lets nothing through.
-    painter->save();
-    QHeaderView::paintSection(painter, section, number);
-    painter->restore();
-    if (number == sortIndicatorSection()) paintArrow(painter, section);
-  }
+/// The width of the widest word of a header, which is broken into lines at its blanks.
+int widestWord(const QString& header, const QFontMetrics& metrics) {
+  int widest = 0;
+  for (const QString& word : header.split(QLatin1Char(' ')))
+    widest = std::max(widest, metrics.horizontalAdvance(word));
+  return widest;
+}
 
- private:
-  /// Down for an ascending order, as the desktop's own lists have it.
-  void paintArrow(QPainter* painter, const QRect& section) const {
-    constexpr double halfWidth = 4.5;
-    constexpr double height = 5;
-    const bool isDown = sortIndicatorOrder() == Qt::AscendingOrder;
-    const QPointF tip(section.center().x() + 0.5, section.top() + 2 + (isDown ? height : 0));
-    const QPointF corner(halfWidth, isDown ? -height : height);
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(themeFor(palette()).text);
-    painter->drawPolygon(QPolygonF({tip, tip + corner, tip + QPointF(-corner.x(), corner.y())}));
-    painter->restore();
+/// The longest of a table's names by its bytes, which is the widest or nearly so.
+QString longestName(const FileList& files) {
+  std::string longest;
+  for (const auto& file : files) {
+    const auto name = file->fileName().value_or(std::string());
+    if (name.size() > longest.size()) longest = name;
   }
-};
+  return tableText(longest);
+}
+
+/// The longest text of a column of numbers; a table of many files is known well enough by its first ones.
+QString longestNumber(const FileTable& table, std::size_t column) {
+  constexpr std::size_t looked = 1000;
+  std::string longest;
+  for (std::size_t row = 0; row < std::min(table.rows().size(), looked); ++row) {
+    const std::string text = table.cellText(row, column);
+    if (text.size() > longest.size()) longest = text;
+  }
+  return tableText(longest);
+}
 
 }  // namespace
 
-FileTableView::FileTableView(QWidget* parent) : QTableView(parent), model_(new FileTableModel(this)) {
-  setHorizontalHeader(new FileTableHeader(this));
+FileTableView::FileTableView(QWidget* parent)
+    : QTableView(parent), model_(new FileTableModel(this)), header_(new FileTableHeader(this)) {
+  AccessibleFileTable::install();
+  setHorizontalHeader(header_);
+  setTabOrder(header_, this);
+  connect(header_, &FileTableHeader::currentSectionChanged, this, [this](int section) {
+    if (section < model_->columnCount()) horizontalScrollBar()->setValue(scrollValueShowing(section));
+  });
   setModel(model_);
   setSelectionBehavior(SelectRows);
   setSelectionMode(ExtendedSelection);
@@ -89,7 +103,6 @@ void FileTableView::setRevealButtonLook(RevealButtonLook look) {
 }
 
 void FileTableView::addActions() {
-  setContextMenuPolicy(Qt::ActionsContextMenu);
   auto* reveal = new QAction(tr("Show in file browser"), this);
   reveal->setShortcuts({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
   connect(reveal, &QAction::triggered, this, [this] {
@@ -120,6 +133,12 @@ void FileTableView::setTable(FileTable table) {
   widths_.clear();
   for (const FileTableColumn& column : table.columns())
     widths_.push_back(column.width);
+  longestName_ = longestName(table.rows());
+  longestNumbers_.clear();
+  for (std::size_t i = 0; i < table.columns().size(); ++i) {
+    const bool isNumber = table.columns()[i].showsText() && !table.columns()[i].isLeftAligned();
+    longestNumbers_ << (isNumber ? longestNumber(table, i) : QString());
+  }
   {
     const QScopedValueRollback fitting(isFitting_, true);
     model_->setTable(std::move(table));
@@ -137,6 +156,10 @@ void FileTableView::setTable(FileTable table) {
 void FileTableView::setEmptyText(const QString& text) {
   emptyText_ = text;
   viewport()->update();
+}
+
+void FileTableView::sortByColumnHeader(int column) {
+  header_->sortBy(column);
 }
 
 void FileTableView::sortByHeader(int section, Qt::SortOrder order) {
@@ -164,9 +187,45 @@ void FileTableView::keepWidth(int section, int width) {
 
 void FileTableView::fitColumns() {
   const QScopedValueRollback fitting(isFitting_, true);
-  const std::vector<int> fitted = uniformWidths(table().columns(), widths_, viewport()->width());
+  const std::vector<int> fitted = uniformWidths(readableColumns(), widths_, viewport()->width());
   for (int i = 0; i < model_->columnCount(); ++i)
     setColumnWidth(i, fitted[static_cast<std::size_t>(i)]);
+}
+
+/// The columns with minimum widths at which headers and names can be read, as long as the view has room for
+/// them.
+std::vector<FileTableColumn> FileTableView::readableColumns() const {
+  std::vector<FileTableColumn> columns = table().columns();
+  QFont headerFont = horizontalHeader()->font();
+  headerFont.setPixelSize(kCaptionSize);
+  const QFontMetrics header(headerFont);
+  FileTableColumn* name = nullptr;
+  int others = 0;
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    FileTableColumn& column = columns[i];
+    if (column.identifier == "fileName") {
+      name = &column;
+      continue;
+    }
+    if (!column.maximumWidth) {
+      const int text =
+          std::max(widestWord(tableText(column.header), header),
+                   fontMetrics().horizontalAdvance(longestNumbers_.value(static_cast<qsizetype>(i))));
+      column.minimumWidth = std::max(column.minimumWidth, text + kGap);
+    }
+    others += column.minimumWidth;
+  }
+  const int room = viewport()->width() - others;
+  if (name == nullptr || room < kShortName) return table().columns();
+  const int wanted = std::min(fontMetrics().horizontalAdvance(longestName_) + kCellPadding, kLongName);
+  name->minimumWidth = std::max(name->minimumWidth, std::min(std::max(wanted, kShortName), room));
+  return columns;
+}
+
+int FileTableView::scrollValueShowing(int section) const {
+  const int begin = horizontalHeader()->sectionPosition(section);
+  const int end = begin + horizontalHeader()->sectionSize(section);
+  return std::clamp(horizontalScrollBar()->value(), end - viewport()->width(), begin);
 }
 
 void FileTableView::keyboardSearch(const QString& search) {
@@ -205,11 +264,27 @@ void FileTableView::resizeEvent(QResizeEvent* event) {
   if (!isFitting_) fitColumns();
 }
 
+void FileTableView::mouseMoveEvent(QMouseEvent* event) {
+  QTableView::mouseMoveEvent(event);
+  if (delegate_ != nullptr && delegate_->pointAt(indexAt(event->position().toPoint()))) viewport()->update();
+}
+
 /// The delegate does not hear of a mouse button that is let go beside the rows.
 void FileTableView::mouseReleaseEvent(QMouseEvent* event) {
   QTableView::mouseReleaseEvent(event);
   if (delegate_ != nullptr) delegate_->letGo();
   viewport()->update();
+}
+
+/// A menu about rows, where there is one: under the pointer, or that of the keyboard.
+void FileTableView::contextMenuEvent(QContextMenuEvent* event) {
+  const bool isByMouse = event->reason() == QContextMenuEvent::Mouse;
+  const QModelIndex row = isByMouse ? indexAt(event->pos()) : currentIndex();
+  if (!row.isValid()) return;
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->addActions(actions());
+  menu->popup(isByMouse ? event->globalPos() : viewport()->mapToGlobal(visualRect(row).center()));
 }
 
 void FileTableView::focusInEvent(QFocusEvent* event) {

@@ -224,6 +224,20 @@ TEST(BarAt, FindsTheBarDownToItsMagnifierButNotAboveIt) {
   EXPECT_EQ(barAt(drawing.bars, {130, 500}), std::nullopt);
 }
 
+TEST(CanvasScale, FitsTheSmallerSideAndStaysReadable) {
+  EXPECT_DOUBLE_EQ(canvasScale({660, 540}), 1);
+  EXPECT_DOUBLE_EQ(canvasScale({990, 10000}), 1.5);
+  EXPECT_DOUBLE_EQ(canvasScale({10000, 675}), 1.25);
+  EXPECT_DOUBLE_EQ(canvasScale({100, 100}), 0.75);
+  EXPECT_DOUBLE_EQ(canvasScale({5000, 5000}), 2);
+}
+
+TEST(DetailsPanel, LiesBelowItsMagnifierAndNeverBelowThePage) {
+  EXPECT_EQ(detailsPanelY(1, 90, 700), 503);
+  EXPECT_EQ(detailsPanelY(1.5, 90, 1000), 754);
+  EXPECT_EQ(detailsPanelY(1, 90, 580), 490);
+}
+
 TEST(DetailsPanel, IsCentredOnTheMagnifierByWholePoints) {
   EXPECT_EQ(detailsPanelX({92, 485}, 264), 92 - 132 + 8);
   EXPECT_EQ(detailsPanelX({540, 485}, 264), 540 - 132 + 8);

@@ -17,7 +17,7 @@
 #include "analysis/ParseProject.h"
 #include "charts/ChartsHost.h"
 #include "charts/ChartsViewController.h"
-#include "charts/FadingPanel.h"
+#include "controls/FadingPanel.h"
 #include "controls/Theme.h"
 
 namespace quillmeter {

@@ -15,9 +15,9 @@
 
 #include "analysis/ParseProject.h"
 #include "charts/ChartsHost.h"
-#include "charts/FadingPanel.h"
 #include "charts/PulsingButton.h"
 #include "controls/ButtonTextColor.h"
+#include "controls/FadingPanel.h"
 #include "helpers/FakeServices.h"
 #include "helpers/ProjectFixture.h"
 #include "helpers/TemporaryFolder.h"
@@ -56,7 +56,7 @@ class ChartsTab : public ::testing::Test {
     host.project = testing::projectWith(std::move(files));
     host.totals = totals;
     tab = ChartsViewController::create(host, fakes.services());
-    tab->resize(760, 720);
+    tab->resize(660 + 64, 760);  // at which the canvas has its own size
     tab->show();
   }
   void choose(int chart) { tab->tapSelectedFilter(button(chart)); }
@@ -78,7 +78,9 @@ class ChartsTab : public ::testing::Test {
     return tab->findChild<QLabel*>(QStringLiteral("lblPopoverDetailsChart%1").arg(number))->text();
   }
   [[nodiscard]] DrawingCanvasView* canvas() const { return tab->viewBarChart(); }
-  void clickBar(int bar) { QTest::mouseClick(canvas(), Qt::LeftButton, {}, QPoint(95 + 32 * bar, 490)); }
+  void clickBar(int bar) {
+    QTest::mouseClick(canvas(), Qt::LeftButton, {}, canvas()->toWidget({95.0 + 32 * bar, 490}));
+  }
 
   FakeServices fakes;
   FixedHost host;
@@ -466,7 +468,7 @@ TEST_F(ChartsTab, MagnifierOfTheFifthBarTellsAboutTheFifthFile) {
 
 TEST_F(ChartsTab, DetailsStayInsideThePageAndBelowTheMagnifiersAtBothEnds) {
   open(twentyOfEach());
-  tab->resize(tab->minimumSizeHint());
+  tab->resize(616, 720);
   chooseAndGrow(3);
   for (const int bar : {0, 14}) {
     clickBar(bar);
@@ -474,8 +476,51 @@ TEST_F(ChartsTab, DetailsStayInsideThePageAndBelowTheMagnifiersAtBothEnds) {
     EXPECT_GE(panel.left(), 0) << bar;
     EXPECT_LE(panel.right(), tab->rect().right()) << bar;
     EXPECT_LE(panel.bottom(), tab->rect().bottom()) << bar;
-    EXPECT_GE(panel.top(), canvas()->mapTo(tab.get(), QPoint(0, 497)).y());
+    EXPECT_GE(panel.top(), canvas()->mapTo(tab.get(), canvas()->toWidget({0, 497})).y());
   }
+}
+
+TEST_F(ChartsTab, CanvasGrowsAndShrinksWithThePageAndItsMagnifiersWithIt) {
+  open(twentyOfEach());
+  for (const QSize page : {QSize(616, 500), QSize(616, 720), QSize(1400, 1000), QSize(3000, 3000)}) {
+    tab->resize(page);
+    QCoreApplication::processEvents();
+    chooseAndGrow(2);
+    const double scale = canvas()->scale();
+    EXPECT_EQ(canvas()->size(), QSize(660, 540) * scale) << page.width();
+    clickBar(4);
+    EXPECT_EQ(details(1), QStringLiteral("Source16.m")) << page.width();
+    EXPECT_EQ(canvas()->capture().size(), QSize(660, 540)) << "the picture that is saved has its own size";
+  }
+  EXPECT_EQ(canvas()->scale(), 2.0);
+  tab->resize(1400, 1000);
+  QCoreApplication::processEvents();
+  EXPECT_GT(canvas()->scale(), 1.4);
+  EXPECT_EQ(canvas()->mapTo(tab.get(), QPoint()).x(), 24 + 8) << "where the other pages begin";
+}
+
+TEST_F(ChartsTab, APressBesideTheChartFadesTheDetailsOutAndEscapeDoes) {
+  open(twentyOfEach());
+  chooseAndGrow(2);
+  clickBar(0);
+  QTest::mouseClick(tab->findChild<QLabel*>(QStringLiteral("lblHeading")), Qt::LeftButton);
+  EXPECT_EQ(tab->viewPopoverDetailsChart()->alphaValue(), 0.0);
+  clickBar(0);
+  QTest::keyClick(named("btnSaveChart"), Qt::Key_Escape);
+  EXPECT_EQ(tab->viewPopoverDetailsChart()->alphaValue(), 0.0);
+}
+
+TEST_F(ChartsTab, DetailsAreHiddenFromEverybodyUntilTheyAreShown) {
+  open(twentyOfEach());
+  chooseAndGrow(2);
+  EXPECT_TRUE(tab->viewPopoverDetailsChart()->isHidden());
+  clickBar(4);
+  EXPECT_FALSE(tab->viewPopoverDetailsChart()->isHidden());
+  EXPECT_EQ(
+      tab->viewPopoverDetailsChart()->accessibleName(),
+      QStringLiteral("Source16.m, LOC: 1600 lines, Average: 1050.0 lines, code level is in normal range"));
+  tab->dismissInfoForItem();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return tab->viewPopoverDetailsChart()->isHidden(); }));
 }
 
 TEST_F(ChartsTab, PressBesideTheMagnifiersFadesTheDetailsOut) {

@@ -156,6 +156,7 @@ TEST_P(Canvas, AxesAreThreePointsWideOverTheBars) {
   EXPECT_TRUE(isNear(at(image, 79.2, 300), kAxis));
   EXPECT_TRUE(isNear(at(image, 80.8, 300), kAxis));
   EXPECT_TRUE(isNear(at(image, 99, 480.2), kAxis));
+  EXPECT_TRUE(isNear(at(image, 99, 479.2), kAxis)) << "where the bar would cover it";
   EXPECT_TRUE(isNear(at(image, 608, 480.2), kAxis));
   EXPECT_EQ(at(image, 613, 480.2), QColor(Qt::white));
 }
@@ -453,6 +454,18 @@ TEST(DrawingCanvasView, ToolTipTellsASlicesShare) {
   setPie(canvas, 0.5, 0.25);
   EXPECT_EQ(canvas.descriptionAt(QPointF(330, 370)), QStringLiteral("Code lines (50.00%)"));
   EXPECT_EQ(canvas.descriptionAt(QPointF(5, 5)), QString());
+}
+
+TEST(DrawingCanvasView, LegendStandsBesideItsBoxesInEveryDirectionOfReading) {
+  const auto picture = [](Qt::LayoutDirection direction) {
+    DrawingCanvasView canvas;
+    canvas.setLayoutDirection(direction);
+    canvas.setGraphType(1);
+    canvas.setPieChart2Perc1(0.5);
+    canvas.resize(660, 540);
+    return canvas.grab().toImage();
+  };
+  EXPECT_EQ(picture(Qt::RightToLeft), picture(Qt::LeftToRight));
 }
 
 TEST(DrawingCanvasView, OnlyBarChartsTakeTheKeyboardFocus) {

@@ -29,6 +29,16 @@ TEST(NamedPictures, StatesOfOnePictureAreOfOneSize) {
   EXPECT_EQ(namedImageSize(QStringLiteral("drag_invalid")), drag);
 }
 
+TEST(NamedPictures, APictureIsDrawnAnewForEveryScaleAndSize) {
+  const QString name = QStringLiteral("lense");
+  EXPECT_EQ(namedImage(name, QSize(12, 12), 1).size(), QSize(12, 12));
+  const QPixmap fine = namedImage(name, QSize(12, 12), 2);
+  EXPECT_EQ(fine.size(), QSize(24, 24));
+  EXPECT_EQ(fine.devicePixelRatio(), 2);
+  EXPECT_EQ(namedImage(name, QSize(12, 12), 1).size(), QSize(12, 12));
+  EXPECT_EQ(namedImage(name, QSize(24, 24), 1).devicePixelRatio(), 1);
+}
+
 TEST(ImageView, ShowsItsPictureAndThenAnother) {
   ImageView view;
   view.resize(300, 50);

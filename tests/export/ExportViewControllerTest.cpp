@@ -5,8 +5,11 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QStyle>
+#include <QStyleOptionButton>
 #include <QTest>
 
+#include "controls/Theme.h"
 #include "export/ExportHost.h"
 #include "export/FakeReportChart.h"
 #include "helpers/FakeServices.h"
@@ -82,6 +85,45 @@ TEST_F(ExportTab, NamesTheTypesOfAProjectWithATableOfItsOwn) {
   tab = ExportViewController::create(host, fakes.services());
   EXPECT_EQ(tab->findChild<QLabel*>(QStringLiteral("lblCheckbox2Types"))->text(),
             QStringLiteral(".h, .hh, .pch, .hpp"));
+}
+
+TEST_F(ExportTab, AClickOnACaptionIsAClickOnItsBox) {
+  tab->resize(700, 600);
+  tab->show();
+  const auto click = [this](const char* caption) {
+    QTest::mouseClick(tab->findChild<QLabel*>(QLatin1String(caption)), Qt::LeftButton, {}, QPoint(4, 4));
+  };
+  click("lblCheckbox2Types");
+  EXPECT_FALSE(tab->checkbox2()->isChecked());
+  click("lblCheckbox2Types");
+  EXPECT_TRUE(tab->checkbox2()->isChecked());
+  click("lblTypeCSV");
+  EXPECT_TRUE(tab->btnTypeCSV()->isChecked());
+  EXPECT_FALSE(tab->btnTypePDF()->isChecked());
+  auto* caption = tab->findChild<QLabel*>(QStringLiteral("lblCheckbox1Types"));
+  QTest::mousePress(caption, Qt::LeftButton, {}, QPoint(4, 4));
+  QTest::mouseRelease(caption, Qt::LeftButton, {}, QPoint(4, 200));
+  EXPECT_TRUE(tab->checkbox1()->isChecked()) << "let go elsewhere";
+}
+
+TEST_F(ExportTab, HeadingsSayWhatTheyHead) {
+  EXPECT_EQ(tab->findChild<QLabel*>(QStringLiteral("lblKinds"))->text(), QStringLiteral("Files to export"));
+  EXPECT_EQ(tab->findChild<QLabel*>(QStringLiteral("lblForm"))->text(), QStringLiteral("File format"));
+}
+
+TEST_F(ExportTab, TheChosenFormHasADotAndAChosenKindHasNone) {
+  tab->setStyleSheet(styleSheetFor(themeFor(tab->palette())));
+  tab->resize(700, 600);
+  tab->show();
+  const auto centreOfTheBox = [](QCheckBox* box) {
+    QStyleOptionButton option;
+    option.initFrom(box);
+    const QRect indicator = box->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, box);
+    return box->grab().toImage().pixelColor(indicator.center());
+  };
+  EXPECT_EQ(centreOfTheBox(tab->btnTypePDF()), QColor(Qt::white));
+  EXPECT_EQ(centreOfTheBox(tab->btnTypeCSV()), themeFor(tab->palette()).card);
+  EXPECT_EQ(tab->btnTypePDF()->property("role"), QStringLiteral("radio"));
 }
 
 TEST_F(ExportTab, OneFormIsChosenAtAnyTime) {

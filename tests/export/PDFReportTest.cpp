@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <array>
 #include <cmath>
 
 #include "export/FakeReportChart.h"
@@ -102,6 +103,29 @@ TEST_F(PDFReport, DocumentNamesItself) {
   EXPECT_THAT(pdfObjects(path),
               AllOf(HasSubstr("/BaseFont /Helvetica\n"), HasSubstr("/BaseFont /Helvetica-Bold\n"),
                     HasSubstr("/Encoding /MacRomanEncoding")));
+}
+
+TEST_F(PDFReport, DocumentTellsItsLanguageAndAgeAndAsksToShowItsTitle) {
+  const std::string path = render({});
+  const std::string objects = pdfObjects(path);
+  EXPECT_EQ(count(objects, "/Lang (en)\n"), 1);
+  EXPECT_EQ(count(objects, "/DisplayDocTitle true\n"), 1);
+  EXPECT_EQ(count(objects, "/CreationDate (D:20260101000000Z"), 1);
+  EXPECT_EQ(pdfInfo(path, "PDF version"), "1.4");
+}
+
+TEST_F(PDFReport, EveryPageIsBegunWithTheMediaBox) {
+  ReportSource source;
+  source.project = testing::projectWith({}, "Fixture");
+  PDFExporter exporter(source);
+  EXPECT_EQ(exporter.pageDictionary().mediaBox.width, 0);
+  const FileList files = sources(15);
+  ASSERT_TRUE(exporter.renderForFiles({files.begin(), files.end()}).has_value());
+  const PdfRect& box = exporter.pageDictionary().mediaBox;
+  EXPECT_EQ((std::array{box.x, box.y, box.width, box.height}), (std::array{0.0, 0.0, 1344.0, 1454.0}));
+
+  const std::string objects = pdfObjects(render(files));
+  EXPECT_EQ(count(objects, "/MediaBox [\n    0\n    0\n    1344\n    1454\n  ]"), 2);
 }
 
 TEST_F(PDFReport, TitleBlockStandsAtTheTop) {
@@ -304,6 +328,15 @@ TEST_F(PDFReport, FooterLinksToTheProgramsPage) {
   EXPECT_EQ(count(objects, "/Subtype /Link"), 2);
   EXPECT_EQ(count(objects, "/Rect [\n    847\n    45\n    1287\n    99\n  ]"), 2);
   EXPECT_EQ(count(objects, "/W 0\n") + count(objects, "/Border [\n    0\n    0\n    0\n  ]"), 2);
+}
+
+TEST_F(PDFReport, FootersAddressStandsOnItsLine) {
+  constexpr double kLineBegin = 857;
+  constexpr double kLineEnd = 1269;
+  const PdfWord address = wordOn(pdfWords(render({})), 1, kProductUrl);
+  EXPECT_NEAR(address.x, kLineBegin, 2);
+  EXPECT_GT(address.right, kLineEnd) << "no line without text above it";
+  EXPECT_LT(address.right - kLineEnd, 40);
 }
 
 TEST_F(PDFReport, StreamsAreCompressed) {

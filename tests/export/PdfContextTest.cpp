@@ -5,7 +5,8 @@
 namespace quillmeter {
 namespace {
 
-const PdfInformation kInformation{"title", "creator", "author", "subject"};
+const PdfInformation kInformation{"title", "creator", "author", "subject", "en"};
+const PdfPageProperties kPage{{0, 0, 200, 100}};
 
 void drawEverything(PdfContext& context) {
   context.saveState();
@@ -23,8 +24,8 @@ void drawEverything(PdfContext& context) {
 }
 
 TEST(PdfContext, DrawsOnAPage) {
-  PdfContext context(200, 100, kInformation);
-  context.beginPage();
+  PdfContext context(kInformation);
+  context.beginPage(kPage);
   drawEverything(context);
   context.endPage();
   const auto document = context.document();
@@ -33,28 +34,28 @@ TEST(PdfContext, DrawsOnAPage) {
 }
 
 TEST(PdfContext, DrawingOutsideAPageDoesNothing) {
-  PdfContext context(200, 100, kInformation);
+  PdfContext context(kInformation);
   drawEverything(context);
-  context.beginPage();
+  context.beginPage(kPage);
   context.endPage();
   drawEverything(context);
 }
 
 TEST(PdfContext, UnknownFontSpoilsTheDocumentAndNothingElse) {
-  PdfContext context(200, 100, kInformation);
-  context.beginPage();
+  PdfContext context(kInformation);
+  context.beginPage(kPage);
   context.selectFont("No Such Font", 12);
   context.showTextAtPoint("text", {10, 10});
   drawEverything(context);
   context.endPage();
-  context.beginPage();
+  context.beginPage(kPage);
   drawEverything(context);
   EXPECT_EQ(context.document(), std::nullopt);
 }
 
 TEST(PdfContext, PictureWhoseBytesDoNotFitItsSizeIsLeftOut) {
-  PdfContext context(200, 100, kInformation);
-  context.beginPage();
+  PdfContext context(kInformation);
+  context.beginPage(kPage);
   context.drawPicture({2, 2, {255, 0, 0, 128}}, {0, 0, 10, 10});
   context.drawPicture({}, {0, 0, 10, 10});
   context.drawPicture({-1, 1, {}}, {0, 0, 10, 10});
@@ -64,8 +65,8 @@ TEST(PdfContext, PictureWhoseBytesDoNotFitItsSizeIsLeftOut) {
 }
 
 TEST(PdfContext, CoordinatesFarOutsideThePageAreSound) {
-  PdfContext context(200, 100, kInformation);
-  context.beginPage();
+  PdfContext context(kInformation);
+  context.beginPage(kPage);
   context.selectFont("Helvetica", 12);
   context.showTextAtPoint("text", {-2147483648.0, 2147483647.0});
   EXPECT_TRUE(context.document().has_value());

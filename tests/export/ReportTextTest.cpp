@@ -55,6 +55,14 @@ TEST_F(ReportText, PositionsStayInThe32BitRange) {
   EXPECT_EQ(point.y, std::numeric_limits<std::int32_t>::max());
 }
 
+TEST_F(ReportText, ALineMayBeExactlyAsWideAsItsRoom) {
+  const double word = naturalWidth("exactly", font18);
+  EXPECT_EQ(lineCount("exactly", font18, word), 1U);
+  const double two = naturalWidth("this fits", font18);
+  EXPECT_EQ(lineCount("this fits exactly", font18, two), 2U);
+  EXPECT_EQ(lineCount("this fits exactly", font18, two - 0.01), 3U);
+}
+
 TEST_F(ReportText, EmptyTextMeasuresEnormouslyWide) {
   const TextSize size = getSizeWithFontWithLeterSpacingAndRect("", font18, 1, kRect);
   EXPECT_EQ(size.width, kEnormous);

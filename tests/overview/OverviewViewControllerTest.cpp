@@ -2,14 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QPixmap>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include "controls/Theme.h"
 #include "helpers/KindsWithHpp.h"
 #include "helpers/ProjectFixture.h"
 #include "overview/FigureLabel.h"
 #include "overview/OverviewCaptions.h"
+#include "overview/ShareBar.h"
 #include "stats/FakeStatsHost.h"
 
 namespace quillmeter {
@@ -136,14 +140,84 @@ TEST(OverviewViewController, CardsStayTogetherAtTheTopOfATallWindow) {
   const auto panel = OverviewViewController::create(host);
   panel->resize(1600, 2000);
   panel->show();
+  QCoreApplication::processEvents();
   const auto* total = panel->findChild<QWidget*>(u"cardTotal"_s);
-  EXPECT_LT(total->y(), 32);
-  EXPECT_LE(total->height(), 240);
-  for (const char* const name : {"cardLines", "cardFiles", "cardAverages"}) {
+  EXPECT_LT(total->y(), 100);
+  EXPECT_LE(total->height(), 200);
+  const auto* lines = panel->findChild<QWidget*>(u"cardLines"_s);
+  EXPECT_EQ(lines->y(), total->geometry().bottom() + 1 + 16);
+  EXPECT_LE(lines->height(), 480);
+  for (const char* const name : {"cardFiles", "cardAverages"}) {
     const auto* card = panel->findChild<QWidget*>(QLatin1String(name));
-    EXPECT_EQ(card->y(), total->geometry().bottom() + 1 + 16) << name;
-    EXPECT_EQ(card->height(), 480) << name;
+    EXPECT_EQ(card->y(), lines->y()) << name;
+    EXPECT_EQ(card->height(), lines->height()) << name;
   }
+}
+
+TEST(OverviewViewController, ScrollsWhatDoesNotFit) {
+  FakeStatsHost host(projectWith({record({.name = "a.m", .lines = 30})}));
+  const auto panel = OverviewViewController::create(host);
+  panel->resize(616, 300);
+  panel->show();
+  auto* page = panel->findChild<QScrollArea*>(u"scrollPage"_s);
+  EXPECT_GT(page->verticalScrollBar()->maximum(), 0);
+  EXPECT_EQ(page->horizontalScrollBar()->maximum(), 0);
+}
+
+TEST(OverviewViewController, BarShowsWhatTheLinesAre) {
+  const UserLocale locale("en_US.UTF-8");
+  FakeStatsHost host(
+      projectWith({record({.name = "a.m", .lines = 10000, .linesWithoutSpaces = 8000, .comments = 2000})}));
+  const auto panel = OverviewViewController::create(host);
+  panel->resize(1000, 700);
+  panel->show();
+  auto* bar = panel->findChild<ShareBar*>();
+  EXPECT_EQ(bar->shares(), (std::array{0.6, 0.2, 0.2}));
+  const QImage image = bar->grab().toImage();
+  const int middle = image.height() / 2;
+  for (const auto& [part, kind] : {std::pair(0.5, 0U), std::pair(0.7, 1U), std::pair(0.9, 2U)})
+    EXPECT_EQ(image.pixelColor(static_cast<int>(part * image.width()), middle), ShareBar::colorOf(kind))
+        << part;
+  EXPECT_EQ(panel->findChild<QLabel*>(u"lblShare1"_s)->text(), u"Code 6,000"_s);
+  EXPECT_EQ(panel->findChild<QLabel*>(u"lblShare2"_s)->text(), u"Comments 2,000"_s);
+  EXPECT_EQ(panel->findChild<QLabel*>(u"lblShare3"_s)->text(), u"Empty 2,000"_s);
+}
+
+TEST(LineShares, StayWholeForFiguresThatCannotBe) {
+  OverviewFigures figures;
+  EXPECT_EQ(lineShares(figures), (std::array{0.0, 0.0, 0.0}));
+  figures.totalNumberLines = 4;
+  figures.totalNumberLinesWithSpaces = 3;
+  figures.totalNumberLinesWithComments = 5;
+  EXPECT_EQ(linesByKind(figures), (std::array<std::uint64_t, 3>{0, 1, 3}));
+  figures.totalNumberLinesWithSpaces = 9;
+  EXPECT_EQ(linesByKind(figures), (std::array<std::uint64_t, 3>{0, 0, 4}));
+}
+
+/// Whether the text of a label stands closer to its right side than to its left.
+bool standsRight(QLabel& label) {
+  const QImage image = label.grab().toImage();
+  int left = image.width();
+  int right = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (image.pixel(x, y) == image.pixel(0, 0)) continue;
+      left = std::min(left, x);
+      right = std::max(right, x);
+    }
+  }
+  return left > image.width() - right;
+}
+
+TEST(OverviewViewController, FiguresAndCaptionsStandOnTheSideWhereReadingBegins) {
+  FakeStatsHost host(projectWith({record({.name = "a.m", .lines = 30})}));
+  const auto panel = OverviewViewController::create(host);
+  panel->setLayoutDirection(Qt::RightToLeft);
+  panel->resize(1200, 700);
+  panel->show();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(standsRight(*panel->lblSizeMetrics7()));
+  EXPECT_TRUE(standsRight(*panel->findChild<QLabel*>(u"lblCaption7"_s)));
 }
 
 TEST(FigureLabel, LargeNumbersTakeASmallerFontInsteadOfBeingCutOff) {

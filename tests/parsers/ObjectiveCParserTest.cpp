@@ -129,6 +129,19 @@ TEST(ObjectiveCParser, ReadsOneFileAndThenGivesItsResultAgain) {
   EXPECT_EQ(countsOf(*fresh), (Counts{3, 3, 0}));
 }
 
+TEST(ObjectiveCParser, GivesNothingMoreOfAFileThatEndedInABlankLine) {
+  for (const std::string ending : {"\n", " \t\n", "  "}) {
+    const TemporaryFolder folder;
+    const std::string file = folder.file("blank.m", "- (void)draw {\n}\n" + ending);
+    const auto parser = ObjectiveCParser::create();
+    const auto stats = parser->execute(file);
+    ASSERT_NE(stats, nullptr);
+    EXPECT_EQ(parser->execute(file), nullptr) << "a blank line gives no result";
+    EXPECT_EQ(countsOf(*stats), (Counts{1, 0, 1}));
+    EXPECT_EQ(parser->methodStats(), stats);
+  }
+}
+
 TEST(ObjectiveCParser, HasNoResultForAFileThatCannotBeOpened) {
   const TemporaryFolder folder;
   const auto parser = ObjectiveCParser::create();

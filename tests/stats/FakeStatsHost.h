@@ -20,7 +20,10 @@ class FakeStatsHost final : public StatsHost {
     if (whenShownBack) whenShownBack();
   }
 
+  void quitApplication() override { ++quits; }
+
   std::shared_ptr<const MeasuredProject> project;
+  int quits = 0;
   int shownBack = 0;
   std::function<void()> whenShownBack;
 };

@@ -7,12 +7,13 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QWindow>
 
 #include "charts/ChartsViewController.h"
 #include "charts/DrawingCanvasView.h"
-#include "charts/FadingPanel.h"
+#include "controls/FadingPanel.h"
 #include "controls/Theme.h"
 #include "export/ExportViewController.h"
 #include "export/ReportChart.h"
@@ -468,19 +469,72 @@ TEST_F(StatsWindow, ToolsOpensTheCleanUpToolOnceAndTakesItAlongWhenItCloses) {
   EXPECT_FALSE(tool->isVisible());
 }
 
-TEST_F(StatsWindow, LeavesRoomForTheChartsCanvasAtItsSmallest) {
+TEST_F(StatsWindow, CanBeAsSmallAsASmallScreenOnEveryTab) {
   open();
-  const QSize smallest = window->viewRight()->minimumSize();
-  EXPECT_GE(smallest.width(), 660 + 2 * kMargin);
-  EXPECT_GE(smallest.height(), 540 + 2 * kMargin);
-  const QSize before = window->minimumSizeHint();
-  for (QWidget* const tab : tabs()) {
-    EXPECT_LE(tab->minimumSizeHint().width(), smallest.width()) << tab->objectName().toStdString();
-    EXPECT_LE(tab->minimumSizeHint().height(), smallest.height()) << tab->objectName().toStdString();
+  for (const auto tap : {&StatsWindowController::tapOverviewTab, &StatsWindowController::tapDetailsTab,
+                         &StatsWindowController::tapChartsTab, &StatsWindowController::tapExportTab}) {
+    (window.get()->*tap)();
+    window->resize(800, 560);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window->size(), QSize(800, 560));
+    EXPECT_TRUE(window->rect().contains(
+        QRect(button("btnLeft5")->mapTo(window.get(), QPoint()), button("btnLeft5")->size())));
   }
-  window->tapChartsTab();
-  QTest::qWait(0);
-  EXPECT_EQ(window->minimumSizeHint(), before);
+}
+
+TEST_F(StatsWindow, OpensInsideItsScreen) {
+  open();
+  EXPECT_TRUE(window->screen()->availableGeometry().contains(window->geometry()));
+}
+
+TEST_F(StatsWindow, EveryPageBeginsWithItsHeadingAtTheSamePlace) {
+  open();
+  const std::vector<const char*> headings{"lblHeading", "lblTextTitle1", "lblHeading", "lblTextTitle1"};
+  const std::vector<void (StatsWindowController::*)()> taps{
+      &StatsWindowController::tapOverviewTab, &StatsWindowController::tapDetailsTab,
+      &StatsWindowController::tapChartsTab, &StatsWindowController::tapExportTab};
+  std::vector<QPoint> places;
+  for (std::size_t page = 0; page < taps.size(); ++page) {
+    (window.get()->*taps[page])();
+    QCoreApplication::processEvents();
+    const auto* heading = tabs()[page]->findChild<QLabel*>(QLatin1String(headings[page]));
+    ASSERT_NE(heading, nullptr);
+    EXPECT_EQ(heading->property("role").toString(), u"heading"_s);
+    const QRect text(heading->mapTo(window.get(), QPoint()), heading->size());
+    places.push_back({text.left(), text.center().y()});
+  }
+  EXPECT_THAT(places, ::testing::Each(places.front()));
+}
+
+TEST_F(StatsWindow, ReturnPressesTheButtonInFocus) {
+  open();
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  button("btnLeft4")->setFocus();
+  QTest::keyClick(button("btnLeft4"), Qt::Key_Return);
+  expectTab(3);
+  window->exportViewController()->btnGenerate()->setFocus();
+  QTest::keyClick(window->exportViewController()->btnGenerate(), Qt::Key_Enter);
+  EXPECT_EQ(services.savePanel->requests.size(), 1U);
+  window->tapDetailsTab();
+  auto* filters = window->detailsViewController()->findChild<QPushButton*>(u"btnFilters"_s);
+  filters->setFocus();
+  QTest::keyClick(filters, Qt::Key_Return);
+  EXPECT_TRUE(filters->isChecked());
+}
+
+TEST_F(StatsWindow, ControlQEndsTheApplicationOnceItIsConfirmed) {
+  open();
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  services.alerts->answers = {1, 0};
+  QTest::keyClick(window.get(), Qt::Key_Q, Qt::ControlModifier);
+  EXPECT_EQ(host.quits, 0);
+  EXPECT_TRUE(window->isVisible());
+  QTest::keyClick(window.get(), Qt::Key_Q, Qt::ControlModifier);
+  EXPECT_EQ(host.quits, 1);
+  EXPECT_FALSE(window->isVisible());
+  EXPECT_EQ(services.alerts->shown.front().message, QLatin1String(kQuestion));
 }
 
 TEST_F(StatsWindow, FollowsADesktopThatTurnsDark) {

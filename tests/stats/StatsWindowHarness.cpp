@@ -19,6 +19,7 @@ class HarnessHost final : public StatsHost {
   explicit HarnessHost(std::shared_ptr<const MeasuredProject> project) : project_(std::move(project)) {}
   [[nodiscard]] std::shared_ptr<const MeasuredProject> parserProject() const override { return project_; }
   void showBackMainWindow() override { QCoreApplication::quit(); }
+  void quitApplication() override { QCoreApplication::quit(); }
 
  private:
   std::shared_ptr<const MeasuredProject> project_;

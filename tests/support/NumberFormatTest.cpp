@@ -47,5 +47,11 @@ TEST(Fixed, AlwaysHasItsDecimalsAndAPoint) {
   EXPECT_EQ(fixed(std::numeric_limits<double>::max(), 1).size(), 311U);
 }
 
+TEST(DecimalFormatter, WritesPlainNumbersInTheDigitsOfItsLocale) {
+  EXPECT_EQ(DecimalFormatter(0, 2, "en_US").inLocalDigits("-12034"), "-12034");
+  EXPECT_EQ(DecimalFormatter(0, 2, "ar_EG").inLocalDigits("12034"), "١٢٠٣٤");
+  EXPECT_EQ(DecimalFormatter(0, 2, "de_DE").inLocalDigits(""), "");
+}
+
 }  // namespace
 }  // namespace quillmeter

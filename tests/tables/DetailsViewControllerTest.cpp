@@ -13,6 +13,7 @@
 #include <QTest>
 
 #include "controls/ButtonTextColor.h"
+#include "controls/Theme.h"
 #include "helpers/FakeServices.h"
 #include "helpers/ProjectFixture.h"
 #include "tables/FileTableView.h"
@@ -195,6 +196,36 @@ TEST_F(DetailsViewControllerTest, AChoiceTakesTheKeyboardToTheFirstRow) {
   QTest::keyClick(&table(), Qt::Key_Down);
   QTest::keyClick(&table(), Qt::Key_Return);
   EXPECT_THAT(fakes.fileBrowser->revealed, ElementsAre("/project/b.m"));
+}
+
+TEST_F(DetailsViewControllerTest, AChoiceWithTheMouseSelectsNoRow) {
+  controller->show();
+  static_cast<void>(QTest::qWaitForWindowActive(controller.get()));
+  button("btnFilters").click();
+  fakes.delayedCalls->advance(300ms);
+  QTest::mouseClick(&button("btnFilter4"), Qt::LeftButton);
+  fakes.delayedCalls->advance(300ms);
+  EXPECT_THAT(names(), ElementsAre("A.m", "b.m"));
+  EXPECT_TRUE(table().hasFocus());
+  EXPECT_FALSE(table().selectionModel()->hasSelection());
+}
+
+TEST_F(DetailsViewControllerTest, TheFilterButtonLooksOnWhileThePopupIsOpen) {
+  controller->setStyleSheet(styleSheetFor(themeFor(controller->palette())));
+  controller->show();
+  auto& filters = button("btnFilters");
+  const auto background = [&] { return filters.grab().toImage().pixelColor(8, filters.height() / 2); };
+  filters.click();
+  fakes.delayedCalls->advance(300ms);
+  EXPECT_EQ(background(), themeFor(controller->palette()).accent);
+  filters.click();
+  fakes.delayedCalls->advance(300ms);
+  EXPECT_EQ(background(), themeFor(controller->palette()).card);
+}
+
+TEST_F(DetailsViewControllerTest, SelectedRowsAreMarkedAsInASourceList) {
+  EXPECT_EQ(table().selectionHighlightStyle(), SelectionHighlightStyle::sourceList);
+  EXPECT_EQ(static_cast<int>(table().selectionHighlightStyle()), 1);
 }
 
 TEST_F(DetailsViewControllerTest, ATabChangeClosesThePopupWithoutAFade) {

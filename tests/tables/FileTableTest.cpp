@@ -273,5 +273,13 @@ TEST(FileTable, AColumnThatItDoesNotHaveIsNowhere) {
   EXPECT_EQ(allColumns({}).columnOf("fileName"), std::size_t{2});
 }
 
+TEST(FileTable, ARowHasOneKindOfDigits) {
+  const FileTable table =
+      detailsTable({record({.name = "a.c", .size = 2048, .lines = 1234})}, classicKinds(),
+                                       detailsFilter(classicKinds(), 0), false, "ar_EG");
+  EXPECT_EQ(table.cellText(0, 3), "١٢٣٤");
+  EXPECT_EQ(table.cellText(0, 5), "٢");
+}
+
 }  // namespace
 }  // namespace quillmeter

@@ -4,11 +4,14 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QMenu>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -37,6 +40,7 @@ class FileTableViewTest : public ::testing::Test {
                               0, false, "en_US"));
     view.show();
     static_cast<void>(QTest::qWaitForWindowExposed(&view));
+    view.setFocus();  // the header comes before it
   }
 
   void clickHeader(int section) {
@@ -97,6 +101,7 @@ TEST_F(FileTableViewTest, TheHeaderHasRoomForEveryWordOnALineOfItsOwn) {
 TEST_F(FileTableViewTest, TheSortArrowHidesNoHeader) {
   view.setStyleSheet(styleSheetFor(themeFor(view.palette())));
   view.resize(6 * kMinimumColumnWidth + 10, 300);
+  view.setFocus();  // the header would mark it
   QHeaderView* header = view.horizontalHeader();
   for (const int column : {0, 2, 3, 4, 5}) {
     for (const Qt::SortOrder order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
@@ -159,6 +164,110 @@ TEST_F(FileTableViewTest, ANewTableHasNoSortArrow) {
   clickHeader(3);
   view.setTable(view.table());
   EXPECT_EQ(view.horizontalHeader()->sortIndicatorSection(), -1);
+  clickHeader(1);
+  EXPECT_EQ(view.horizontalHeader()->sortIndicatorSection(), -1) << "nor the memory of one";
+}
+
+/// How many points of a row of a picture differ from its first point.
+int marksIn(const QImage& image, int y) {
+  int marks = 0;
+  for (int x = 0; x < image.width(); ++x)
+    marks += image.pixel(x, y) != image.pixel(0, y) ? 1 : 0;
+  return marks;
+}
+
+TEST_F(FileTableViewTest, TheSortArrowPointsDownForAnAscendingOrderAndUpForADescendingOne) {
+  QHeaderView* header = view.horizontalHeader();
+  constexpr int arrowTop = 2;
+  constexpr int arrowFoot = 6;
+  for (const Qt::SortOrder order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
+    header->setSortIndicator(3, order);
+    const QImage image =
+        header->viewport()
+            ->grab(QRect(header->sectionViewportPosition(3) + 4, 0, header->sectionSize(3) - 8, 9))
+            .toImage();
+    const int top = marksIn(image, arrowTop);
+    const int foot = marksIn(image, arrowFoot);
+    if (order == Qt::AscendingOrder) {
+      EXPECT_GT(top, foot);
+    } else {
+      EXPECT_LT(top, foot);
+    }
+  }
+}
+
+TEST_F(FileTableViewTest, TheHeaderSortsFromTheKeyboard) {
+  QHeaderView* header = view.horizontalHeader();
+  static_cast<void>(QTest::qWaitForWindowActive(&view));
+  view.setFocus();
+  QTest::keyClick(&view, Qt::Key_Backtab);
+  ASSERT_TRUE(header->hasFocus());
+  QTest::keyClick(header, Qt::Key_Right);
+  QTest::keyClick(header, Qt::Key_Right);
+  QTest::keyClick(header, Qt::Key_Right);
+  QTest::keyClick(header, Qt::Key_Space);
+  EXPECT_EQ(shownNames(), QStringList({QStringLiteral("A.m"), QStringLiteral("b.m"), QStringLiteral("a.h")}));
+  QTest::keyClick(header, Qt::Key_Return);
+  EXPECT_EQ(shownNames(), QStringList({QStringLiteral("a.h"), QStringLiteral("b.m"), QStringLiteral("A.m")}));
+  QTest::keyClick(header, Qt::Key_Home);
+  QTest::keyClick(header, Qt::Key_Right);
+  QTest::keyClick(header, Qt::Key_Space);
+  EXPECT_EQ(header->sortIndicatorSection(), 3) << "the column of buttons does not sort";
+  QTest::keyClick(header, Qt::Key_Tab);
+  EXPECT_TRUE(view.hasFocus());
+}
+
+TEST_F(FileTableViewTest, ARightClickBesideTheRowsOffersNothing) {
+  const auto menuAfterRightClick = [this](QPoint point) {
+    QContextMenuEvent event(QContextMenuEvent::Mouse, point, view.viewport()->mapToGlobal(point));
+    QApplication::sendEvent(view.viewport(), &event);
+    auto* menu = view.findChild<QMenu*>();
+    const bool isThere = menu != nullptr && menu->isVisible();
+    delete menu;
+    return isThere;
+  };
+  view.setCurrentIndex(view.model()->index(0, 2));
+  EXPECT_TRUE(menuAfterRightClick(middleOf(1, 2)));
+  EXPECT_FALSE(menuAfterRightClick(QPoint(middleOf(1, 2).x(), view.viewport()->height() - 4)));
+}
+
+TEST_F(FileTableViewTest, NoBoxStandsAroundTheCellThatTheKeyboardHasReached) {
+  static_cast<void>(QTest::qWaitForWindowActive(&view));
+  view.setFocus();
+  view.selectRow(1);
+  const auto row = [this] {
+    return view.viewport()->grab(view.visualRect(view.model()->index(1, 3))).toImage();
+  };
+  const QImage other = row();
+  view.selectionModel()->setCurrentIndex(view.model()->index(1, 3), QItemSelectionModel::NoUpdate);
+  EXPECT_EQ(row(), other);
+}
+
+TEST_F(FileTableViewTest, PicturesOnASelectedRowStandOutFromIt) {
+  view.setStyleSheet(styleSheetFor(themeFor(view.palette())));
+  view.selectRow(0);
+  for (const int column : {0, 1}) {
+    const QRect cell = view.visualRect(view.model()->index(0, column));
+    const QImage image = view.viewport()->grab(cell).toImage();
+    const QPoint centre = image.rect().center();
+    const int reach = column == 0 ? 11 : 7;  // half the picture and the rim of what it stands on
+    EXPECT_EQ(image.pixelColor(centre - QPoint(reach, 0)), QColor(Qt::white)) << column;
+  }
+}
+
+TEST_F(FileTableViewTest, HeadersAndNamesCanBeReadWhereThereIsRoom) {
+  view.setStyleSheet(styleSheetFor(themeFor(view.palette())));
+  view.setTable(testing::classicTable({record({.name = "NotebookControllerWithName.m"})}, 0, true));
+  QFont font = view.horizontalHeader()->font();
+  font.setPixelSize(kCaptionSize);
+  constexpr int smallestTable = 568;
+  constexpr int usualTable = 900;
+  for (const int width : {smallestTable, usualTable}) {
+    view.resize(width, 300);
+    EXPECT_GE(view.columnWidth(6), QFontMetrics(font).horizontalAdvance(QStringLiteral("comments"))) << width;
+  }
+  EXPECT_GE(view.columnWidth(2),
+            view.fontMetrics().horizontalAdvance(QStringLiteral("NotebookControllerWithName.m")));
 }
 
 TEST_F(FileTableViewTest, ColumnsFillTheViewAndKeepTheirLimits) {
@@ -302,6 +411,25 @@ TEST_F(FileTableViewTest, AButtonLetGoBelowTheRowsIsNotPressedAnyMore) {
   QTest::mousePress(view.viewport(), Qt::LeftButton, {}, belowTheRows);
   QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, besideTheBullet);
   EXPECT_EQ(revealed.count(), 0) << "the press was elsewhere";
+}
+
+TEST_F(FileTableViewTest, ABulletLetsGoWhenThePointerLeavesAndIsPressedWhenItComesBack) {
+  const ThemeColors& colors = themeFor(view.palette());
+  view.setRevealButtonLook(RevealButtonLook::bullet);
+  const QPoint bullet = middleOf(0, 1) - QPoint(8, 0);
+  const auto colour = [&] { return view.viewport()->grab().toImage().pixelColor(bullet); };
+  const auto move = [&](QPoint point) {
+    QMouseEvent event(QEvent::MouseMove, point, view.viewport()->mapToGlobal(point), Qt::NoButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(view.viewport(), &event);
+  };
+  QTest::mousePress(view.viewport(), Qt::LeftButton, {}, bullet);
+  ASSERT_EQ(colour(), colors.accent);
+  move(middleOf(2, 3));
+  EXPECT_EQ(colour(), colors.card);
+  move(bullet);
+  EXPECT_EQ(colour(), colors.accent);
+  QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, bullet);
 }
 
 TEST_F(FileTableViewTest, TheBulletHasABorderAndTheMagnifierHasNone) {

@@ -25,6 +25,10 @@ class FadingPanel : public QFrame {
   /// Fades from what is seen now to `alpha`.
   void animateAlphaValue(double alpha);
 
+ Q_SIGNALS:
+  /// A fade has ended at opacity 0.
+  void fadedOut();
+
  private:
   QGraphicsOpacityEffect* effect_;
   QPropertyAnimation* fade_;

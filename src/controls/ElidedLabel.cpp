@@ -1,4 +1,4 @@
-#include "charts/ElidedLabel.h"
+#include "controls/ElidedLabel.h"
 
 #include <QPainter>
 #include <QStyle>
@@ -12,8 +12,9 @@ QSize ElidedLabel::minimumSizeHint() const {
 void ElidedLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
-  style()->drawItemText(&painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                        palette(), isEnabled(), shown, foregroundRole());
+  const auto aligned = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter);
+  style()->drawItemText(&painter, contentsRect(), static_cast<int>(aligned) | Qt::TextSingleLine, palette(),
+                        isEnabled(), shown, foregroundRole());
 }
 
 }  // namespace quillmeter

@@ -1,4 +1,4 @@
-#include "charts/FadingPanel.h"
+#include "controls/FadingPanel.h"
 
 #include <gtest/gtest.h>
 

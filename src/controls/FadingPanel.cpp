@@ -1,4 +1,4 @@
-#include "charts/FadingPanel.h"
+#include "controls/FadingPanel.h"
 
 #include <QGraphicsOpacityEffect>
 #include <QPropertyAnimation>
@@ -17,6 +17,9 @@ FadingPanel::FadingPanel(QWidget* parent)
   effect_->setOpacity(1);
   setGraphicsEffect(effect_);
   fade_->setDuration(kFadeMilliseconds);
+  connect(fade_, &QPropertyAnimation::finished, this, [this] {
+    if (alphaValue_ <= 0) Q_EMIT fadedOut();
+  });
 }
 
 double FadingPanel::shownAlpha() const {
