@@ -10,6 +10,7 @@
 #include <climits>
 #include <exception>
 #include <memory>
+#include <new>
 #include <string_view>
 
 namespace quillmeter {
@@ -118,6 +119,10 @@ std::optional<std::vector<std::string>> FileSystem::listFolder(const std::string
   const int descriptor = openPath(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (descriptor < 0) return std::nullopt;
   const std::unique_ptr<DIR, int (*)(DIR*)> folder(::fdopendir(descriptor), ::closedir);
+  if (!folder) {
+    ::close(descriptor);
+    throw std::bad_alloc();  // an open folder can fail of nothing else
+  }
   std::vector<std::string> names;
   while (const dirent* entry = ::readdir(folder.get())) {
     const std::string_view name = entry->d_name;

@@ -214,6 +214,15 @@ TEST(Tool, RefusesWrongUsage) {
   }
 }
 
+TEST(Tool, SaysWhenItsHelpCannotBeWritten) {
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{"--help"}, {"--version"}, {"measure", "--help"}}) {
+    const ToolResult result = runTool(arguments, {.standardOutput = "/dev/full"});
+    EXPECT_EQ(result.status, 4);
+    EXPECT_EQ(result.errors, "quillmeter-cli: cannot write standard output: No space left on device\n");
+  }
+}
+
 TEST(Tool, ExplainsItself) {
   const ToolResult help = runTool({"--help"});
   EXPECT_EQ(help.status, 0);
