@@ -44,14 +44,20 @@ TEST(LittleMemory, IsAFailureThatTheUserIsToldOf) {
   const TemporaryFolder folder;
   const std::string project = bigProject(folder);
   const rlim_t least = leastToStart();
+  const std::string figures = runTool({"measure", project}).output;
   int failures = 0;
   ToolResult result;
   for (rlim_t space = least; space < least + 64 * kStep; space += kStep) {
     result = runToolWithin(space, {"measure", project});
-    if (result.status == 0) continue;
+    if (result.status == 0) {
+      EXPECT_EQ(result.output, figures) << space;
+      EXPECT_EQ(result.errors, "") << space;
+      continue;
+    }
     ++failures;
     EXPECT_EQ(result.status, 3) << space << ": " << result.errors;
-    EXPECT_NE(result.errors, "") << space;
+    EXPECT_EQ(result.errors, "quillmeter-cli: Not enough memory to do this\n") << space;
+    EXPECT_EQ(result.output, "") << space;
   }
   EXPECT_GT(failures, 0) << "nothing was scarce";
   EXPECT_EQ(result.status, 0) << "all of it was scarce: " << result.errors;
