@@ -1,12 +1,16 @@
 #include "app/ProjectRead.h"
 
+#include <chrono>
 #include <exception>
+#include <new>
 #include <utility>
 
 #include "app/StoppableFileSystem.h"
 
 namespace quillmeter {
 namespace {
+
+constexpr std::chrono::milliseconds kPatience{10};
 
 /// A project together with the file system that it reads through for as long as it lives.
 struct ProjectOnFileSystem {
@@ -45,7 +49,18 @@ void ProjectRead::run() {
   } catch (const std::exception&) {
     // No memory for the project, say. The user learns of it as of any project that cannot be read.
   }
-  postEnded(succeeded);
+  // The one message that must come. Where there is no memory for it, there will be, or nobody waits for it any more.
+  while (!wasEndPosted(succeeded) && !fileSystem_->isStopped())
+    std::this_thread::sleep_for(kPatience);
+}
+
+bool ProjectRead::wasEndPosted(bool succeeded) {
+  try {
+    postEnded(succeeded);
+    return true;
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
 }
 
 void ProjectRead::progressParsingProjectStarted() {
