@@ -1,5 +1,7 @@
 #include "app/Application.h"
 
+#include <unistd.h>
+
 #include <QApplication>
 #include <QFileInfo>
 #include <QSettings>
@@ -15,11 +17,14 @@
 #include "app/OpenPanel.h"
 #include "controls/NamedImage.h"
 #include "support/Addresses.h"
+#include "support/Text.h"
+#include "support/WriteAll.h"
 
 namespace quillmeter {
 namespace {
 
 constexpr int kWrongUsage = 2;
+constexpr int kOutputFailed = 4;
 
 void setUpToolkit() {
   QApplication::setApplicationName(QStringLiteral("Quillmeter"));
@@ -36,8 +41,7 @@ void setUpToolkit() {
 
 /// One call a line, so that lines of several threads do not mix.
 void writeLogLine(std::string_view line) {
-  std::string text(line);
-  text += '\n';
+  const std::string text = onOneLine(line) + '\n';
   std::fwrite(text.data(), 1, text.size(), stderr);
 }
 
@@ -58,8 +62,10 @@ std::span<const char* const> argumentsOf(int argc, char** argv) {
 int runApplication(int argc, char** argv) {
   // Help is given without a display, too.
   if (const auto output = readCommandLine(argumentsOf(argc, argv)).output) {
-    std::fputs(output->c_str(), stdout);
-    return 0;
+    const auto error = writeAll(STDOUT_FILENO, *output);
+    if (!error) return 0;
+    writeLogLine("quillmeter: cannot write standard output: " + *error);
+    return kOutputFailed;
   }
   keepFromStartingSessionBus();
   const QApplication application(argc, argv);  // takes the toolkit's own options out of the arguments

@@ -1,8 +1,10 @@
 #include "cli/Tool.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <atomic>
 #include <csignal>
 #include <cstdio>
 #include <new>
@@ -26,6 +28,9 @@ namespace {
 /// text, and a library function that may not throw would end the process in a crash. An output that is half
 /// written is left as an output whose writer was killed: the old one stays.
 [[noreturn]] void endForWantOfMemory() {
+  static constinit std::atomic_flag told;
+  while (told.test_and_set())
+    ::pause();  // another thread is at it
   constexpr std::string_view message = "quillmeter-cli: Not enough memory to do this\n";
   [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, message.data(), message.size());
   ::_exit(kNothingMeasured);
@@ -65,9 +70,20 @@ int runCommandLine(int argc, const char* const* argv) {
   return status;
 }
 
+/// Puts something on the places of standard streams that are closed, so that no file opened later comes to be
+/// one of them. What is put there can be neither read nor written.
+void occupyClosedStreams() {
+  for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
+    if (::fcntl(stream, F_GETFD) >= 0) continue;
+    // The lowest number that is free is given, which is this one.
+    if (::open("/", O_PATH | O_DIRECTORY) != stream) return;
+  }
+}
+
 }  // namespace
 
 int runTool(int argc, const char* const* argv) {
+  occupyClosedStreams();
   std::signal(SIGPIPE, SIG_IGN);
   endWhenMemoryRunsOut(endForWantOfMemory);
   try {
