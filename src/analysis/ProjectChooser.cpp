@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <new>
 #include <optional>
 #include <system_error>
 
@@ -35,9 +36,11 @@ std::string absoluteFolder(const std::string& argument) {
   namespace fs = std::filesystem;
   std::error_code error;
   fs::path path = fs::absolute(argument, error);
+  if (error == std::errc::not_enough_memory) throw std::bad_alloc();
   if (error) path = argument;
   if (std::find(path.begin(), path.end(), "..") != path.end()) {
     const fs::path resolved = fs::canonical(path, error);
+    if (error == std::errc::not_enough_memory) throw std::bad_alloc();
     if (!error) path = resolved;
   }
   return std::string(withoutTrailingSlashes(path.lexically_normal().string()));

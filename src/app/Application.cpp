@@ -1,5 +1,7 @@
 #include "app/Application.h"
 
+#include <unistd.h>
+
 #include <QApplication>
 #include <QFileInfo>
 #include <QSettings>
@@ -20,12 +22,14 @@
 #include "controls/NamedImage.h"
 #include "support/Addresses.h"
 #include "support/Text.h"
+#include "support/WriteAll.h"
 
 namespace quillmeter {
 namespace {
 
 constexpr int kNoDisplay = 1;
 constexpr int kWrongUsage = 2;
+constexpr int kOutputFailed = 4;
 
 void setUpToolkit() {
   QApplication::setApplicationName(QStringLiteral("Quillmeter"));
@@ -94,8 +98,10 @@ int runApplication(int argc, char** argv) {
   // Help is given, and wrong usage told, without a display, too.
   const CommandLine commandLine = readCommandLine(argumentsOf(argc, argv));
   if (commandLine.output) {
-    std::fputs(commandLine.output->c_str(), stdout);
-    return 0;
+    const auto error = writeAll(STDOUT_FILENO, *commandLine.output);
+    if (!error) return 0;
+    writeLogLine("quillmeter: cannot write standard output: " + *error);
+    return kOutputFailed;
   }
   if (commandLine.error) {
     std::fprintf(stderr, "quillmeter: %s\nTry 'quillmeter --help'.\n", onOneLine(*commandLine.error).c_str());

@@ -1,11 +1,18 @@
 #include "app/ProjectRead.h"
 
+#include <chrono>
 #include <exception>
+#include <new>
 #include <utility>
 
 #include "files/FileSystem.h"
 
 namespace quillmeter {
+namespace {
+
+constexpr std::chrono::milliseconds kPatience{10};
+
+}  // namespace
 
 ProjectRead::ProjectRead(std::function<void(ProjectRead&)> body, QObject* parent)
     : ProjectRead(FileSystem::real(), std::move(body), parent) {}
@@ -38,7 +45,18 @@ void ProjectRead::run() {
     // No memory for the project, say, or too few descriptors. The user learns of it as of any project that
     // cannot be read.
   }
-  postEnded(succeeded);
+  // The one message that must come. Where there is no memory for it, there will be, or nobody waits for it any more.
+  while (!wasEndPosted(succeeded) && !stopSource_.stop_requested())
+    std::this_thread::sleep_for(kPatience);
+}
+
+bool ProjectRead::wasEndPosted(bool succeeded) {
+  try {
+    postEnded(succeeded);
+    return true;
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
 }
 
 void ProjectRead::progressParsingProjectStarted() {

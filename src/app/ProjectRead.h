@@ -54,6 +54,7 @@ class ProjectRead final : public QObject, private ParseProjectDelegate {
   void progressParsingProjectEnded() override {}  // sent once the reader has let go of the project
 
   void run();
+  [[nodiscard]] bool wasEndPosted(bool succeeded);
   void postEnded(bool succeeded);
 
   std::function<void(ProjectRead&)> body_;

@@ -1,12 +1,12 @@
 #include "app/ReportMode.h"
 
+#include <unistd.h>
+
 #include <QApplication>
-#include <cerrno>
 #include <cstdio>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <system_error>
 
 #include "analysis/ParseProject.h"
 #include "export/Export.h"
@@ -14,6 +14,7 @@
 #include "stats/CanvasReportChart.h"
 #include "support/NumberFormat.h"
 #include "support/Text.h"
+#include "support/WriteAll.h"
 
 namespace quillmeter {
 namespace {
@@ -41,9 +42,9 @@ ReportSource sourceOf(const std::shared_ptr<const MeasuredProject>& project) {
 /// Why the bytes could not be written to standard output; nothing on success.
 std::optional<std::string> writeToStandardOutput(const std::optional<std::string>& document) {
   if (!document) return "the document does not fit into memory";
-  const bool written = std::fwrite(document->data(), 1, document->size(), stdout) == document->size();
-  if (written && std::fflush(stdout) == 0) return std::nullopt;
-  return "cannot write standard output: " + std::generic_category().message(errno);
+  const auto error = writeAll(STDOUT_FILENO, *document);
+  if (error) return "cannot write standard output: " + *error;
+  return std::nullopt;
 }
 
 int report(const std::string& file, const FileGroups& groups, const std::string& bundle) {

@@ -1,7 +1,5 @@
 #include <CLI/CLI.hpp>
-#include <cerrno>
 #include <cstdint>
-#include <cstring>
 #include <memory>
 #include <optional>
 #include <string>
@@ -12,9 +10,8 @@
 #include "cli/ExitStatus.h"
 #include "cli/JsonWriter.h"
 #include "cli/Measurement.h"
+#include "cli/MethodCounts.h"
 #include "cli/Output.h"
-#include "files/FileSystem.h"
-#include "parsers/RegulatorParser.h"
 #include "support/Text.h"
 
 namespace quillmeter {
@@ -25,18 +22,12 @@ struct MethodsOptions {
   std::string format = "table";
 };
 
-struct MethodCounts {
-  std::int64_t methods = 0;
-  std::int64_t staticMethods = 0;
-  std::int64_t instanceMethods = 0;
-};
-
 /// What a format does with the result of each file, in the order of the arguments.
 class CountsFormat {
  public:
   virtual ~CountsFormat() = default;
   virtual void begin() = 0;
-  /// `counts` are absent for a file without a parser and for one that cannot be opened.
+  /// `counts` are absent for a file without a parser and for one that cannot be read.
   virtual void file(const std::string& path, const std::optional<MethodCounts>& counts) = 0;
   virtual void end() = 0;
 };
@@ -117,25 +108,6 @@ class TableFormat final : public CountsFormat {
   MethodCounts sum_;
 };
 
-/// Why the file at `path` cannot be opened for counting; nothing when it can.
-std::optional<std::string> obstacleTo(const std::string& path) {
-  const auto file = FileSystem::real().open(path);
-  if (!file) return std::strerror(file.error().number);
-  const auto status = FileSystem::real().statusOfOpen(*file);
-  if (!status) return std::strerror(status.error().number);
-  if (status->type == FileStatus::Type::folder) return std::strerror(EISDIR);
-  if (status->type != FileStatus::Type::regular) return "Not a regular file";
-  return std::nullopt;
-}
-
-std::optional<MethodCounts> countsOf(const std::string& path) {
-  // An Objective-C parser reads one file only.
-  RegulatorParser parser;
-  const auto stats = parser.parseFile(path);
-  if (!stats) return std::nullopt;
-  return MethodCounts{stats->noMethods(), stats->noStaticMethods(), stats->noInstanceMethods()};
-}
-
 std::unique_ptr<CountsFormat> formatNamed(const std::string& name, Output& output) {
   if (name == "json") return std::make_unique<JsonFormat>(output);
   return std::make_unique<TableFormat>(output);
@@ -147,12 +119,12 @@ int countMethods(const MethodsOptions& options) {
   const auto format = formatNamed(options.format, output);
   format->begin();
   for (const std::string& path : options.files) {
-    const auto obstacle = obstacleTo(path);
-    if (obstacle) {
-      complain(path + ": " + *obstacle);
+    const CountedFile counted = countedFile(path);
+    if (counted.obstacle) {
+      complain(path + ": " + *counted.obstacle);
       status = kNothingMeasured;
     }
-    format->file(path, obstacle ? std::nullopt : countsOf(path));
+    format->file(path, counted.counts);
   }
   format->end();
   return statusAfter(output, status);
@@ -171,7 +143,7 @@ void addMethodsCommand(CLI::App& app, int& status) {
       ->capture_default_str();
   command->footer(
       "Functions declared static and methods with a \"+\" count as static, all others as instance\n"
-      "methods. A file of another kind has no counts. Exit status 3 when a file cannot be opened.\n"
+      "methods. A file of another kind has no counts. Exit status 3 when a file cannot be read.\n"
       "\n"
       "Examples:\n"
       "  quillmeter-cli methods Classes/*.m\n"

@@ -2,10 +2,8 @@
 
 #include <unistd.h>
 
-#include <cerrno>
-#include <system_error>
-
 #include "support/AtomicFile.h"
+#include "support/WriteAll.h"
 
 namespace quillmeter {
 Output::Output(const std::optional<std::string>& path)
@@ -27,21 +25,12 @@ void Output::flush() {
 
 void Output::writeOut(std::string_view text) {
   if (file_) return file_->write(text);
-  while (!text.empty() && error_ == 0) {
-    const ssize_t written = ::write(STDOUT_FILENO, text.data(), text.size());
-    if (written >= 0) {
-      text.remove_prefix(static_cast<std::size_t>(written));
-    } else if (errno != EINTR) {
-      error_ = errno;
-    }
-  }
+  if (!error_) error_ = writeAll(STDOUT_FILENO, text);
 }
 
 std::optional<std::string> Output::finish() {
   flush();
-  std::optional<std::string> reason;
-  if (file_) reason = file_->commit();
-  if (error_ != 0) reason = std::generic_category().message(error_);
+  const std::optional<std::string> reason = file_ ? file_->commit() : error_;
   if (!reason) return std::nullopt;
   return "cannot write " + name_ + ": " + *reason;
 }

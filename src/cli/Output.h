@@ -40,7 +40,7 @@ class Output {
   std::unique_ptr<AtomicFile> file_;
   std::array<char, std::size_t{1} << 16> buffer_;
   std::size_t filled_ = 0;
-  int error_ = 0;
+  std::optional<std::string> error_;  ///< of standard output
 };
 
 }  // namespace quillmeter

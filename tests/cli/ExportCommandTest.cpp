@@ -131,8 +131,9 @@ TEST_F(ExportCommand, OldTableSurvivesAToolThatIsKilledWhileItWrites) {
   ASSERT_TRUE(WIFSIGNALED(status));
   EXPECT_EQ(WTERMSIG(status), SIGXFSZ);
   EXPECT_EQ(readFile(folder / "out.csv"), "old");
-  EXPECT_THAT(entries(), ::testing::UnorderedElementsAre("out.csv", StartsWith(".quillmeter-")))
-      << "it was killed in the middle of writing";
+  // Where files need a name while they are written, the next export removes what is left.
+  EXPECT_EQ(runTool({"export", "--csv", folder / "other.csv", bundle}).status, 0);
+  EXPECT_THAT(entries(), ::testing::UnorderedElementsAre("out.csv", "other.csv"));
 }
 
 TEST_F(ExportCommand, OldTableSurvivesAFullDisk) {
@@ -148,6 +149,34 @@ TEST_F(ExportCommand, OldTableSurvivesAFullDisk) {
   ASSERT_TRUE(WIFEXITED(status));
   EXPECT_EQ(readFile(log), "status 4\noldout.csv\n");
   EXPECT_THAT(readFile(project / "errors"), HasSubstr("out.csv: No space left on device"));
+}
+
+TEST_F(ExportCommand, ClosedStandardOutputIsAFailedOutput) {
+  const std::string errors = " >&- 2>'" + (project / "errors") + "'";
+  EXPECT_EQ(WEXITSTATUS(runShell(toolCommand("--csv - '" + bundle + "'") + errors)), 4);
+  EXPECT_THAT(readFile(project / "errors"), HasSubstr("cannot write standard output: Bad file descriptor"));
+}
+
+TEST_F(ExportCommand, FileIsNotTakenForAClosedStandardStream) {
+  for (const std::string closed : {" >&-", " 2>&-", " <&- >&- 2>&-"}) {
+    const std::string file = folder / "out.csv";
+    EXPECT_EQ(WEXITSTATUS(runShell(toolCommand("--csv '" + file + "' '" + bundle + "'") + closed)), 0)
+        << closed;
+    EXPECT_EQ(readFile(file), kHeader + kRows) << closed;
+    std::filesystem::remove(file);
+    // What is said of a project that cannot be read goes nowhere, and not into the file.
+    EXPECT_EQ(WEXITSTATUS(runShell(toolCommand("--csv '" + file + "' /missing") + closed)), 3) << closed;
+    EXPECT_FALSE(std::filesystem::exists(file)) << closed;
+  }
+}
+
+TEST_F(ExportCommand, ReaderThatGoesAwayIsAFailedOutput) {
+  const int status =
+      runShell("{ " + toolCommand("--csv - '" + longProject() + "' 2>'" + (project / "errors") + "'") +
+               "; echo $? >'" + (project / "status") + "'; } | true");
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(readFile(project / "status"), "4\n");
+  EXPECT_THAT(readFile(project / "errors"), HasSubstr("cannot write standard output: Broken pipe"));
 }
 
 TEST_F(ExportCommand, HelpTellsTheOptions) {
@@ -170,6 +199,58 @@ TEST_F(ExportCommand, MissingApplicationIsAFailedOutput) {
                                                  HasSubstr("missing"), HasSubstr(folder / "quillmeter")));
   EXPECT_EQ(readFile(folder / "out.pdf"), "old");
   EXPECT_EQ(readFile(folder / "out.csv"), kHeader + kRows);
+}
+
+/// A copy of the tool with a script in the application's place.
+class ScriptedReport : public ExportCommand {
+ protected:
+  ScriptedReport() {
+    std::filesystem::copy_file(QUILLMETER_BINARY_DIR "/bin/quillmeter-cli", folder / "quillmeter-cli");
+  }
+
+  void script(const std::string& commands) const {
+    folder.file("quillmeter", "#!/bin/sh\n" + commands + "\n");
+    std::filesystem::permissions(folder / "quillmeter", std::filesystem::perms::owner_all);
+  }
+
+  [[nodiscard]] std::string command(const std::string& arguments) const {
+    return "'" + (folder / "quillmeter-cli") + "' export --quiet " + arguments + " '" + bundle + "' 2>'" +
+           (folder / "errors") + "'";
+  }
+};
+
+TEST_F(ScriptedReport, StatusOfTheApplicationIsTheTools) {
+  for (const int status : {0, 3, 4}) {
+    script("exit " + std::to_string(status));
+    EXPECT_EQ(WEXITSTATUS(runShell(command("--pdf out.pdf"))), status);
+    EXPECT_EQ(readFile(folder / "errors"), "") << "the application has told why";
+  }
+}
+
+TEST_F(ScriptedReport, FailedTableBesideAGoodReportIsAFailure) {
+  script("touch '" + (folder / "reported") + "'");
+  EXPECT_EQ(WEXITSTATUS(runShell(command("--pdf out.pdf --csv '" + (folder / "missing/out.csv") + "'"))), 4);
+  EXPECT_TRUE(std::filesystem::exists(folder / "reported")) << "the report is made all the same";
+}
+
+TEST_F(ScriptedReport, PathsInItsMessagesStayOnOneLine) {
+  script("exit 9");
+  EXPECT_EQ(WEXITSTATUS(runShell(command("--pdf 'two\nlines.pdf'"))), 4);
+  EXPECT_EQ(readFile(folder / "errors"),
+            "quillmeter-cli: cannot make the PDF report: the application ended with status 9\n");
+}
+
+TEST_F(ScriptedReport, EndsWithAToolThatIsKilled) {
+  const std::string application = folder / "pid";
+  script("echo $$ >'" + application + ".new'; mv '" + application + ".new' '" + application +
+         "'; exec sleep 600");
+  EXPECT_EQ(
+      runShell(
+          "{ " + command("--pdf out.pdf") + " & } ; for i in $(seq 3000); do test -e '" + application +
+          "' && break; sleep 0.01; done; kill -KILL $!; wait $!; for i in $(seq 3000); do kill -0 $(cat '" +
+          application + "') 2>&- || exit 0; case $(cut -d' ' -f3 /proc/$(cat '" + application +
+          "')/stat) in Z) exit 0;; esac; sleep 0.01; done; kill $(cat '" + application + "'); exit 1"),
+      0);
 }
 
 TEST_F(ExportCommand, ApplicationThatDoesNotStartIsAFailedOutput) {

@@ -66,7 +66,8 @@ TEST(LittleMemory, IsAFailureThatTheUserIsToldOf) {
     ++failures;
     EXPECT_EQ(result.output, "") << space;
     EXPECT_EQ(result.status, 3) << space << ": " << result.errors;
-    EXPECT_NE(result.errors, "") << space;
+    EXPECT_EQ(result.errors, "quillmeter-cli: Not enough memory to do this\n") << space;
+    EXPECT_EQ(result.output, "") << space;
   }
   EXPECT_GT(failures, 0) << "nothing was scarce";
   EXPECT_EQ(result.status, 0) << "all of it was scarce: " << result.errors;

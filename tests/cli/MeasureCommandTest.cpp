@@ -83,6 +83,33 @@ TEST_F(MeasureCommand, QuotesCsvFieldsThatNeedIt) {
             std::string::npos);
 }
 
+TEST_F(MeasureCommand, QuotesCsvFieldsThatHoldALineBreak) {
+  // No reference holds a line break, but the folder that the project lies in may.
+  for (const std::string name : {"two\nlines", "two\rlines"}) {
+    folder.file(name + "/App.xcodeproj/project.pbxproj", testing::projectText({"a.m"}));
+    folder.file(name + "/a.m");
+    EXPECT_NE(runTool({"measure", "--format", "csv", folder / name})
+                  .output.find("\na.m,\"" + (folder / name) + "/a.m\",0,"),
+              std::string::npos)
+        << name;
+  }
+}
+
+TEST_F(MeasureCommand, AlignsColumnsByCharactersAndTakesTheLocaleAsTheLibraryDoes) {
+  folder.file("a.m", "// one\nint  a;\n" + std::string(1500, '\n'));
+  // A French group is parted by a space of three bytes, so its "503" ends where a short number does.
+  const ToolResult result = runTool({"measure", folder.path()},
+                                    {.variables = {"LC_ALL=", "LC_NUMERIC=fr_FR.UTF-8", "LANG=de_DE.UTF-8"}});
+  EXPECT_NE(result.output.find("Lines in total                  1\u202F503\n"
+                               "Thousand lines (KLOC)            1.50\n"),
+            std::string::npos)
+      << result.output;
+  EXPECT_NE(result.output.find("Code                       1  1\u202F503          2 "), std::string::npos)
+      << result.output;
+  EXPECT_NE(result.output.find("Images                     1      -          - "), std::string::npos)
+      << result.output;
+}
+
 TEST_F(MeasureCommand, TakesBundlesRelativePathsAndTrailingSlashes) {
   const std::string output = runTool({"measure", "--format", "json", folder.path()}).output;
   EXPECT_EQ(runTool({"measure", "--format", "json", bundle}).output, output);
@@ -211,6 +238,15 @@ TEST(Tool, RefusesWrongUsage) {
     const ToolResult result = runTool(arguments);
     EXPECT_EQ(result.status, 2);
     EXPECT_NE(result.errors, "");
+  }
+}
+
+TEST(Tool, SaysWhenItsHelpCannotBeWritten) {
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{"--help"}, {"--version"}, {"measure", "--help"}}) {
+    const ToolResult result = runTool(arguments, {.standardOutput = "/dev/full"});
+    EXPECT_EQ(result.status, 4);
+    EXPECT_EQ(result.errors, "quillmeter-cli: cannot write standard output: No space left on device\n");
   }
 }
 

@@ -1,0 +1,37 @@
+#include "support/MemoryGuard.h"
+
+#include <unicode/uclean.h>
+
+#include <cstdlib>
+#include <new>
+
+namespace quillmeter {
+namespace {
+
+void* orEnd(void* memory) {
+  if (memory == nullptr) std::get_new_handler()();
+  return memory;
+}
+
+// The Unicode library never asks for nothing.
+void* allocate(const void* /*context*/, std::size_t size) {
+  return orEnd(std::malloc(size));
+}
+
+void* reallocate(const void* /*context*/, void* memory, std::size_t size) {
+  return orEnd(std::realloc(memory, size));
+}
+
+void release(const void* /*context*/, void* memory) {
+  std::free(memory);
+}
+
+}  // namespace
+
+void endWhenMemoryRunsOut(void (*end)()) {
+  std::set_new_handler(end);
+  UErrorCode status = U_ZERO_ERROR;
+  u_setMemoryFunctions(nullptr, allocate, reallocate, release, &status);
+}
+
+}  // namespace quillmeter

@@ -1,0 +1,114 @@
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <string>
+
+#include "helpers/TemporaryFolder.h"
+#include "support/AtomicFile.h"
+#include "support/WritingSystem.h"
+
+namespace quillmeter {
+namespace {
+
+using testing::readFile;
+using testing::TemporaryFolder;
+
+/// The disk, but one of its calls fails; optionally one without unnamed files, and with short writes.
+class FaultySystem final : public WritingSystem {
+ public:
+  FaultySystem(int failingCall, int error, bool naming)
+      : failingCall_(failingCall), error_(error), naming_(naming) {}
+
+  [[nodiscard]] int calls() const { return calls_; }
+  [[nodiscard]] bool failedToRemove() const { return failedToRemove_; }
+
+  [[nodiscard]] int status(const std::string& path, struct stat& status) const override {
+    return fails() ? -1 : WritingSystem::status(path, status);
+  }
+  [[nodiscard]] int statusOfOpen(int descriptor, struct stat& status) const override {
+    return fails() ? -1 : WritingSystem::statusOfOpen(descriptor, status);
+  }
+  [[nodiscard]] int accessForWriting(const std::string& path) const override {
+    return fails() ? -1 : WritingSystem::accessForWriting(path);
+  }
+  [[nodiscard]] int openUnnamed(const std::string& folder, mode_t mode) const override {
+    return naming_ || fails() ? -1 : WritingSystem::openUnnamed(folder, mode);
+  }
+  [[nodiscard]] int openNew(const std::string& path, mode_t mode) const override {
+    return fails() ? -1 : WritingSystem::openNew(path, mode);
+  }
+  [[nodiscard]] int lock(int descriptor) const override {
+    return fails() ? -1 : WritingSystem::lock(descriptor);
+  }
+  [[nodiscard]] int setOwner(int descriptor, uid_t owner, gid_t group) const override {
+    return fails() ? -1 : WritingSystem::setOwner(descriptor, owner, group);
+  }
+  [[nodiscard]] int setMode(int descriptor, mode_t mode) const override {
+    return fails() ? -1 : WritingSystem::setMode(descriptor, mode);
+  }
+  [[nodiscard]] ssize_t write(int descriptor, std::string_view bytes) const override {
+    return fails() ? -1 : WritingSystem::write(descriptor, bytes.substr(0, bytes.size() / 2 + 1));
+  }
+  [[nodiscard]] int sync(int descriptor) const override {
+    return fails() ? -1 : WritingSystem::sync(descriptor);
+  }
+  [[nodiscard]] int link(int descriptor, const std::string& path) const override {
+    return fails() ? -1 : WritingSystem::link(descriptor, path);
+  }
+  [[nodiscard]] int rename(const std::string& from, const std::string& to) const override {
+    return fails() ? -1 : WritingSystem::rename(from, to);
+  }
+  int remove(const std::string& path) const override {
+    if (!fails()) return WritingSystem::remove(path);
+    failedToRemove_ = true;
+    return -1;
+  }
+
+ private:
+  [[nodiscard]] bool fails() const {
+    const bool failing = calls_++ == failingCall_;
+    if (failing) errno = error_;
+    return failing;
+  }
+
+  int failingCall_;
+  int error_;
+  bool naming_;
+  mutable int calls_ = 0;
+  mutable bool failedToRemove_ = false;
+};
+
+class WritingFaults : public ::testing::TestWithParam<std::tuple<int, bool>> {};
+
+TEST_P(WritingFaults, LeaveTheWholeNewFileOrTheOldOne) {
+  const auto [error, naming] = GetParam();
+  const std::string content(1000, 'n');
+  int failures = 0;
+  for (int call = 0;; ++call) {
+    const TemporaryFolder folder;
+    folder.file("a.csv", "old");
+    // A leftover of another process, so that there is something to remove.
+    folder.file(".quillmeter-17.part", "left");
+    const FaultySystem system(call, error, naming);
+    const auto message = writeFileAtomically(folder / "a.csv", content, system);
+    EXPECT_EQ(readFile(folder / "a.csv"), message ? "old" : content) << call;
+    failures += message ? 1 : 0;
+    std::size_t entries = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
+      entries += entry.path().filename() == ".quillmeter-17.part" ? 0U : 1U;
+    EXPECT_TRUE(entries == 1U || system.failedToRemove()) << call;
+    if (system.calls() <= call) break;
+  }
+  // Interrupted calls are made again.
+  EXPECT_GE(failures, error == EINTR ? 1 : 4);
+}
+
+INSTANTIATE_TEST_SUITE_P(EachError, WritingFaults,
+                         ::testing::Combine(::testing::Values(EIO, ENOSPC, EDQUOT, EACCES, EPERM, EROFS,
+                                                              EMFILE, ENOMEM, ENOENT, EEXIST, EINTR,
+                                                              EOPNOTSUPP, EWOULDBLOCK),
+                                            ::testing::Bool()));
+
+}  // namespace
+}  // namespace quillmeter
