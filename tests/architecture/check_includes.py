@@ -15,6 +15,7 @@ ARROWS = {
     "files": {"support"},
     "measuring": {"support", "files"},
     "analysis": {"support", "files", "measuring"},
+    "compare": {"support", "files", "measuring", "analysis"},
     "parsers": {"support", "files"},
     "reminder": {"support", "controls"},
     "controls": {"support"},
@@ -23,7 +24,9 @@ ARROWS = {
     "overview": {"support", "measuring", "analysis", "controls"},
     "tables": {"support", "measuring", "analysis", "controls"},
     "stats": {"support", "measuring", "analysis", "controls", "charts", "export", "overview", "tables", "reminder"},
-    "cli": {"support", "files", "measuring", "analysis", "parsers", "overview", "tables", "charts", "export"},
+    "page": {"support", "measuring", "analysis", "charts", "overview"},
+    "cli": {"support", "files", "measuring", "analysis", "compare", "parsers", "overview", "tables", "charts", "export",
+            "page"},
     "app": {"support", "files", "measuring", "analysis", "controls", "charts", "export", "overview", "tables",
             "stats", "reminder"},
 }

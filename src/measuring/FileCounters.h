@@ -1,0 +1,30 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+#include "measuring/FileObject.h"
+
+namespace quillmeter {
+
+/// One number of a file under the name that all machine-readable outputs give it. The names never change.
+struct FileCounter {
+  std::string_view name;
+  const std::optional<Number>& (FileObject::*value)() const;
+};
+
+inline constexpr std::size_t kFileCounters = 7;
+
+inline constexpr std::array<FileCounter, kFileCounters> kFileCounterFields = {{
+    {"fileSize", &FileObject::fileSize},
+    {"noLinesTotal", &FileObject::noLinesTotal},
+    {"noLinesComments", &FileObject::noLinesComments},
+    {"noLinesWithoutSpaces", &FileObject::noLinesWithoutSpaces},
+    {"noWords", &FileObject::noWords},
+    {"noCharactersWithoutSpaces", &FileObject::noCharactersWithoutSpaces},
+    {"noCharactersTotal", &FileObject::noCharactersTotal},
+}};
+
+}  // namespace quillmeter
