@@ -23,6 +23,9 @@ struct ReadOptions {
 /// Adds the project and how it is read to a command's arguments. `options` must outlive the command.
 void addReadOptions(CLI::App& command, ReadOptions& options);
 
+/// Adds how a project is read alone, for a command that takes its projects in a way of its own.
+void addReadingFlags(CLI::App& command, ReadOptions& options);
+
 /// Reads the project. Null when not one file could be measured; the user has been told on standard error
 /// then.
 [[nodiscard]] std::unique_ptr<ParseProject> readProject(const ReadOptions& options);

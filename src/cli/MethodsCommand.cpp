@@ -13,6 +13,7 @@
 #include "cli/JsonWriter.h"
 #include "cli/Measurement.h"
 #include "cli/Output.h"
+#include "cli/Suggestions.h"
 #include "files/FileSystem.h"
 #include "parsers/RegulatorParser.h"
 #include "support/Text.h"
@@ -166,7 +167,7 @@ void addMethodsCommand(CLI::App& app, int& status) {
   command->add_option("FILE", options->files, "C, C++ and Objective-C sources: .c, .cpp, .m, .mm")
       ->required();
   command->add_option("--format", options->format, "table: to read; json: to process further")
-      ->check(CLI::IsMember({"table", "json"}))
+      ->check(oneOf({"table", "json"}))
       ->capture_default_str();
   command->footer(
       "Functions declared static and methods with a \"+\" count as static, all others as instance\n"

@@ -61,7 +61,7 @@ std::string nameFault(std::string_view name, bool ofAnyFile) {
     known.emplace_back(totalNames()[i]);
   std::string why = "there is no number '" + std::string(name) + "'";
   if (ofAnyFile) why += " of a file";
-  if (const auto nearest = nearestWord(name, known)) return why + ", did you mean " + *nearest + "?";
+  if (const auto nearest = nearestWord(name, known)) return why + " (did you mean " + *nearest + "?)";
   why += ", there are";
   for (const std::string& each : known)
     why += (&each == &known.front() ? " " : ", ") + each;

@@ -11,9 +11,9 @@ namespace {
 /// Longer words come from nobody's fingers; they are not worth a table of their square.
 constexpr std::size_t kLongestWord = 64;
 
-/// How many slips are still a slip: one in a short word, a third of the letters in a longer one.
+/// How many slips are still a slip: one in a short word, more in a longer one, none in a letter or two.
 std::size_t tolerance(std::size_t letters) {
-  return std::max<std::size_t>(1, (letters + 1) / 3);
+  return letters / 3;
 }
 
 }  // namespace

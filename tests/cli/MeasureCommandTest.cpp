@@ -36,7 +36,9 @@ TEST_F(MeasureCommand, WritesEveryFileAsJson) {
   const ToolResult result = runTool({"measure", "--format", "json", folder.path()});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.errors, "");
+  EXPECT_EQ(result.output.find("{\"version\": 1, "), 0U);
   const json expected = {
+      {"version", 1},
       {"projectTitle", "App"},
       {"initialPath", bundle},
       {"files",
