@@ -27,7 +27,8 @@ void addTopOption(CLI::App& command, ComparisonOptions& options);
 
 /// Writes the comparison and checks the limits. Gives the exit status; measurements by different rules are
 /// refused.
-[[nodiscard]] int showComparison(const Snapshot& before, const Snapshot& after, const ComparisonOptions& options);
+[[nodiscard]] int showComparison(const Snapshot& before, const Snapshot& after,
+                                 const ComparisonOptions& options);
 
 /// What a limit looks like, for the help of a command.
 inline constexpr std::string_view kLimitHelp =

@@ -14,6 +14,14 @@ bool isPlain(char letter) {
   return std::isalnum(byte) != 0 || letter == ' ' || letter == '/' || letter == '-' || letter == '.';
 }
 
+/// Between letters an underscore formats nothing, and most names are easier to read with it.
+bool joinsLetters(std::string_view text, std::size_t place) {
+  const auto isLetter = [&](std::size_t i) {
+    return i < text.size() && std::isalnum(static_cast<unsigned char>(text[i])) != 0;
+  };
+  return text[place] == '_' && place > 0 && isLetter(place - 1) && isLetter(place + 1);
+}
+
 bool followsWww(std::string_view text, std::size_t place) {
   return place >= 3 && lowerCased(text.substr(place - 3, 3)) == "www";
 }
@@ -28,9 +36,10 @@ std::string markdownName(std::string_view name) {
   for (std::size_t i = 0; i < text.size();) {
     const Utf8Character character = firstCharacter(text.substr(i));
     const bool isDotOfALink = text[i] == '.' && followsWww(text, i);
+    const bool standsForItself = (isPlain(text[i]) && !isDotOfALink) || joinsLetters(text, i);
     if (!character.valid) {
       markdown += "\uFFFD";
-    } else if (character.bytes > 1 || (isPlain(text[i]) && !isDotOfALink)) {
+    } else if (character.bytes > 1 || standsForItself) {
       markdown += text.substr(i, character.bytes);
     } else {
       markdown += "&#" + std::to_string(static_cast<int>(text[i])) + ";";

@@ -24,7 +24,8 @@ void writeFiles(const Comparison& comparison, const DecimalFormatter& formatter,
   for (std::size_t i = 0; i < count; ++i) {
     const FileChange& file = comparison.differences.files[i];
     const std::string from = file.kind == ChangeKind::moved ? onOneLine(file.earlierPath) + " -> " : "";
-    rows.push_back({std::string(changeName(file.kind)), signedCount(file.difference(kLinesCounter), formatter),
+    rows.push_back({std::string(changeName(file.kind)),
+                    signedCount(file.difference(kLinesCounter), formatter),
                     signedSize(file.difference(kSizeCounter), formatter), from + onOneLine(file.path)});
   }
   output.write("\n");

@@ -8,7 +8,8 @@
 namespace quillmeter {
 
 void addLimitOptions(CLI::App& command, LimitOptions& options) {
-  command.add_option("--fail-if", options.texts, "Exit with status 1 when the numbers pass LIMIT (see below)")
+  command
+      .add_option("--fail-if", options.texts, "Exit with status 1 when the numbers pass LIMIT (see below)")
       ->type_name("LIMIT")
       ->expected(1)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)

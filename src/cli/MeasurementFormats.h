@@ -13,7 +13,8 @@ void writeTable(const MeasuredProject& project, Output& output);
 /// The form of `writeJson`, described in docs/json.md. It grows when a member changes its meaning or goes.
 inline constexpr std::int64_t kMeasurementJsonVersion = 1;
 
-/// The form's version, the project's title and path, every file in section order with absent values as null, and the totals.
+/// The form's version, the project's title and path, every file in section order with absent values as null,
+/// and the totals.
 void writeJson(const MeasuredProject& project, Output& output);
 
 /// A header and one row a file in section order with all fields; absent values are empty. A field that holds

@@ -23,7 +23,8 @@ std::string inQuotes(std::string_view text) {
 }
 
 /// ", did you mean X?", or `otherwise`.
-std::string question(const std::string& word, const std::vector<std::string>& known, const std::string& otherwise) {
+std::string question(const std::string& word, const std::vector<std::string>& known,
+                     const std::string& otherwise) {
   const auto nearest = nearestWord(word, known);
   return nearest ? ", did you mean " + *nearest + "?" : otherwise;
 }
@@ -69,7 +70,8 @@ std::string noCommand(const std::string& word, const CLI::App& app) {
   const std::vector<std::string> names = commandNames(app);
   std::string others = ", there are " + joined(names);
   if (exists(word)) others = ", did you mean 'measure " + onOneLine(word) + "'?";
-  if (const auto option = nearestWord("--" + word, optionNames(app))) others = ", did you mean " + *option + "?";
+  if (const auto option = nearestWord("--" + word, optionNames(app)))
+    others = ", did you mean " + *option + "?";
   return "there is no command " + inQuotes(word) + question(word, names, others);
 }
 
@@ -86,7 +88,8 @@ std::string libraryMessage(const CLI::Error& error, const CLI::App& command) {
       return option->get_name() + " is missing: " + onOneLine(option->get_description());
     }
   }
-  if (isError(error, CLI::ExitCodes::ArgumentMismatch)) return text.substr(0, text.find(':')) + " needs a value";
+  if (isError(error, CLI::ExitCodes::ArgumentMismatch))
+    return text.substr(0, text.find(':')) + " needs a value";
   return text;
 }
 

@@ -7,7 +7,8 @@
 
 namespace quillmeter {
 
-void writeTextColumns(const std::vector<std::vector<std::string>>& rows, const LeftColumns& left, Output& output) {
+void writeTextColumns(const std::vector<std::vector<std::string>>& rows, const LeftColumns& left,
+                      Output& output) {
   if (rows.empty()) return;
   std::vector<std::size_t> widths(rows.front().size());
   for (const auto& row : rows) {

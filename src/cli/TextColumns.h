@@ -12,6 +12,7 @@ class Output;
 using LeftColumns = std::vector<std::size_t>;
 
 /// Writes rows of equally many cells in columns two blanks apart, without blanks at the ends of lines.
-void writeTextColumns(const std::vector<std::vector<std::string>>& rows, const LeftColumns& left, Output& output);
+void writeTextColumns(const std::vector<std::vector<std::string>>& rows, const LeftColumns& left,
+                      Output& output);
 
 }  // namespace quillmeter

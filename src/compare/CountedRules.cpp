@@ -11,7 +11,7 @@ namespace quillmeter {
 namespace {
 
 constexpr std::array<std::string_view, 19> kCurrentSources = {
-    "c",   "cc", "cp",  "cpp", "cxx", "c++", "metal", "h", "hh", "hp",
+    "c",   "cc",  "cp",  "cpp", "cxx", "c++", "metal", "h",  "hh",   "hp",
     "hpp", "hxx", "h++", "inl", "ipp", "pch", "m",     "mm", "swift"};
 
 std::string asciiLowered(std::string_view text) {

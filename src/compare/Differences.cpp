@@ -41,9 +41,8 @@ auto identity(const SnapshotFile& file) {
 }
 
 void sortByIdentity(Pointers& files) {
-  std::stable_sort(files.begin(), files.end(), [](const SnapshotFile* a, const SnapshotFile* b) {
-    return identity(*a) < identity(*b);
-  });
+  std::stable_sort(files.begin(), files.end(),
+                   [](const SnapshotFile* a, const SnapshotFile* b) { return identity(*a) < identity(*b); });
 }
 
 int compareIdentity(const SnapshotFile* a, const SnapshotFile* b) {

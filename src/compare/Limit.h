@@ -21,9 +21,9 @@ struct Limit {
   enum class Operator { above, atLeast, below, atMost };
   enum class Unit { value, difference, percent };
 
-  std::string text;          ///< as the user wrote it
-  bool ofAnyFile = false;    ///< of any one file, not of the whole project
-  std::size_t measure = 0;   ///< place in `totalNames`
+  std::string text;         ///< as the user wrote it
+  bool ofAnyFile = false;   ///< of any one file, not of the whole project
+  std::size_t measure = 0;  ///< place in `totalNames`
   Operator comparison = Operator::above;
   Unit unit = Unit::value;
   std::int64_t threshold = 0;  ///< millionths of a per cent, or units

@@ -74,7 +74,8 @@ void arrange(Snapshot& snapshot) {
   for (const SnapshotFile& file : snapshot.files) {
     const bool isCode = isSourceCode(file.path, snapshot.rules);
     for (std::size_t i = 0; i < kFileCounters; ++i) {
-      if (i == kSizeCounter || isCode) snapshot.totals[i] = saturatedSum(snapshot.totals[i], file.counters[i]);
+      if (i == kSizeCounter || isCode)
+        snapshot.totals[i] = saturatedSum(snapshot.totals[i], file.counters[i]);
     }
   }
 }

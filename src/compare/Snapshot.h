@@ -43,7 +43,8 @@ struct Snapshot {
   std::string projectTitle;
   std::string initialPath;  ///< the bundle
   std::string rules;        ///< by which the files were chosen
-  std::vector<SnapshotFile> files;  ///< by path, then by counters; one that is referenced twice is there twice
+  std::vector<SnapshotFile>
+      files;  ///< by path, then by counters; one that is referenced twice is there twice
   Totals totals{};
 };
 

@@ -177,11 +177,8 @@ class MeasurementReader {
     return std::move(snapshot_);
   }
 
-  Snapshot snapshot_{.projectTitle = {},
-                     .initialPath = {},
-                     .rules = std::string(kClassicRules),
-                     .files = {},
-                     .totals = {}};
+  Snapshot snapshot_{
+      .projectTitle = {}, .initialPath = {}, .rules = std::string(kClassicRules), .files = {}, .totals = {}};
   bool hasTitle_ = false;
   bool hasPath_ = false;
   bool hasFiles_ = false;
@@ -195,7 +192,8 @@ SnapshotReading readSnapshot(std::string json) {
     const std::size_t size = json.size();
     json.resize(size + simdjson::SIMDJSON_PADDING);
     ondemand::parser parser;
-    ondemand::document document = parser.iterate(simdjson::padded_string_view(json.data(), size, json.size()));
+    ondemand::document document =
+        parser.iterate(simdjson::padded_string_view(json.data(), size, json.size()));
     return {MeasurementReader().read(document), {}};
   } catch (const Fault& fault) {
     return {std::nullopt, fault.message};

@@ -28,8 +28,8 @@ std::string attribute(std::string_view name, double value) {
 }
 
 std::string color(ChartColor value) {
-  return "rgb(" + std::to_string(value.red) + "," + std::to_string(value.green) + "," + std::to_string(value.blue) +
-         ")";
+  return "rgb(" + std::to_string(value.red) + "," + std::to_string(value.green) + "," +
+         std::to_string(value.blue) + ")";
 }
 
 std::string rectangle(const ChartRect& rect, const std::string& attributes) {
@@ -38,16 +38,17 @@ std::string rectangle(const ChartRect& rect, const std::string& attributes) {
 }
 
 std::string line(const ChartLine& drawn, const std::string& attributes) {
-  return "<line" + attribute("x1", drawn.from.x) + attribute("y1", drawn.from.y) + attribute("x2", drawn.to.x) +
-         attribute("y2", drawn.to.y) + attributes + "/>\n";
+  return "<line" + attribute("x1", drawn.from.x) + attribute("y1", drawn.from.y) +
+         attribute("x2", drawn.to.x) + attribute("y2", drawn.to.y) + attributes + "/>\n";
 }
 
 std::string text(ChartPoint at, const std::string& attributes, std::string_view content) {
-  return "<text" + attribute("x", at.x) + attribute("y", at.y) + attributes + ">" + htmlText(content) + "</text>\n";
+  return "<text" + attribute("x", at.x) + attribute("y", at.y) + attributes + ">" + htmlText(content) +
+         "</text>\n";
 }
 
 std::string title(const ChartLabel& label) {
-  return text({label.frame.x, label.frame.y + label.fontSize}, "", label.text);
+  return text({label.frame.x, label.frame.y + label.fontSize}, " class=\"title\"", label.text);
 }
 
 /// The browser measures texts. All that the geometry aligns ends at its frame's right edge.
@@ -66,11 +67,12 @@ std::string bars(const BarChartDrawing& drawing, const ChartContents& contents) 
     const FileObject& file = *(*contents.arrayValues)[bar.index];
     const std::string name = file.fileName().value_or("") + ": " + barValueText(contents.graphType, file);
     if (bar.rectangle && bar.rectangle->height > 0) {
-      svg += rectangle(*bar.rectangle, " class=\"outline\" fill=\"url(#bar" + std::to_string(contents.graphType) +
-                                           ")\"><title>" + htmlText(name) + "</title></rect>\n");
+      svg += rectangle(*bar.rectangle, " class=\"outline\" fill=\"url(#bar" +
+                                           std::to_string(contents.graphType) + ")\"><title>" +
+                                           htmlText(name) + "</title></rect>\n");
     }
-    svg += text({bar.lense.x + bar.lense.width / 2, bar.lense.bottom()}, " class=\"small\" text-anchor=\"middle\"",
-                std::to_string(bar.index + 1));
+    svg += text({bar.lense.x + bar.lense.width / 2, bar.lense.bottom()},
+                " class=\"small\" text-anchor=\"middle\"", std::to_string(bar.index + 1));
   }
   return svg;
 }
@@ -78,8 +80,9 @@ std::string bars(const BarChartDrawing& drawing, const ChartContents& contents) 
 std::string barChart(const ChartContents& contents) {
   const BarChartDrawing drawing = barChartDrawing(contents, withoutWidth);
   std::string svg = "<defs><linearGradient id=\"bar" + std::to_string(contents.graphType) +
-                    "\" x1=\"0\" y1=\"0\" x2=\"0\" y2=\"1\"><stop offset=\"0\" stop-color=\"" + color(kBarStartColor) +
-                    "\"/><stop offset=\"1\" stop-color=\"" + color(kBarEndColor) + "\"/></linearGradient></defs>\n";
+                    "\" x1=\"0\" y1=\"0\" x2=\"0\" y2=\"1\"><stop offset=\"0\" stop-color=\"" +
+                    color(kBarStartColor) + "\"/><stop offset=\"1\" stop-color=\"" + color(kBarEndColor) +
+                    "\"/></linearGradient></defs>\n";
   svg += title(drawing.title);
   for (const ChartLine& grid : drawing.grid)
     svg += line(grid, " class=\"grid\"");
@@ -103,14 +106,15 @@ ChartPoint onCircle(const PieChartDrawing& pie, double degrees) {
 std::string sliceShape(const PieChartDrawing& pie, const ChartSlice& slice) {
   const double sweep = slice.endAngle - slice.startAngle;
   if (sweep >= kFullCircle) {
-    return "<circle" + attribute("cx", pie.centre.x) + attribute("cy", pie.centre.y) + attribute("r", pie.radius);
+    return "<circle" + attribute("cx", pie.centre.x) + attribute("cy", pie.centre.y) +
+           attribute("r", pie.radius);
   }
   const ChartPoint from = onCircle(pie, slice.startAngle);
   const ChartPoint to = onCircle(pie, slice.endAngle);
   const std::string radius = number(pie.radius);
   return "<path d=\"M" + number(pie.centre.x) + "," + number(pie.centre.y) + " L" + number(from.x) + "," +
-         number(from.y) + " A" + radius + "," + radius + " 0 " + (sweep > kFullCircle / 2 ? "1" : "0") + " 1 " +
-         number(to.x) + "," + number(to.y) + " Z\"";
+         number(from.y) + " A" + radius + "," + radius + " 0 " + (sweep > kFullCircle / 2 ? "1" : "0") +
+         " 1 " + number(to.x) + "," + number(to.y) + " Z\"";
 }
 
 std::string pieChart(const ChartContents& contents) {
@@ -124,8 +128,10 @@ std::string pieChart(const ChartContents& contents) {
            (shape.starts_with("<circle") ? "circle" : "path") + ">\n";
   }
   for (const ChartLegendRow& row : pie.legend) {
-    svg += rectangle(row.box, " stroke=\"" + color(kLegendBoxColor) + "\" fill=\"" + color(row.color) + "\"/>\n");
-    svg += text({row.label.frame.x, row.box.y + row.box.height / 2}, " dominant-baseline=\"central\"", row.label.text);
+    svg += rectangle(row.box,
+                     " stroke=\"" + color(kLegendBoxColor) + "\" fill=\"" + color(row.color) + "\"/>\n");
+    svg += text({row.label.frame.x, row.box.y + row.box.height / 2}, " dominant-baseline=\"central\"",
+                row.label.text);
   }
   return svg;
 }
@@ -135,8 +141,9 @@ std::string pieChart(const ChartContents& contents) {
 std::string chartSvg(const ChartContents& contents) {
   const std::string id = "chart" + std::to_string(contents.graphType);
   return "<svg role=\"img\" aria-labelledby=\"" + id + "\" viewBox=\"0 0 " + number(kCanvas.width) + " " +
-         number(kCanvas.height) + "\">\n<title id=\"" + id + "\">" + htmlText(chartTitle(contents.graphType)) +
-         "</title>\n" + (isPieChart(contents.graphType) ? pieChart(contents) : barChart(contents)) + "</svg>\n";
+         number(kCanvas.height) + "\">\n<title id=\"" + id + "\">" +
+         htmlText(chartTitle(contents.graphType)) + "</title>\n" +
+         (isPieChart(contents.graphType) ? pieChart(contents) : barChart(contents)) + "</svg>\n";
 }
 
 }  // namespace quillmeter

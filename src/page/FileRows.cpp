@@ -35,8 +35,8 @@ std::string cell(std::size_t counter, const FileObject& file, const DecimalForma
 
 std::string fileTableHtml(const MeasuredProject& project, const DecimalFormatter& formatter) {
   std::string html = "<table>\n<colgroup><col><col class=\"kind\"><col class=\"count\" span=\"" +
-                     std::to_string(kFileCounters) + "\"></colgroup>\n<thead><tr><th scope=\"col\">File</th>" +
-                     "<th scope=\"col\">Kind</th>";
+                     std::to_string(kFileCounters) +
+                     "\"></colgroup>\n<thead><tr><th scope=\"col\">File</th>" + "<th scope=\"col\">Kind</th>";
   for (const std::string_view header : kHeaders)
     html.append("<th scope=\"col\">").append(header).append("</th>");
   html += "</tr></thead>\n<tbody>\n";

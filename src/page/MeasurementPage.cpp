@@ -47,9 +47,9 @@ std::string totals(const OverviewFigures& figures, const DecimalFormatter& forma
   std::string html = "<dl class=\"totals\">\n";
   for (std::size_t i = 0; i < kOverviewMetrics; ++i) {
     const OverviewCaption& caption = kOverviewCaptions[i];
-    html += "<div title=\"" + htmlText(caption.definition) + "\"><dt>" + htmlText(caption.caption) + "</dt><dd><data id=\"" +
-            std::string(caption.key) + "\" value=\"" + exact[i] + "\">" + htmlText(texts.lblSizeMetrics[i]) +
-            "</data></dd></div>\n";
+    html += "<div title=\"" + htmlText(caption.definition) + "\"><dt>" + htmlText(caption.caption) +
+            "</dt><dd><data id=\"" + std::string(caption.key) + "\" value=\"" + exact[i] + "\">" +
+            htmlText(texts.lblSizeMetrics[i]) + "</data></dd></div>\n";
   }
   return html + "</dl>\n";
 }
@@ -70,9 +70,10 @@ std::string measurementPage(const MeasuredProject& project) {
   const OverviewFigures figures = overviewFigures(project);
   const std::string title = htmlText(project.projectTitle());
   std::string html = head(title);
-  html += "<body>\n<header>\n<h1>" + title + "</h1>\n<p class=\"path\">" + htmlText(project.initialPath()) + "</p>\n" +
-          totals(figures, formatter) + "</header>\n<main>\n<h2>Charts</h2>\n<div class=\"charts\">\n" +
-          pageCharts(project, figures) + "</div>\n<h2>Files</h2>\n";
+  html += "<body>\n<header>\n<h1>" + title + "</h1>\n<p class=\"path\">" + htmlText(project.initialPath()) +
+          "</p>\n" + totals(figures, formatter) +
+          "</header>\n<main>\n<h2>Charts</h2>\n<div class=\"charts\">\n" + pageCharts(project, figures) +
+          "</div>\n<h2>Files</h2>\n";
   html.append(kFinding).append("<div class=\"files\" tabindex=\"0\" role=\"region\" aria-label=\"Files\">\n");
   html += fileTableHtml(project, formatter);
   html += "</div>\n</main>\n<footer>Measured by Quillmeter.</footer>\n<script>\n";

@@ -14,8 +14,8 @@
 namespace quillmeter {
 namespace {
 
-constexpr std::array<std::int32_t, 5> kCharts = {kCodeLinesPie, kFileKindsPie, kSourceFilesBars, kXIBFilesBars,
-                                                 kImageFilesBars};
+constexpr std::array<std::int32_t, 5> kCharts = {kCodeLinesPie, kFileKindsPie, kSourceFilesBars,
+                                                 kXIBFilesBars, kImageFilesBars};
 /// What the pies have grown to on the Charts tab.
 constexpr std::int32_t kPieRadius = 200;
 

@@ -219,7 +219,7 @@ TEST(Tool, RefusesWrongUsage) {
 TEST(Tool, ExplainsItself) {
   const ToolResult help = runTool({"--help"});
   EXPECT_EQ(help.status, 0);
-  for (const char* command : {"measure", "cleanup", "export", "methods"}) {
+  for (const char* command : {"measure", "compare", "cleanup", "export", "report", "methods"}) {
     EXPECT_NE(help.output.find(command), std::string::npos) << command;
     EXPECT_NE(runTool({command, "--help"}).output.find("Examples:"), std::string::npos) << command;
   }

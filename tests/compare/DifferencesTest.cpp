@@ -11,10 +11,10 @@
 namespace quillmeter {
 namespace {
 
-using testing::snapshotFile;
-using testing::snapshotWith;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using testing::snapshotFile;
+using testing::snapshotWith;
 
 /// "grown a.m", "moved old/a.m > new/a.m"; unchanged files are left out.
 std::vector<std::string> changesOf(const Differences& differences) {
@@ -32,11 +32,13 @@ std::vector<std::string> changes(std::vector<SnapshotFile> before, std::vector<S
 }
 
 TEST(Differences, SaysWhatBecameOfEachFile) {
-  const Differences differences = differencesBetween(
-      snapshotWith({snapshotFile("same.m", 5, 50), snapshotFile("less.m", 90, 900), snapshotFile("more.m", 10, 100),
-                    snapshotFile("gone.m", 30, 300), snapshotFile("old/here.m", 77, 770)}),
-      snapshotWith({snapshotFile("same.m", 5, 50), snapshotFile("less.m", 50, 500), snapshotFile("more.m", 30, 300),
-                    snapshotFile("new.m", 31, 310), snapshotFile("new/here.m", 77, 770)}));
+  const Differences differences =
+      differencesBetween(snapshotWith({snapshotFile("same.m", 5, 50), snapshotFile("less.m", 90, 900),
+                                       snapshotFile("more.m", 10, 100), snapshotFile("gone.m", 30, 300),
+                                       snapshotFile("old/here.m", 77, 770)}),
+                         snapshotWith({snapshotFile("same.m", 5, 50), snapshotFile("less.m", 50, 500),
+                                       snapshotFile("more.m", 30, 300), snapshotFile("new.m", 31, 310),
+                                       snapshotFile("new/here.m", 77, 770)}));
   EXPECT_THAT(changesOf(differences), ElementsAre("shrunk less.m", "added new.m", "removed gone.m",
                                                   "grown more.m", "moved old/here.m > new/here.m"));
   EXPECT_EQ(differences.number(ChangeKind::unchanged), 1U);
@@ -90,7 +92,8 @@ TEST(Differences, TheOrderOfTheFilesDoesNotMatter) {
   std::vector<SnapshotFile> before;
   std::vector<SnapshotFile> after;
   for (int i = 0; i < 60; ++i) {
-    before.push_back(snapshotFile(std::to_string(i % 7) + "/f" + std::to_string(i % 11) + ".m", i % 5, i % 3));
+    before.push_back(
+        snapshotFile(std::to_string(i % 7) + "/f" + std::to_string(i % 11) + ".m", i % 5, i % 3));
     after.push_back(snapshotFile(std::to_string(i % 6) + "/f" + std::to_string(i % 13) + ".m", i % 4, i % 3));
   }
   const auto expected = changes(before, after);

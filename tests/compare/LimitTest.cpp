@@ -10,18 +10,19 @@
 namespace quillmeter {
 namespace {
 
-using testing::snapshotFile;
-using testing::snapshotWith;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using testing::snapshotFile;
+using testing::snapshotWith;
 
 std::vector<std::string> passedBy(std::string_view text, std::vector<SnapshotFile> before,
                                   std::vector<SnapshotFile> after) {
   const LimitReading reading = readLimit(text);
   EXPECT_TRUE(reading.limit) << reading.error;
   if (!reading.limit) return {};
-  return passed(*reading.limit, differencesBetween(snapshotWith(std::move(before)), snapshotWith(std::move(after))));
+  return passed(*reading.limit,
+                differencesBetween(snapshotWith(std::move(before)), snapshotWith(std::move(after))));
 }
 
 /// Whether a project that went from `before` to `after` lines passes a limit.
@@ -55,10 +56,12 @@ TEST(Limit, PerCentAreOfTheEarlierValueAndExact) {
   EXPECT_FALSE(isPassed("noLinesTotal<-50%", 100, 50));
   constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
   EXPECT_FALSE(isPassed("fileSize>+1000000000%", 0, 0));
-  EXPECT_TRUE(passedBy("fileSize>+100%", {snapshotFile("a.m", 1, most / 2)}, {snapshotFile("a.m", 1, most - 1)})
-                  .empty());
-  EXPECT_FALSE(passedBy("fileSize>+99%", {snapshotFile("a.m", 1, most / 2)}, {snapshotFile("a.m", 1, most - 1)})
-                   .empty());
+  EXPECT_TRUE(
+      passedBy("fileSize>+100%", {snapshotFile("a.m", 1, most / 2)}, {snapshotFile("a.m", 1, most - 1)})
+          .empty());
+  EXPECT_FALSE(
+      passedBy("fileSize>+99%", {snapshotFile("a.m", 1, most / 2)}, {snapshotFile("a.m", 1, most - 1)})
+          .empty());
 }
 
 TEST(Limit, WhatGrowsFromNothingPassesAnyNumberOfPerCent) {

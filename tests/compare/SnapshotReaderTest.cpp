@@ -11,9 +11,9 @@
 namespace quillmeter {
 namespace {
 
-using testing::TemporaryFolder;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
+using testing::TemporaryFolder;
 
 const std::string kCounters =
     R"("fileSize": 15, "noLinesTotal": 3, "noLinesComments": 1, "noLinesWithoutSpaces": 2, "noWords": 5, )"
@@ -27,8 +27,8 @@ std::string fileText(const std::string& path, const std::string& counters = kCou
 }
 
 std::string measurement(const std::string& files, const std::string& first = R"("version": 1, )") {
-  return "{" + first + R"("projectTitle": "App", "initialPath": "/w/App.xcodeproj", "files": [)" + files + "], " +
-         kTotalsText + "}\n";
+  return "{" + first + R"("projectTitle": "App", "initialPath": "/w/App.xcodeproj", "files": [)" + files +
+         "], " + kTotalsText + "}\n";
 }
 
 std::string errorOf(std::string json) {
@@ -44,7 +44,8 @@ std::string replaced(std::string text, const std::string& what, const std::strin
 }
 
 TEST(SnapshotReader, ReadsWhatMeasureWrites) {
-  const SnapshotReading reading = readSnapshot(measurement(fileText("/w/b/a.m") + ",\n" + fileText("/w/a.m")));
+  const SnapshotReading reading =
+      readSnapshot(measurement(fileText("/w/b/a.m") + ",\n" + fileText("/w/a.m")));
   ASSERT_TRUE(reading.snapshot) << reading.error;
   const Snapshot& snapshot = *reading.snapshot;
   EXPECT_EQ(snapshot.projectTitle, "App");
@@ -58,9 +59,10 @@ TEST(SnapshotReader, ReadsWhatMeasureWrites) {
 }
 
 TEST(SnapshotReader, TheOrderOfMembersAndUnknownOnesDoNotMatter) {
-  const std::string json = "{" + kTotalsText + R"(, "later": {"deep": [[{"x": "]}"}]]}, "files": [)" +
-                           fileText("/w/a.m", R"("new": [1], )" + kCounters) +
-                           R"(], "initialPath": "/w/App.xcodeproj", "projectTitle": "App", "rules": "current"})";
+  const std::string json =
+      "{" + kTotalsText + R"(, "later": {"deep": [[{"x": "]}"}]]}, "files": [)" +
+      fileText("/w/a.m", R"("new": [1], )" + kCounters) +
+      R"(], "initialPath": "/w/App.xcodeproj", "projectTitle": "App", "rules": "current"})";
   const SnapshotReading reading = readSnapshot(json);
   ASSERT_TRUE(reading.snapshot) << reading.error;
   EXPECT_EQ(reading.snapshot->rules, "current");
@@ -72,14 +74,15 @@ TEST(SnapshotReader, AMeasurementFromBeforeVersionsIsOfTheFirst) {
 }
 
 TEST(SnapshotReader, AbsentCountersAreNothing) {
-  const SnapshotReading reading =
-      readSnapshot(measurement(fileText("/w/a.m", replaced(kCounters, "\"noWords\": 5", "\"noWords\": null"))));
+  const SnapshotReading reading = readSnapshot(
+      measurement(fileText("/w/a.m", replaced(kCounters, "\"noWords\": 5", "\"noWords\": null"))));
   ASSERT_TRUE(reading.snapshot) << reading.error;
   EXPECT_EQ(reading.snapshot->files[0].counters[4], 0);
 }
 
 TEST(SnapshotReader, NamesBecomeTheBytesTheyWere) {
-  const SnapshotReading reading = readSnapshot(measurement(fileText(R"(/w/\udcff\udc80 \ud83d\ude00\"\\\u00e9.m)")));
+  const SnapshotReading reading =
+      readSnapshot(measurement(fileText(R"(/w/\udcff\udc80 \ud83d\ude00\"\\\u00e9.m)")));
   ASSERT_TRUE(reading.snapshot) << reading.error;
   EXPECT_EQ(reading.snapshot->files[0].path, "\xff\x80 \U0001F600\"\\é.m");
 }
@@ -110,14 +113,18 @@ TEST(SnapshotReader, TellsOfAnotherVersion) {
 }
 
 TEST(SnapshotReader, TellsOfUnknownRules) {
-  EXPECT_EQ(errorOf(measurement("", R"("rules": "own", )")), "is measured by rules that this tool does not know: own");
+  EXPECT_EQ(errorOf(measurement("", R"("rules": "own", )")),
+            "is measured by rules that this tool does not know: own");
 }
 
 TEST(SnapshotReader, TellsWhichMemberIsMissing) {
   const std::string whole = measurement(fileText("/w/a.m"));
-  for (const std::string name : {"projectTitle", "initialPath", "files", "getNumberCodeFiles", "getNumberStaticMethods"})
-    EXPECT_EQ(errorOf(replaced(whole, "\"" + name, "\"_" + name)), "is no measurement: " + name + " is missing");
-  EXPECT_EQ(errorOf(replaced(whole, "\"filePath", "\"_filePath")), "is no measurement: file 1 has no filePath");
+  for (const std::string name :
+       {"projectTitle", "initialPath", "files", "getNumberCodeFiles", "getNumberStaticMethods"})
+    EXPECT_EQ(errorOf(replaced(whole, "\"" + name, "\"_" + name)),
+              "is no measurement: " + name + " is missing");
+  EXPECT_EQ(errorOf(replaced(whole, "\"filePath", "\"_filePath")),
+            "is no measurement: file 1 has no filePath");
   EXPECT_EQ(errorOf(replaced(whole, "\"noWords", "\"_noWords")), "is no measurement: file 1 has no noWords");
   EXPECT_THAT(errorOf("{}"), HasSubstr("projectTitle is missing"));
 }
@@ -132,7 +139,8 @@ TEST(SnapshotReader, TellsOfMembersOfTheWrongType) {
 }
 
 TEST(SnapshotReader, TellsOfNumbersThatAreNoCounts) {
-  for (const std::string number : {"-1", "1.5", "1e3", "\"3\"", "[]", "true", "9223372036854775808", "1e999"}) {
+  for (const std::string number :
+       {"-1", "1.5", "1e3", "\"3\"", "[]", "true", "9223372036854775808", "1e999"}) {
     EXPECT_EQ(errorOf(measurement(fileText("/w/a.m", replaced(kCounters, ": 5", ": " + number)))),
               "is no measurement: noWords of file 1 is no whole number from 0 on")
         << number;
@@ -142,7 +150,8 @@ TEST(SnapshotReader, TellsOfNumbersThatAreNoCounts) {
 }
 
 TEST(SnapshotReader, TellsOfNamesThatAreNone) {
-  for (const std::string name : {R"(\ud800)", R"(\udc41)", R"(\ud83d\u0041)", R"(\u12g4)", R"(\u0000)", R"(\q)", R"(\u12)"})
+  for (const std::string name :
+       {R"(\ud800)", R"(\udc41)", R"(\ud83d\u0041)", R"(\u12g4)", R"(\u0000)", R"(\q)", R"(\u12)"})
     EXPECT_THAT(errorOf(measurement(fileText("/w/" + name))), HasSubstr("what no name can hold")) << name;
 }
 

@@ -43,7 +43,8 @@ TEST(Snapshot, TotalsAreThoseOfTheOverview) {
 
 TEST(Snapshot, SumsStayAtTheLargestNumber) {
   constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
-  EXPECT_EQ(snapshotWith({snapshotFile("a.m", 1, most), snapshotFile("b.m", 1, most)}).totals[kSizeCounter], most);
+  EXPECT_EQ(snapshotWith({snapshotFile("a.m", 1, most), snapshotFile("b.m", 1, most)}).totals[kSizeCounter],
+            most);
 }
 
 TEST(Snapshot, UnderTheCurrentRulesSwiftIsSourceCode) {
