@@ -22,7 +22,7 @@ def write_project(folder, names):
         target = bytes(folder) + b"/" + (NOT_UTF8 + b"/plain.m" if name == "plain.m" else name.encode())
         path = pathlib.Path(target.decode("utf-8", "surrogateescape"))
         path.parent.mkdir(parents=True, exist_ok=True)
-        path.write_text("int a;\n" * number)
+        path.write_text("int a;\n" * (number % 50))
         references.append(f"\t\tA{number} /* x */ = {{isa = PBXFileReference; lastKnownFileType = text; path = {name}; "
                           'sourceTree = "<group>"; };\n')
     bundle = folder / "Odd & <b>.xcodeproj"
