@@ -45,7 +45,8 @@ void ProjectRead::run() {
     // No memory for the project, say, or too few descriptors. The user learns of it as of any project that
     // cannot be read.
   }
-  // The one message that must come. Where there is no memory for it, there will be, or nobody waits for it any more.
+  // The one message that must come. Where there is no memory for it, there will be, or nobody waits for it
+  // any more.
   while (!wasEndPosted(succeeded) && !stopSource_.stop_requested())
     std::this_thread::sleep_for(kPatience);
 }

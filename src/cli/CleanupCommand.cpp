@@ -8,6 +8,7 @@
 #include "cli/JsonWriter.h"
 #include "cli/Measurement.h"
 #include "cli/Output.h"
+#include "cli/Suggestions.h"
 #include "support/Text.h"
 #include "tables/CleanUpTable.h"
 
@@ -87,7 +88,7 @@ void addCleanupCommand(CLI::App& app, int& status) {
   CLI::App* command = app.add_subcommand(
       "cleanup", "List the files in a project's folder that the project does not reference");
   command->add_option("--format", options->format, "table: sizes in KB (1000 bytes) and paths; json: bytes")
-      ->check(CLI::IsMember({"table", "json"}))
+      ->check(oneOf({"table", "json"}))
       ->capture_default_str();
   command->add_flag("--check", options->check, "Exit with status 1 when there is any such file");
   addReadOptions(*command, options->read);

@@ -11,6 +11,8 @@ namespace quillmeter {
 
 void addExportCommand(CLI::App& app, int& status);
 void addMeasureCommand(CLI::App& app, int& status);
+void addCompareCommand(CLI::App& app, int& status);
+void addReportCommand(CLI::App& app, int& status);
 void addCleanupCommand(CLI::App& app, int& status);
 void addMethodsCommand(CLI::App& app, int& status);
 

@@ -4,33 +4,67 @@
 #include <string>
 
 #include "cli/Commands.h"
+#include "cli/CompareCommand.h"
 #include "cli/ExitStatus.h"
 #include "cli/Measurement.h"
 #include "cli/MeasurementFormats.h"
 #include "cli/Output.h"
+#include "cli/Suggestions.h"
 
 namespace quillmeter {
 namespace {
 
 struct MeasureOptions {
   ReadOptions read;
-  std::string format = "table";
-  std::optional<std::string> outputPath;
+  std::optional<std::string> baseline;
+  ComparisonOptions output;
 };
 
+/// What is wrong with the options together; nothing when they make sense.
+std::optional<std::string> misuse(const MeasureOptions& options) {
+  if (options.baseline && options.output.format == "csv") {
+    return "measure: a comparison has the formats table, markdown and json";
+  }
+  if (options.baseline) return std::nullopt;
+  if (options.output.format == "markdown") return "measure: the format markdown needs --baseline";
+  if (options.output.top) return "measure: --top needs --baseline";
+  for (const Limit& limit : limitsOf(options.output.limits)) {
+    if (limit.needsBaseline()) return "measure: the limit " + limit.text + " needs --baseline";
+  }
+  return std::nullopt;
+}
+
+int showMeasurement(const MeasuredProject& project, const ComparisonOptions& options) {
+  Output output(options.outputPath);
+  if (options.format == "json") {
+    writeJson(project, output);
+  } else if (options.format == "csv") {
+    writeCsv(project, output);
+  } else {
+    writeTable(project, output);
+  }
+  const int written = statusAfter(output, kSuccess);
+  if (options.limits.texts.empty()) return written;
+  const Snapshot snapshot = snapshotOf(project);
+  const int status = checkLimits(limitsOf(options.limits), differencesBetween(snapshot, snapshot));
+  return written == kSuccess ? status : written;
+}
+
 int measure(const MeasureOptions& options) {
+  if (const auto mistake = misuse(options)) {
+    complain(*mistake);
+    return kWrongUsage;
+  }
+  std::optional<Snapshot> baseline;
+  if (options.baseline) {
+    baseline = snapshotInFile(*options.baseline);
+    if (!baseline) return kNothingMeasured;
+  }
   const auto project = readProject(options.read);
   if (!project) return kNothingMeasured;
   tellOfFaults(project->faults());
-  Output output(options.outputPath);
-  if (options.format == "json") {
-    writeJson(*project, output);
-  } else if (options.format == "csv") {
-    writeCsv(*project, output);
-  } else {
-    writeTable(*project, output);
-  }
-  return statusAfter(output, kSuccess);
+  if (baseline) return showComparison(*baseline, snapshotOf(*project), options.output);
+  return showMeasurement(*project, options.output);
 }
 
 }  // namespace
@@ -38,17 +72,28 @@ int measure(const MeasureOptions& options) {
 void addMeasureCommand(CLI::App& app, int& status) {
   const auto options = std::make_shared<MeasureOptions>();
   CLI::App* command = app.add_subcommand("measure", "Measure a project and show its totals or every file");
-  command->add_option("--format", options->format, "table: totals to read; json, csv: every file")
-      ->check(CLI::IsMember({"table", "json", "csv"}))
+  command
+      ->add_option("--format", options->output.format,
+                   "table: totals to read; json, csv: every file. With --baseline table, markdown or json")
+      ->check(oneOf({"table", "json", "csv", "markdown"}))
       ->capture_default_str();
-  command->add_option("-o,--output", options->outputPath, "Write to FILE instead of standard output")
+  command->add_option("-o,--output", options->output.outputPath, "Write to FILE instead of standard output")
       ->type_name("FILE");
+  command
+      ->add_option("--baseline", options->baseline,
+                   "Show what has changed since FILE, an earlier output of --format json")
+      ->type_name("FILE");
+  addTopOption(*command, options->output);
+  addLimitOptions(*command, options->output.limits);
   addReadOptions(*command, options->read);
-  command->footer(
-      "Examples:\n"
-      "  quillmeter-cli measure ~/Projects/Notebook\n"
-      "  quillmeter-cli measure --format json -o numbers.json Notebook.xcodeproj\n"
-      "  quillmeter-cli measure --format csv . > numbers.csv");
+  command->footer(std::string(kLimitHelp) +
+                  "\nDifferences need --baseline.\n\n"
+                  "Examples:\n"
+                  "  quillmeter-cli measure ~/Projects/Notebook\n"
+                  "  quillmeter-cli measure --format json -o numbers.json Notebook.xcodeproj\n"
+                  "  quillmeter-cli measure --format csv . > numbers.csv\n"
+                  "  quillmeter-cli measure --baseline numbers.json --fail-if 'noLinesTotal>+5%' .\n"
+                  "  quillmeter-cli measure --fail-if 'file:noLinesTotal>800' .");
   command->callback([options, &status] { status = measure(*options); });
 }
 

@@ -29,6 +29,10 @@ void addReadOptions(CLI::App& command, ReadOptions& options) {
   command.add_option("PROJECT", options.project, "A folder that holds an .xcodeproj bundle, or the bundle")
       ->required()
       ->check(mistakeIn);
+  addReadingFlags(command, options);
+}
+
+void addReadingFlags(CLI::App& command, ReadOptions& options) {
   command.add_flag("--quiet", options.quiet, "Show no progress");
   command.add_flag("--verbose", options.verbose, "Say on standard error what is being read");
 }

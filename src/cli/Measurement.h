@@ -23,6 +23,9 @@ struct ReadOptions {
 /// Adds the project and how it is read to a command's arguments. `options` must outlive the command.
 void addReadOptions(CLI::App& command, ReadOptions& options);
 
+/// Adds how a project is read alone, for a command that takes its projects in a way of its own.
+void addReadingFlags(CLI::App& command, ReadOptions& options);
+
 /// Reads the project. Null when not one file could be measured, or when too many files are open to find all
 /// of them; the user has been told on standard error then. What could not be read of a project that could,
 /// the command tells with `tellOfFaults`.

@@ -1,6 +1,5 @@
 #include "cli/MeasurementFormats.h"
 
-#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -8,31 +7,16 @@
 #include "analysis/MeasuredProject.h"
 #include "cli/JsonWriter.h"
 #include "cli/Output.h"
-#include "measuring/FileRanking.h"
+#include "measuring/FileCounters.h"
 
 namespace quillmeter {
 namespace {
-
-struct CounterField {
-  std::string_view name;
-  FileMeasure value;
-};
-
-constexpr std::array<CounterField, 7> kCounterFields = {{
-    {"fileSize", &FileObject::fileSize},
-    {"noLinesTotal", &FileObject::noLinesTotal},
-    {"noLinesComments", &FileObject::noLinesComments},
-    {"noLinesWithoutSpaces", &FileObject::noLinesWithoutSpaces},
-    {"noWords", &FileObject::noWords},
-    {"noCharactersWithoutSpaces", &FileObject::noCharactersWithoutSpaces},
-    {"noCharactersTotal", &FileObject::noCharactersTotal},
-}};
 
 void writeFile(const FileObject& file, JsonWriter& json) {
   json.beginObject();
   json.member("fileName", file.fileName());
   json.member("filePath", file.filePath());
-  for (const CounterField& field : kCounterFields)
+  for (const FileCounter& field : kFileCounterFields)
     json.member(field.name, (file.*field.value)());
   json.endObject();
 }
@@ -67,6 +51,7 @@ void writeCsvField(std::string_view text, Output& output) {
 void writeJson(const MeasuredProject& project, Output& output) {
   JsonWriter json(output);
   json.beginObject();
+  json.member("version", kMeasurementJsonVersion);
   json.member("projectTitle", std::string_view(project.projectTitle()));
   json.member("initialPath", std::string_view(project.initialPath()));
   json.key("files");
@@ -81,14 +66,14 @@ void writeJson(const MeasuredProject& project, Output& output) {
 
 void writeCsv(const MeasuredProject& project, Output& output) {
   output.write("fileName,filePath");
-  for (const CounterField& field : kCounterFields)
+  for (const FileCounter& field : kFileCounterFields)
     output.write(std::string(",").append(field.name));
   output.write("\n");
   for (const auto& file : project.files()) {
     writeCsvField(file->fileName().value_or(""), output);
     output.write(",");
     writeCsvField(file->filePath().value_or(""), output);
-    for (const CounterField& field : kCounterFields) {
+    for (const FileCounter& field : kFileCounterFields) {
       const std::optional<Number>& number = (*file.*field.value)();
       output.write(number ? "," + number->stringValue() : ",");
     }

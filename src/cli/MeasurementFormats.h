@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 namespace quillmeter {
 
 class Output;
@@ -8,7 +10,11 @@ class MeasuredProject;
 /// What a person wants to read in a terminal: the overview's figures, then a line for each kind of file.
 void writeTable(const MeasuredProject& project, Output& output);
 
-/// The project's title and path, every file in section order with absent values as null, and the totals.
+/// The form of `writeJson`, described in docs/json.md. It grows when a member changes its meaning or goes.
+inline constexpr std::int64_t kMeasurementJsonVersion = 1;
+
+/// The form's version, the project's title and path, every file in section order with absent values as null,
+/// and the totals.
 void writeJson(const MeasuredProject& project, Output& output);
 
 /// A header and one row a file in section order with all fields; absent values are empty. A field that holds

@@ -12,6 +12,7 @@
 #include "cli/Measurement.h"
 #include "cli/MethodCounts.h"
 #include "cli/Output.h"
+#include "cli/Suggestions.h"
 #include "support/Text.h"
 
 namespace quillmeter {
@@ -139,7 +140,7 @@ void addMethodsCommand(CLI::App& app, int& status) {
   command->add_option("FILE", options->files, "C, C++ and Objective-C sources: .c, .cpp, .m, .mm")
       ->required();
   command->add_option("--format", options->format, "table: to read; json: to process further")
-      ->check(CLI::IsMember({"table", "json"}))
+      ->check(oneOf({"table", "json"}))
       ->capture_default_str();
   command->footer(
       "Functions declared static and methods with a \"+\" count as static, all others as instance\n"

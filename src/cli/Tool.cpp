@@ -17,6 +17,7 @@
 #include "cli/ExitStatus.h"
 #include "cli/Measurement.h"
 #include "cli/Output.h"
+#include "cli/Suggestions.h"
 #include "support/Addresses.h"
 #include "support/MemoryGuard.h"
 
@@ -54,13 +55,16 @@ int runCommandLine(int argc, const char* const* argv) {
   CLI::App app("Measures software projects described by an Xcode project bundle.", "quillmeter-cli");
   app.set_version_flag("--version", std::string("quillmeter-cli ") + kVersion);
   app.require_subcommand(1);
+  app.failure_message(wrongUsageMessage);
   app.footer(
       "Run 'quillmeter-cli COMMAND --help' for a command's options and examples.\n"
       "Exit status: 0 success, 1 a check found something, 2 wrong usage, 3 nothing could be measured,\n"
       "4 the output could not be written.");
   addMeasureCommand(app, status);
+  addCompareCommand(app, status);
   addCleanupCommand(app, status);
   addExportCommand(app, status);
+  addReportCommand(app, status);
   addMethodsCommand(app, status);
   try {
     app.parse(argc, argv);

@@ -1,5 +1,7 @@
 #include "support/Paths.h"
 
+#include <algorithm>
+
 namespace quillmeter {
 
 std::string_view lastPathComponent(std::string_view path) {
@@ -52,6 +54,31 @@ std::string withDefaultExtension(std::string_view path, std::string_view extensi
   std::string result(path);
   if (pathExtension(path).empty()) result.append(result.ends_with('.') ? "" : ".").append(extension);
   return result;
+}
+
+std::string relativePath(std::string_view path, std::string_view folder) {
+  if (!path.starts_with('/') || !folder.starts_with('/')) return std::string(path);
+  const auto from = pathComponents(withoutTrailingSlashes(folder));
+  const auto to = pathComponents(path);
+  const auto shorter = std::min(from.size(), to.size() - 1);
+  std::size_t common = 1;
+  while (common < shorter && from[common] == to[common])
+    ++common;
+  // Of two paths the root alone is no common place, unless the folder is the root itself.
+  if (common == 1 && !(from.size() == 2 && from[1].empty())) return std::string(path);
+  std::string relative;
+  for (std::size_t i = common; i < from.size() && !from[i].empty(); ++i)
+    relative += "../";
+  for (std::size_t i = common; i < to.size(); ++i)
+    relative.append(to[i]).append(i + 1 < to.size() ? "/" : "");
+  return relative;
+}
+
+std::string_view parentFolder(std::string_view path) {
+  path = withoutTrailingSlashes(path);
+  const std::size_t slash = path.find_last_of('/');
+  if (slash == std::string_view::npos) return {};
+  return path.substr(0, std::max<std::size_t>(slash, 1));
 }
 
 }  // namespace quillmeter

@@ -32,4 +32,12 @@ namespace quillmeter {
 /// `path`, with "." and `extension` appended when it has no extension.
 [[nodiscard]] std::string withDefaultExtension(std::string_view path, std::string_view extension);
 
+/// `path` as it is reached from `folder`, both absolute: "a.m", "Classes/a.m", "../Shared/a.m". What has
+/// nothing but the root in common with the folder keeps its absolute path, and so does anything when `folder`
+/// is not absolute.
+[[nodiscard]] std::string relativePath(std::string_view path, std::string_view folder);
+
+/// `path` without its last component: "/a" of "/a/b"; "/" of "/a"; empty when there is no "/".
+[[nodiscard]] std::string_view parentFolder(std::string_view path);
+
 }  // namespace quillmeter

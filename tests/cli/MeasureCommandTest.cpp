@@ -36,7 +36,9 @@ TEST_F(MeasureCommand, WritesEveryFileAsJson) {
   const ToolResult result = runTool({"measure", "--format", "json", folder.path()});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.errors, "");
+  EXPECT_EQ(result.output.find("{\"version\": 1, "), 0U);
   const json expected = {
+      {"version", 1},
       {"projectTitle", "App"},
       {"initialPath", bundle},
       {"files",
@@ -253,7 +255,7 @@ TEST(Tool, SaysWhenItsHelpCannotBeWritten) {
 TEST(Tool, ExplainsItself) {
   const ToolResult help = runTool({"--help"});
   EXPECT_EQ(help.status, 0);
-  for (const char* command : {"measure", "cleanup", "export", "methods"}) {
+  for (const char* command : {"measure", "compare", "cleanup", "export", "report", "methods"}) {
     EXPECT_NE(help.output.find(command), std::string::npos) << command;
     EXPECT_NE(runTool({command, "--help"}).output.find("Examples:"), std::string::npos) << command;
   }

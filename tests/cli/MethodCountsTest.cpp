@@ -20,23 +20,20 @@ class FailingDisk final : public FileSystem {
   int failingOpen = -1;
   bool failsStatusOfOpen = false;
 
-  [[nodiscard]] std::optional<FileStatus> statusOfOpen(const Descriptor& file) const override {
-    errno = EIO;
-    return failsStatusOfOpen ? std::nullopt : FileSystem::statusOfOpen(file);
+ private:
+  [[nodiscard]] Result<FileStatus> doStatusOfOpen(const Descriptor& file) const override {
+    if (failsStatusOfOpen) return DiskError{EIO};
+    return real().statusOfOpen(file);
   }
-  [[nodiscard]] Descriptor open(const std::string& path) const override {
-    if (opens_++ != failingOpen) return FileSystem::open(path);
-    errno = ENOENT;
-    return {};
+  [[nodiscard]] Result<Descriptor> doOpen(const std::string& path) const override {
+    if (opens_++ == failingOpen) return DiskError{ENOENT};
+    return real().open(path);
   }
-  [[nodiscard]] ssize_t read(int descriptor, std::span<char> buffer) const override {
-    if (reads_++ != failingRead)
-      return FileSystem::read(descriptor, buffer.first(std::min<std::size_t>(buffer.size(), 8)));
-    errno = EIO;
-    return -1;
+  [[nodiscard]] Result<std::size_t> doRead(int descriptor, std::span<char> buffer) const override {
+    if (reads_++ == failingRead) return DiskError{EIO};
+    return real().read(descriptor, buffer.first(std::min<std::size_t>(buffer.size(), 8)));
   }
 
- private:
   mutable int opens_ = 0;
   mutable int reads_ = 0;
 };

@@ -55,5 +55,31 @@ TEST(DefaultExtension, IsAppendedOnlyToANameWithoutOne) {
   EXPECT_EQ(withDefaultExtension("/w/stats.", "csv"), "/w/stats.csv");
 }
 
+TEST(Paths, ARelativePathLeadsFromAFolder) {
+  EXPECT_EQ(relativePath("/w/App/a.m", "/w/App"), "a.m");
+  EXPECT_EQ(relativePath("/w/App/b/a.m", "/w/App/"), "b/a.m");
+  EXPECT_EQ(relativePath("/w/Shared/a.m", "/w/App"), "../Shared/a.m");
+  EXPECT_EQ(relativePath("/w/a.m", "/w/x/App"), "../../a.m");
+  EXPECT_EQ(relativePath("/w/Application/a.m", "/w/App"), "../Application/a.m");
+  EXPECT_EQ(relativePath("/a.m", "/"), "a.m");
+  EXPECT_EQ(relativePath("/w/App", "/w/App"), "../App");
+}
+
+TEST(Paths, WhatHasNothingInCommonWithAFolderStaysAbsolute) {
+  EXPECT_EQ(relativePath("/opt/a.m", "/w/App"), "/opt/a.m");
+  EXPECT_EQ(relativePath("/a.m", "/w/App"), "/a.m");
+  EXPECT_EQ(relativePath("a.m", "/w"), "a.m");
+  EXPECT_EQ(relativePath("/w/a.m", ""), "/w/a.m");
+  EXPECT_EQ(relativePath("", "/w"), "");
+}
+
+TEST(Paths, AParentFolderHoldsAPath) {
+  EXPECT_EQ(parentFolder("/w/App.xcodeproj"), "/w");
+  EXPECT_EQ(parentFolder("/w/App.xcodeproj/"), "/w");
+  EXPECT_EQ(parentFolder("/w"), "/");
+  EXPECT_EQ(parentFolder("/"), "/");
+  EXPECT_EQ(parentFolder("w"), "");
+}
+
 }  // namespace
 }  // namespace quillmeter

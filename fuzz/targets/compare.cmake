@@ -1,0 +1,3 @@
+quillmeter_fuzzer(compare_fuzzer
+  SOURCES CompareFuzzer.cpp
+  LIBS quillmeter_compare)

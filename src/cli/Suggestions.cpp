@@ -1,0 +1,129 @@
+#include "cli/Suggestions.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+#include <system_error>
+
+#include "support/NearestWord.h"
+#include "support/Text.h"
+
+namespace quillmeter {
+namespace {
+
+std::string joined(const std::vector<std::string>& words) {
+  std::string text;
+  for (const std::string& word : words)
+    text += (text.empty() ? "" : ", ") + word;
+  return text;
+}
+
+std::string inQuotes(std::string_view text) {
+  return "'" + onOneLine(text) + "'";
+}
+
+/// ", did you mean X?", or `otherwise`.
+std::string question(const std::string& word, const std::vector<std::string>& known,
+                     const std::string& otherwise) {
+  const auto nearest = nearestWord(word, known);
+  return nearest ? ", did you mean " + *nearest + "?" : otherwise;
+}
+
+std::vector<std::string> commandNames(const CLI::App& app) {
+  std::vector<std::string> names;
+  for (const CLI::App* command : app.get_subcommands({}))
+    names.push_back(command->get_name());
+  return names;
+}
+
+std::vector<std::string> optionNames(const CLI::App& app) {
+  std::vector<std::string> names;
+  for (const CLI::Option* option : app.get_options()) {
+    for (const std::string& name : option->get_lnames())
+      names.push_back("--" + name);
+    for (const std::string& name : option->get_snames())
+      names.push_back("-" + name);
+  }
+  return names;
+}
+
+bool exists(const std::string& path) {
+  std::error_code error;
+  return std::filesystem::exists(path, error);
+}
+
+/// What the library left over because nothing takes it; an option before anything else.
+std::optional<std::string> leftOver(const CLI::App& app) {
+  const std::vector<std::string> words = app.remaining(true);
+  if (words.empty()) return std::nullopt;
+  const auto option = std::find_if(words.begin(), words.end(),
+                                   [](const std::string& word) { return word.size() > 1 && word[0] == '-'; });
+  return option != words.end() ? *option : words.front();
+}
+
+std::string unknownOption(const std::string& word, const CLI::App& command) {
+  const std::string name = word.substr(0, word.find('='));
+  return "there is no option " + onOneLine(name) + question(name, optionNames(command), "");
+}
+
+std::string noCommand(const std::string& word, const CLI::App& app) {
+  const std::vector<std::string> names = commandNames(app);
+  std::string others = ", there are " + joined(names);
+  if (exists(word)) others = ", did you mean 'measure " + onOneLine(word) + "'?";
+  if (const auto option = nearestWord("--" + word, optionNames(app)))
+    others = ", did you mean " + *option + "?";
+  return "there is no command " + inQuotes(word) + question(word, names, others);
+}
+
+bool isError(const CLI::Error& error, CLI::ExitCodes code) {
+  return error.get_exit_code() == static_cast<int>(code);
+}
+
+/// The library's own words on an error, on one line and without its terms for types.
+std::string libraryMessage(const CLI::Error& error, const CLI::App& command) {
+  const std::string text = onOneLine(error.what());
+  if (isError(error, CLI::ExitCodes::RequiredError)) {
+    for (const CLI::Option* option : command.get_options()) {
+      if (!option->get_required() || option->count() > 0) continue;
+      return option->get_name() + " is missing: " + onOneLine(option->get_description());
+    }
+  }
+  if (isError(error, CLI::ExitCodes::ArgumentMismatch))
+    return text.substr(0, text.find(':')) + " needs a value";
+  return text;
+}
+
+std::string mistake(const CLI::App& app, const CLI::App& command, const CLI::Error& error) {
+  const bool hasCommand = &command != &app;
+  if (const auto word = leftOver(app)) {
+    if (word->size() > 1 && word->front() == '-') return unknownOption(*word, command);
+    if (!hasCommand) return noCommand(*word, app);
+    if (isError(error, CLI::ExitCodes::ExtrasError)) return inQuotes(*word) + " is one argument too many";
+  }
+  if (!hasCommand && isError(error, CLI::ExitCodes::RequiredError)) {
+    return "a command is missing, there are " + joined(commandNames(app));
+  }
+  return libraryMessage(error, command);
+}
+
+}  // namespace
+
+std::string wrongUsageMessage(const CLI::App* app, const CLI::Error& error) {
+  const std::vector<CLI::App*> chosen = app->get_subcommands();
+  const CLI::App& command = chosen.empty() ? *app : *chosen.front();
+  const std::string whose = chosen.empty() ? "" : command.get_name() + " ";
+  return app->get_name() + ": " + (chosen.empty() ? "" : command.get_name() + ": ") +
+         mistake(*app, command, error) + "\nRun '" + app->get_name() + " " + whose +
+         "--help' to see how it is used.\n";
+}
+
+CLI::Validator oneOf(std::vector<std::string> words) {
+  const std::string description = "{" + CLI::detail::join(words, ",") + "}";
+  return {[words = std::move(words)](std::string& value) {
+            if (std::find(words.begin(), words.end(), value) != words.end()) return std::string();
+            return inQuotes(value) + " is none of " + joined(words) + question(value, words, "");
+          },
+          description};
+}
+
+}  // namespace quillmeter

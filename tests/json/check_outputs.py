@@ -1,0 +1,98 @@
+#!/usr/bin/env python3
+"""Validates the JSON that the tool writes against its schemas, and the schemas against broken outputs.
+
+usage: check_outputs.py TOOL SCHEMA_DIR SAMPLES_DIR
+"""
+import copy
+import json
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+
+import jsonschema
+
+
+def closed(schema):
+    """The schema without room for members that it does not describe: what is written is written down."""
+    if isinstance(schema, list):
+        return [closed(item) for item in schema]
+    if not isinstance(schema, dict):
+        return schema
+    result = {key: closed(value) for key, value in schema.items()}
+    if "properties" in result and isinstance(result.get("type", "object"), (str, list)):
+        result["additionalProperties"] = False
+    return result
+
+
+def errors(schema, output):
+    return [error.message for error in jsonschema.Draft202012Validator(schema).iter_errors(output)]
+
+
+def broken(output):
+    """The output with one member missing, or one number that is none, at a time; the first item of lists."""
+    if isinstance(output, list) and output:
+        for item in broken(output[0]):
+            yield [item, *output[1:]]
+    if isinstance(output, dict):
+        for key, value in output.items():
+            if key != "rules":
+                yield {k: v for k, v in output.items() if k != key}
+            if isinstance(value, int) and key != "difference":
+                yield {**output, key: -1}
+            for item in broken(value):
+                yield {**copy.deepcopy(output), key: item}
+
+
+def run(tool, *arguments):
+    done = subprocess.run([tool, *arguments], stdout=subprocess.PIPE, check=True)
+    return json.loads(done.stdout)
+
+
+def outputs(tool, samples, folder):
+    before = folder / "before"
+    after = folder / "after"
+    shutil.copytree(samples, before)
+    shutil.copytree(samples, after)
+    project = after / "Notebook"
+    (project / "main.m").write_text("int main() {}\n" * 90)
+    (project / "Model/Tag.m").unlink()
+    (project / "Moved").mkdir()
+    (project / "Model/Note.m").rename(project / "Moved/Note.m")
+    changed = project / "Model/Note.h"
+    changed.write_text(changed.read_text().replace("//", "/ "))
+    baseline = folder / "before.json"
+    run_json = ["measure", "--format", "json"]
+    subprocess.run([tool, *run_json, "-o", baseline, before / "Notebook"], check=True)
+    yield "measure", json.loads(baseline.read_text())
+    yield "measure", run(tool, *run_json, project)
+    yield "cleanup", run(tool, "cleanup", "--format", "json", project)
+    comparison = run(tool, "compare", "--format", "json", baseline, project)
+    assert {file["change"] for file in comparison["files"]} >= {"grown", "removed", "moved"}, comparison["files"]
+    yield "compare", comparison
+    backwards = run(tool, "compare", "--format", "json", project, before / "Notebook")
+    assert "added" in {file["change"] for file in backwards["files"]}
+    yield "compare", backwards
+    yield "compare", run(tool, "measure", "--baseline", baseline, "--format", "json", "--top", "1", project)
+
+
+def main():
+    tool, schema_folder, samples = sys.argv[1], pathlib.Path(sys.argv[2]), pathlib.Path(sys.argv[3])
+    faults = []
+    checked = 0
+    with tempfile.TemporaryDirectory() as folder:
+        for name, output in outputs(tool, samples, pathlib.Path(folder)):
+            schema = json.loads((schema_folder / f"{name}.schema.json").read_text())
+            jsonschema.Draft202012Validator.check_schema(schema)
+            faults += [f"{name}: {error}" for error in errors(closed(schema), output)]
+            for bad in broken(output):
+                if not errors(schema, bad):
+                    faults.append(f"{name}: the schema takes a broken output: {json.dumps(bad)[:300]}")
+                checked += 1
+    print("\n".join(faults) or f"the outputs are as described; {checked} broken ones are not")
+    return 1 if faults or checked < 50 else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,42 @@
+#include "support/NearestWord.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace quillmeter {
+namespace {
+
+const std::vector<std::string> kCommands{"measure", "compare", "cleanup", "export"};
+
+TEST(NearestWord, CountsInsertedDeletedReplacedAndSwappedLetters) {
+  EXPECT_EQ(editDistance("", ""), 0U);
+  EXPECT_EQ(editDistance("", "abc"), 3U);
+  EXPECT_EQ(editDistance("abc", ""), 3U);
+  EXPECT_EQ(editDistance("measure", "measure"), 0U);
+  EXPECT_EQ(editDistance("measur", "measure"), 1U);
+  EXPECT_EQ(editDistance("fromat", "format"), 1U);
+  EXPECT_EQ(editDistance("kitten", "sitting"), 3U);
+}
+
+TEST(NearestWord, IsTheWordThatWasMeant) {
+  EXPECT_EQ(nearestWord("measur", kCommands), "measure");
+  EXPECT_EQ(nearestWord("COMPARE", kCommands), "compare");
+  EXPECT_EQ(nearestWord("mesaure", kCommands), "measure");
+  EXPECT_EQ(nearestWord("clean", kCommands), "cleanup");
+}
+
+TEST(NearestWord, IsTheFirstOfEquals) {
+  EXPECT_EQ(nearestWord("catt", std::vector<std::string>{"cats", "cat"}), "cats");
+}
+
+TEST(NearestWord, NamesNothingThatWouldOnlyPuzzle) {
+  EXPECT_FALSE(nearestWord("zebra", kCommands));
+  EXPECT_FALSE(nearestWord("", kCommands));
+  EXPECT_FALSE(nearestWord("-x", std::vector<std::string>{"-h", "-o"}));
+  EXPECT_FALSE(nearestWord(std::string(100000, 'm'), kCommands));
+  EXPECT_FALSE(nearestWord("measure", std::vector<std::string>{}));
+}
+
+}  // namespace
+}  // namespace quillmeter
