@@ -142,6 +142,16 @@ TEST_F(RatingsReminderTest, DismissedAlertCountsAsRemindLater) {
   EXPECT_TRUE(defaults.bools[kFlag]);
 }
 
+TEST_F(RatingsReminderTest, AnAnswerBeyondTheButtonsCountsAsRemindLater) {
+  for (const int answer : {3, 1000, -1}) {
+    presenter.answer = answer;
+    show(3);
+    EXPECT_TRUE(defaults.bools[kFlag]) << answer;
+  }
+  EXPECT_EQ(alerts(), 3U);
+  EXPECT_THAT(opener.opened, IsEmpty());
+}
+
 TEST_F(RatingsReminderTest, ReviewNowOpensThePageAndNeverAsksAgain) {
   presenter.answer = 0;
   show(3);
