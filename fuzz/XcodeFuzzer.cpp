@@ -112,7 +112,7 @@ class MadeUpFiles final : public quillmeter::ReferenceSink {
     const auto first = static_cast<std::uint32_t>(files.appearances.size());
     for (const std::string& path : paths) {
       files.appearances.push_back(static_cast<std::uint32_t>(files.files.size()));
-      files.files.push_back({path, quillmeter::currentKind(path)});
+      files.files.push_back(path);
     }
     return {first, static_cast<std::uint32_t>(paths.size())};
   }

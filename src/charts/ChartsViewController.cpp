@@ -74,7 +74,7 @@ ChartsViewController::ChartsViewController(ChartsHost& host, const Services& ser
   ui_->scrollPage->installEventFilter(this);
   ui_->viewPage->installEventFilter(this);
   std::vector<QPushButton*> choices;
-  for (std::int32_t chart = 0; chart < kChartButtons; ++chart)
+  for (const ChartKind chart : kAllCharts)
     choices.push_back(filterButton(chart));
   popup_ = new ChoicePopup(*ui_->btnFilters, *ui_->viewFilters, choices, services_.delayedCalls, this);
   besideDetails_ = new OutsideInput(*ui_->viewPopoverDetailsChart, {ui_->viewBarChart}, this);

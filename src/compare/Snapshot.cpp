@@ -1,7 +1,6 @@
 #include "compare/Snapshot.h"
 
 #include <algorithm>
-#include <limits>
 #include <tuple>
 
 #include "analysis/MeasuredProject.h"
@@ -10,11 +9,6 @@
 
 namespace quillmeter {
 namespace {
-
-std::int64_t saturatedSum(std::int64_t left, std::int64_t right) {
-  std::int64_t sum = 0;
-  return __builtin_add_overflow(left, right, &sum) ? std::numeric_limits<std::int64_t>::max() : sum;
-}
 
 Counters countersOf(const FileObject& file) {
   Counters counters{};

@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "compare/CountedRules.h"
-#include "files/FileSystem.h"
+#include "files/ReadingFiles.h"
 #include "support/Paths.h"
 
 namespace quillmeter {
@@ -205,7 +205,7 @@ SnapshotReading readSnapshot(std::string json) {
 
 SnapshotReading readSnapshotFile(const std::string& path) {
   // Waits for the writer of a pipe, so that a shell may put a command in the place of a file.
-  const Descriptor file(openPath(path, O_RDONLY | O_CLOEXEC | O_NOCTTY));
+  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY));
   if (!file) return {std::nullopt, std::strerror(errno)};
   std::string json;
   for (constexpr std::size_t block = std::size_t{1} << 20U;;) {
@@ -213,7 +213,7 @@ SnapshotReading readSnapshotFile(const std::string& path) {
     if (size > kLargestFile) return {std::nullopt, "is larger than 1 GiB"};
     json.resize(size + block);
     const auto count = readBlock(FileSystem::real(), file.value(), std::span(json).subspan(size));
-    if (!count) return {std::nullopt, std::strerror(errno)};
+    if (!count) return {std::nullopt, std::strerror(count.error().number)};
     json.resize(size + *count);
     if (*count < block) return readSnapshot(std::move(json));
   }
