@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "app/StoppableFileSystem.h"
+#include "support/Confinement.h"
 
 namespace quillmeter {
 namespace {
@@ -42,6 +43,8 @@ void ProjectRead::stop() {
 }
 
 void ProjectRead::run() {
+  // What a stranger wrote is read by a thread that can do nothing but read.
+  confineThread();
   bool succeeded = false;
   try {
     body_(*this);

@@ -8,6 +8,7 @@
 #include "cli/JsonWriter.h"
 #include "cli/Measurement.h"
 #include "cli/Output.h"
+#include "cli/ToolConfinement.h"
 #include "support/Text.h"
 #include "tables/CleanUpTable.h"
 
@@ -61,6 +62,7 @@ void writeTable(const FileTable& table, Output& output) {
 }
 
 int cleanup(const CleanupOptions& options) {
+  confineToOutputs();
   const auto project = readProject(options.read);
   if (!project) return kNothingMeasured;
   const FileTable table = cleanUpTable(unreferencedFiles(*project));

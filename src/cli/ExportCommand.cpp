@@ -4,12 +4,14 @@
 #include <optional>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include "cli/Application.h"
 #include "cli/Commands.h"
 #include "cli/ExitStatus.h"
 #include "cli/Measurement.h"
 #include "cli/Output.h"
+#include "cli/ToolConfinement.h"
 #include "export/CsvText.h"
 
 namespace quillmeter {
@@ -56,12 +58,17 @@ int exportFiles(const ExportOptions& options) {
     complain(*mistake);
     return kWrongUsage;
   }
+  // The application writes what it must where it must and confines itself, so it comes from before this
+  // process does.
+  std::optional<ApplicationRun> report;
+  if (options.pdf) report.emplace(std::vector<std::string>{"--report", *options.pdf, options.kinds});
+  confineToOutputs({options.csv});
   const auto project = readProject(options.read);
   if (!project) return kNothingMeasured;
   int status = kSuccess;
   if (options.csv) status = exportCsvTo(*options.csv, *project, *exportKindsNamed(options.kinds));
-  if (options.pdf) {
-    const int reported = runApplication({"--report", *options.pdf, options.kinds, project->initialPath()});
+  if (report) {
+    const int reported = report->finishWith(project->initialPath());
     if (status == kSuccess) status = reported;
   }
   return status;

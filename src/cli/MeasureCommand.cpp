@@ -8,6 +8,7 @@
 #include "cli/Measurement.h"
 #include "cli/MeasurementFormats.h"
 #include "cli/Output.h"
+#include "cli/ToolConfinement.h"
 
 namespace quillmeter {
 namespace {
@@ -19,6 +20,7 @@ struct MeasureOptions {
 };
 
 int measure(const MeasureOptions& options) {
+  confineToOutputs({options.outputPath});
   const auto project = readProject(options.read);
   if (!project) return kNothingMeasured;
   Output output(options.outputPath);

@@ -12,6 +12,7 @@
 #include "cli/Measurement.h"
 #include "cli/MethodCounts.h"
 #include "cli/Output.h"
+#include "cli/ToolConfinement.h"
 #include "support/Text.h"
 
 namespace quillmeter {
@@ -114,6 +115,7 @@ std::unique_ptr<CountsFormat> formatNamed(const std::string& name, Output& outpu
 }
 
 int countMethods(const MethodsOptions& options) {
+  confineToOutputs();
   int status = kSuccess;
   Output output(std::nullopt);
   const auto format = formatNamed(options.format, output);
