@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "files/FileSystem.h"
+#include "support/Confinement.h"
 
 namespace quillmeter {
 namespace {
@@ -37,6 +38,8 @@ void ProjectRead::stop() {
 }
 
 void ProjectRead::run() {
+  // What a stranger wrote is read by a thread that can do nothing but read.
+  confineThread();
   bool succeeded = false;
   try {
     body_(*this);

@@ -7,11 +7,14 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "analysis/ParseProject.h"
 #include "export/Export.h"
 #include "overview/OverviewFigures.h"
 #include "stats/CanvasReportChart.h"
+#include "support/AtomicFile.h"
+#include "support/Confinement.h"
 #include "support/NumberFormat.h"
 #include "support/Text.h"
 #include "support/WriteAll.h"
@@ -48,6 +51,7 @@ std::optional<std::string> writeToStandardOutput(const std::optional<std::string
 }
 
 int report(const std::string& file, const FileGroups& groups, const std::string& bundle) {
+  confineThread(file == "-" ? std::vector<std::string>() : std::vector{folderOfOutput(file)});
   const auto project = std::make_shared<ParseProject>();
   try {
     project->parseFileAtPathAndDelegate(bundle, nullptr);

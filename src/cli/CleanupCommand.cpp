@@ -9,6 +9,7 @@
 #include "cli/Measurement.h"
 #include "cli/Output.h"
 #include "cli/Suggestions.h"
+#include "cli/ToolConfinement.h"
 #include "support/Text.h"
 #include "tables/CleanUpTable.h"
 
@@ -62,6 +63,7 @@ void writeTable(const FileTable& table, Output& output) {
 }
 
 int cleanup(const CleanupOptions& options) {
+  confineToOutputs();
   const auto project = readProject(options.read);
   if (!project) return kNothingMeasured;
   ReadFaults ownFaults;

@@ -4,12 +4,14 @@
 #include <optional>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include "cli/Commands.h"
 #include "cli/ExitStatus.h"
 #include "cli/Measurement.h"
 #include "cli/Output.h"
 #include "cli/ReportProcess.h"
+#include "cli/ToolConfinement.h"
 #include "export/CsvText.h"
 
 namespace quillmeter {
@@ -57,14 +59,19 @@ int exportFiles(const ExportOptions& options) {
     complain(*mistake);
     return kWrongUsage;
   }
+  // The application writes what it must where it must and confines itself, so it comes from before this
+  // process does.
+  std::optional<ReportProcess> report;
+  if (options.pdf) report.emplace(std::vector<std::string>{"--report", *options.pdf, options.kinds});
+  confineToOutputs({options.csv});
   const auto project = readProject(options.read);
   if (!project) return kNothingMeasured;
   tellOfFaults(project->faults());
   int status = kSuccess;
   if (options.csv)
     status = exportCsvTo(*options.csv, *project, *fileGroupsNamed(options.kinds, project->kinds()));
-  if (options.pdf) {
-    const int reported = runReportProcess({"--report", *options.pdf, options.kinds, project->initialPath()});
+  if (report) {
+    const int reported = report->finishWith(project->initialPath());
     if (status == kSuccess) status = reported;
   }
   return status;

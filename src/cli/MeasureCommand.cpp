@@ -10,6 +10,7 @@
 #include "cli/MeasurementFormats.h"
 #include "cli/Output.h"
 #include "cli/Suggestions.h"
+#include "cli/ToolConfinement.h"
 
 namespace quillmeter {
 namespace {
@@ -55,6 +56,7 @@ int measure(const MeasureOptions& options) {
     complain(*mistake);
     return kWrongUsage;
   }
+  confineToOutputs({options.output.outputPath});
   std::optional<Snapshot> baseline;
   if (options.baseline) {
     baseline = snapshotInFile(*options.baseline);

@@ -13,6 +13,7 @@
 #include "cli/MethodCounts.h"
 #include "cli/Output.h"
 #include "cli/Suggestions.h"
+#include "cli/ToolConfinement.h"
 #include "support/Text.h"
 
 namespace quillmeter {
@@ -115,6 +116,7 @@ std::unique_ptr<CountsFormat> formatNamed(const std::string& name, Output& outpu
 }
 
 int countMethods(const MethodsOptions& options) {
+  confineToOutputs();
   int status = kSuccess;
   Output output(std::nullopt);
   const auto format = formatNamed(options.format, output);

@@ -6,6 +6,7 @@
 #include "cli/ExitStatus.h"
 #include "cli/Measurement.h"
 #include "cli/Output.h"
+#include "cli/ToolConfinement.h"
 #include "page/MeasurementPage.h"
 
 namespace quillmeter {
@@ -17,8 +18,10 @@ struct ReportOptions {
 };
 
 int report(const ReportOptions& options) {
+  confineToOutputs({options.html});
   const auto project = readProject(options.read);
   if (!project) return kNothingMeasured;
+  tellOfFaults(project->faults());
   Output output(options.html);
   output.write(measurementPage(*project));
   return statusAfter(output, kSuccess);

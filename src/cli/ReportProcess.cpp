@@ -10,10 +10,12 @@
 #include <csignal>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 #include "cli/ExitStatus.h"
 #include "cli/Measurement.h"
-#include "files/FileSystem.h"
+#include "files/ReadingFiles.h"
+#include "support/WriteAll.h"
 
 namespace quillmeter {
 namespace {
@@ -23,57 +25,87 @@ int failed(const std::string& message) {
   return kOutputFailed;
 }
 
-struct Start {
-  pid_t child = -1;
-  int reason = 0;  ///< why the program was not started, as an error number; 0 when it was
-};
+/// The whole of what comes through a pipe until its other end is closed.
+std::string readToEnd(int descriptor) {
+  std::string text;
+  std::array<char, 4096> block{};
+  for (;;) {
+    const auto count = readBlock(FileSystem::real(), descriptor, block);
+    if (!count || *count == 0) return text;
+    text.append(block.data(), *count);
+  }
+}
 
 /// The child's part: becomes the program, or leaves the reason why not in the pipe.
-[[noreturn]] void becomeProgram(const std::vector<char*>& argv, pid_t tool, int reasonPipe) {
+[[noreturn]] void becomeProgram(std::vector<std::string> arguments, pid_t tool, int fromTool, int toTool) {
   // A report that nobody waits for any more is given up. The tool may have gone before this was asked for.
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-  if (::getppid() == tool) ::execv(argv.front(), argv.data());
-  const int reason = errno;
-  [[maybe_unused]] const ssize_t written = ::write(reasonPipe, &reason, sizeof(reason));
-  ::_exit(kOutputFailed);
-}
-
-Start startProcess(const std::vector<char*>& argv) {
-  std::array<int, 2> reasonPipe{};
-  if (::pipe2(reasonPipe.data(), O_CLOEXEC) != 0) return {.reason = errno};
-  const Descriptor readEnd(reasonPipe[0]);
-  Descriptor writeEnd(reasonPipe[1]);
-  const pid_t tool = ::getpid();
-  Start start{.child = ::fork()};
-  if (start.child == 0) becomeProgram(argv, tool, writeEnd.value());
-  if (start.child < 0) start.reason = errno;
-  if (start.child < 0) return start;
-  writeEnd.reset();
-  // The program's start closes the pipe without a word.
-  while (::read(readEnd.value(), &start.reason, sizeof(start.reason)) < 0 && errno == EINTR) {
-  }
-  if (start.reason != 0) ::waitpid(start.child, nullptr, 0);
-  return start;
-}
-
-}  // namespace
-
-int runReportProcess(std::vector<std::string> arguments) {
-  std::error_code error;
-  const auto tool = std::filesystem::read_symlink("/proc/self/exe", error);
-  const std::string application = (tool.parent_path() / "quillmeter").string();
-  arguments.insert(arguments.begin(), application);
+  arguments.push_back(readToEnd(fromTool));
+  if (arguments.back().empty() || ::getppid() != tool) ::_exit(kOutputFailed);
   std::vector<char*> argv;
   for (std::string& argument : arguments)
     argv.push_back(argument.data());
   argv.push_back(nullptr);
+  ::execv(argv.front(), argv.data());
+  const int reason = errno;
+  [[maybe_unused]] const ssize_t written = ::write(toTool, &reason, sizeof(reason));
+  ::_exit(kOutputFailed);
+}
 
-  const Start start = startProcess(argv);
-  if (start.reason == ENOENT) return failed("the application is missing, it belongs at " + application);
-  if (start.reason != 0) return failed(application + ": " + std::generic_category().message(start.reason));
-  int status = 0;
-  while (::waitpid(start.child, &status, 0) < 0 && errno == EINTR) {
+struct Pipe {
+  Pipe() {
+    std::array<int, 2> ends{};
+    if (::pipe2(ends.data(), O_CLOEXEC) != 0) return;
+    readEnd = Descriptor(ends[0]);
+    writeEnd = Descriptor(ends[1]);
   }
+  Descriptor readEnd;
+  Descriptor writeEnd;
+};
+
+}  // namespace
+
+ReportProcess::ReportProcess(std::vector<std::string> arguments) {
+  std::error_code error;
+  const auto tool = std::filesystem::read_symlink("/proc/self/exe", error);
+  application_ = (tool.parent_path() / "quillmeter").string();
+  arguments.insert(arguments.begin(), application_);
+  Pipe there;
+  Pipe back;
+  const pid_t self = ::getpid();
+  if (there.readEnd && back.readEnd) child_ = ::fork();
+  if (child_ < 0) reason_ = errno;
+  if (child_ == 0) {
+    there.writeEnd.reset();
+    becomeProgram(std::move(arguments), self, there.readEnd.value(), back.writeEnd.value());
+  }
+  toChild_ = std::move(there.writeEnd);
+  fromChild_ = std::move(back.readEnd);
+}
+
+ReportProcess::~ReportProcess() {
+  toChild_.reset();
+  if (child_ > 0) ::waitpid(child_, nullptr, 0);
+}
+
+int ReportProcess::finishWith(const std::string& lastArgument) {
+  if (reason_ == 0) {
+    // A process that has gone tells why by its end.
+    [[maybe_unused]] const auto error = writeAll(toChild_.value(), lastArgument);
+    toChild_.reset();
+    while (::read(fromChild_.value(), &reason_, sizeof(reason_)) < 0 && errno == EINTR) {
+    }
+  }
+  if (reason_ == ENOENT) return failed("the application is missing, it belongs at " + application_);
+  if (reason_ != 0) return failed(application_ + ": " + std::generic_category().message(reason_));
+  return wait();
+}
+
+int ReportProcess::wait() {
+  int status = 0;
+  while (::waitpid(child_, &status, 0) < 0 && errno == EINTR) {
+  }
+  child_ = -1;
   if (!WIFEXITED(status)) return failed("the application was ended by a signal");
   const int ended = WEXITSTATUS(status);
   // Any other status is not the application's own: it could not even start.

@@ -19,6 +19,7 @@
 #include "cli/Output.h"
 #include "cli/Suggestions.h"
 #include "support/Addresses.h"
+#include "support/Confinement.h"
 #include "support/MemoryGuard.h"
 
 namespace quillmeter {
@@ -50,10 +51,19 @@ int answer(const CLI::App& app, const CLI::ParseError& error) {
   return statusAfter(output, kSuccess);
 }
 
+std::string versionText(bool verbose) {
+  const std::string version = std::string("quillmeter-cli ") + kVersion;
+  // What is told is what happened: this process needs no more than what it is left with.
+  return verbose ? version + "\nWhile it reads: " + confinementText(confineThread()) : version;
+}
+
 int runCommandLine(int argc, const char* const* argv) {
   int status = kSuccess;
   CLI::App app("Measures software projects described by an Xcode project bundle.", "quillmeter-cli");
-  app.set_version_flag("--version", std::string("quillmeter-cli ") + kVersion);
+  bool verbose = false;
+  CLI::Option* const verboseFlag =
+      app.add_flag("--verbose", verbose, "With --version: also say what the kernel denies the tool");
+  verboseFlag->needs(app.set_version_flag("--version", [&verbose] { return versionText(verbose); }));
   app.require_subcommand(1);
   app.failure_message(wrongUsageMessage);
   app.footer(

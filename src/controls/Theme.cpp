@@ -81,7 +81,8 @@ QPushButton:hover { border-color: @accent; }
 QPushButton:pressed { background: @background; }
 QPushButton[focusRing="true"] { border: 2px solid @accent; padding: 6px 13px; }
 QPushButton:checked { background: @accent; border-color: @accent; color: white; }
-QPushButton[focusRing="true"]:checked { border: 2px solid @text; }
+QPushButton[focusRing="true"]:checked { border: 2px solid @accent; outline: 2px solid white; outline-offset: -5px;
+  outline-radius: 4px; }
 QPushButton:disabled { color: @mutedText; }
 QPushButton:checked:disabled { color: white; }
 QPushButton[role="primary"] { background: @accent; border-color: @accent; color: white; font-weight: 600; }

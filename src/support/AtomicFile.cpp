@@ -168,6 +168,11 @@ void AtomicFile::removeTemporary() {
   if (!temporary_.empty()) system_.remove(std::exchange(temporary_, {}));
 }
 
+std::string folderOfOutput(const std::string& path) {
+  const std::string destination = linkTarget(WritingSystem::real(), path);
+  return destination.empty() ? std::string() : folderOf(destination);
+}
+
 std::optional<std::string> writeFileAtomically(const std::string& path, std::string_view bytes,
                                                const WritingSystem& system) {
   AtomicFile file(path, system);

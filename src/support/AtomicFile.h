@@ -49,6 +49,9 @@ class AtomicFile {
   std::optional<std::string> error_;
 };
 
+/// The folder that an output to `path` is written in: where its chain of links ends. Empty for a loop.
+[[nodiscard]] std::string folderOfOutput(const std::string& path);
+
 /// Writes `bytes` as the whole content of the file at `path`, atomically. Gives the system's message when it
 /// could not be written, nothing on success.
 [[nodiscard]] std::optional<std::string> writeFileAtomically(

@@ -15,6 +15,8 @@
 
 #include "helpers/PlayedFileSystem.h"
 #include "helpers/ProjectFixture.h"
+#include "support/AtomicFile.h"
+#include "support/Confinement.h"
 
 namespace quillmeter {
 namespace {
@@ -117,6 +119,21 @@ TEST(ProjectRead, FailureOnTheThreadEndsTheReadWithoutAProject) {
   read.start();
   ASSERT_TRUE(record.waitForEnd());
   EXPECT_EQ(record.project, nullptr);
+}
+
+TEST(ProjectRead, ReadsOnAThreadThatCannotWrite) {
+  const TemporaryFolder folder;
+  const auto canWrite = [&folder] { return writeFileAtomically(folder / "out", "x") == std::nullopt; };
+  bool readerCan = true;
+  ProjectRead read([&](ProjectRead&) { readerCan = canWrite(); });
+  const Record record(read);
+  read.start();
+  ASSERT_TRUE(record.waitForEnd());
+  EXPECT_TRUE(canWrite()) << "the main thread may";
+  Confinement inForce;
+  std::thread([&inForce] { inForce = confineThread(); }).join();
+  if (inForce.files == 0) GTEST_SKIP() << "this kernel has no rules for files";
+  EXPECT_FALSE(readerCan);
 }
 
 TEST(ProjectRead, StoppedReadStillEnds) {

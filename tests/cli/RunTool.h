@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <linux/close_range.h>
 #include <poll.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -52,6 +53,8 @@ inline ToolResult runTool(std::vector<std::string> arguments, const ToolSurround
       standardOutput = ::open(surroundings.standardOutput.c_str(), O_WRONLY);
     ::dup2(standardOutput, STDOUT_FILENO);
     ::dup2(err[1], STDERR_FILENO);
+    // What this process inherited is none of the tool's.
+    ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
     const rlimit files{surroundings.openFiles, surroundings.openFiles};
     if (surroundings.openFiles != RLIM_INFINITY && ::setrlimit(RLIMIT_NOFILE, &files) != 0) ::_exit(126);
     ::execv(tool.c_str(), argv.data());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
@@ -14,13 +15,16 @@ inline std::size_t openDescriptors() {
   return count - 1;  // the listing's own
 }
 
-/// Lets this process open `more` files beyond those that are open, for the life of the object. Those that are
-/// open must have the lowest numbers.
+/// Lets this process open `more` files beyond those that are open, whatever their numbers are, for the life
+/// of the object.
 class DescriptorLimit {
  public:
   explicit DescriptorLimit(std::size_t more) {
     EXPECT_EQ(::getrlimit(RLIMIT_NOFILE, &before_), 0);
-    const rlimit limit{openDescriptors() + more, before_.rlim_max};
+    rlim_t numbers = 0;
+    for (std::size_t left = more; left > 0; ++numbers)
+      if (::fcntl(static_cast<int>(numbers), F_GETFD) < 0) --left;
+    const rlimit limit{numbers, before_.rlim_max};
     EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &limit), 0);
   }
   ~DescriptorLimit() { EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &before_), 0); }

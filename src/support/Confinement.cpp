@@ -1,0 +1,138 @@
+#include "support/Confinement.h"
+
+#include <fcntl.h>
+#include <linux/audit.h>
+#include <linux/filter.h>
+#include <linux/landlock.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <cstdint>
+
+namespace quillmeter {
+namespace {
+
+// Rules that came after the headers of the oldest system that this is built on, by the version that brought
+// them.
+constexpr std::uint64_t kTruncate = std::uint64_t{1} << 14;     // 3
+constexpr std::uint64_t kDeviceIoctl = std::uint64_t{1} << 15;  // 5
+
+/// As the kernel takes them; it ignores what it does not know as long as that is 0.
+struct Rules {
+  std::uint64_t files = 0;
+  std::uint64_t network = 0;  // 4
+  std::uint64_t scopes = 0;   // 6
+};
+
+constexpr std::uint64_t kWriting =
+    LANDLOCK_ACCESS_FS_WRITE_FILE | LANDLOCK_ACCESS_FS_REMOVE_FILE | LANDLOCK_ACCESS_FS_MAKE_REG;
+constexpr std::uint64_t kForbidden = kWriting | LANDLOCK_ACCESS_FS_EXECUTE | LANDLOCK_ACCESS_FS_REMOVE_DIR |
+                                     LANDLOCK_ACCESS_FS_MAKE_CHAR | LANDLOCK_ACCESS_FS_MAKE_DIR |
+                                     LANDLOCK_ACCESS_FS_MAKE_SOCK | LANDLOCK_ACCESS_FS_MAKE_FIFO |
+                                     LANDLOCK_ACCESS_FS_MAKE_BLOCK | LANDLOCK_ACCESS_FS_MAKE_SYM;
+
+Rules rulesOf(int version) {
+  Rules rules{.files = kForbidden};
+  if (version >= 2) rules.files |= LANDLOCK_ACCESS_FS_REFER;
+  if (version >= 3) rules.files |= kTruncate;
+  if (version >= 4) rules.network = 0b11;  // to bind and to connect TCP
+  if (version >= 5) rules.files |= kDeviceIoctl;
+  // To sockets without a path. Not the rule against signals, though: the one that ends a child with its
+  // parent counts as sent by the parent, and the report's process must end with the tool.
+  if (version >= 6) rules.scopes = 0b01;
+  return rules;
+}
+
+void allowWriting(int ruleSet, const Rules& rules, const std::string& folder) {
+  const int descriptor = ::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) return;  // what is not there cannot be written to either
+  const std::uint64_t all = kWriting | LANDLOCK_ACCESS_FS_REFER | kTruncate;
+  const landlock_path_beneath_attr rule{.allowed_access = all & rules.files, .parent_fd = descriptor};
+  ::syscall(SYS_landlock_add_rule, ruleSet, LANDLOCK_RULE_PATH_BENEATH, &rule, 0);
+  ::close(descriptor);
+}
+
+/// Gives the version of the rules in force, 0 when the kernel has none.
+int confineFiles(const std::vector<std::string>& writableFolders) {
+  const auto version =
+      static_cast<int>(::syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION));
+  if (version < 1) return 0;
+  const Rules rules = rulesOf(version);
+  const std::size_t size = version >= 6   ? sizeof(Rules)
+                           : version >= 4 ? 2 * sizeof(std::uint64_t)
+                                          : sizeof(std::uint64_t);
+  const auto ruleSet = static_cast<int>(::syscall(SYS_landlock_create_ruleset, &rules, size, 0));
+  if (ruleSet < 0) return 0;
+  for (const std::string& folder : writableFolders)
+    allowWriting(ruleSet, rules, folder);
+  const bool inForce = ::syscall(SYS_landlock_restrict_self, ruleSet, 0) == 0;
+  ::close(ruleSet);
+  return inForce ? version : 0;
+}
+
+#if defined(__x86_64__)
+constexpr std::uint32_t kArchitecture = AUDIT_ARCH_X86_64;
+#elif defined(__aarch64__)
+constexpr std::uint32_t kArchitecture = AUDIT_ARCH_AARCH64;
+#elif defined(__riscv) && __riscv_xlen == 64
+constexpr std::uint32_t kArchitecture = AUDIT_ARCH_RISCV64;
+#else
+constexpr std::uint32_t kArchitecture = 0;  // not known here: no filter
+#endif
+
+/// The calls that lead to a socket. io_uring makes sockets past every filter.
+constexpr std::array kDeniedCalls = {SYS_socket,  SYS_socketpair, SYS_connect,       SYS_bind,
+                                     SYS_listen,  SYS_accept,     SYS_accept4,       SYS_sendto,
+                                     SYS_sendmsg, SYS_sendmmsg,   SYS_io_uring_setup};
+
+/// A program for the kernel that it runs before each system call of the thread.
+bool confineNetwork() {
+  if (kArchitecture == 0) return false;
+  constexpr std::uint32_t denial = SECCOMP_RET_ERRNO | EACCES;
+  std::vector<sock_filter> program{
+      BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, arch)),
+      // The calls of another architecture have other numbers: none of them is let through.
+      BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, kArchitecture, 1, 0),
+      BPF_STMT(BPF_RET | BPF_K, denial),
+      BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+  };
+#if defined(__x86_64__)
+  constexpr std::uint32_t shortPointers = 0x40000000;  // the bit of a third set of numbers
+  program.push_back(BPF_JUMP(BPF_JMP | BPF_JSET | BPF_K, shortPointers, 0, 1));
+  program.push_back(BPF_STMT(BPF_RET | BPF_K, denial));
+#endif
+  for (const long call : kDeniedCalls) {
+    program.push_back(BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<std::uint32_t>(call), 0, 1));
+    program.push_back(BPF_STMT(BPF_RET | BPF_K, denial));
+  }
+  program.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW));
+  const sock_fprog filter{.len = static_cast<unsigned short>(program.size()), .filter = program.data()};
+  return ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) == 0;
+}
+
+}  // namespace
+
+Confinement confineThread(const std::vector<std::string>& writableFolders) {
+  Confinement result;
+  // The kernel asks for this first: no program that is started can get rights that the thread has not.
+  if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) return result;
+  result.files = confineFiles(writableFolders);
+  result.network = confineNetwork();
+  return result;
+}
+
+std::string confinementText(const Confinement& confinement) {
+  const std::string files = confinement.files > 0 ? "files are only read, by the kernel's rules (Landlock " +
+                                                        std::to_string(confinement.files) + ")"
+                                                  : "this kernel has no rules for files (Landlock)";
+  const std::string network = confinement.network ? "the network is denied (seccomp)"
+                                                  : "this kernel has no filter for the network (seccomp)";
+  return files + "; " + network;
+}
+
+}  // namespace quillmeter
