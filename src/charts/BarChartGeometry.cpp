@@ -89,8 +89,7 @@ ChartLabel chartTitleLabel(ChartKind kind) {
 }
 
 std::string gridLabelText(ChartKind kind, std::int64_t value) {
-  return kind == ChartKind::sourceFilesBars ? std::to_string(value)
-                                            : sizeInKilobytes(static_cast<double>(value));
+  return measuresLines(kind) ? std::to_string(value) : sizeInKilobytes(static_cast<double>(value));
 }
 
 BarChartDrawing barChartDrawing(const ChartContents& contents, const TextMeasure& measure) {

@@ -28,9 +28,8 @@ std::optional<std::string> sizeAdvice(double share, ChartKind kind) {
 }  // namespace
 
 std::string barValueText(ChartKind kind, const FileObject& file) {
-  return kind == ChartKind::sourceFilesBars
-             ? std::to_string(integerValue(file.noLinesTotal())) + " lines"
-             : sizeInKilobytes(static_cast<double>(integerValue(file.fileSize())));
+  return measuresLines(kind) ? std::to_string(integerValue(file.noLinesTotal())) + " lines"
+                             : sizeInKilobytes(static_cast<double>(integerValue(file.fileSize())));
 }
 
 std::optional<ChartAdvice> chartAdvice(ChartKind kind, const FileObject& file, double average) {
@@ -39,7 +38,7 @@ std::optional<ChartAdvice> chartAdvice(ChartKind kind, const FileObject& file, d
   advice.fileName = file.fileName().value_or(std::string());
   // What is shown is judged: of a value that is still growing the whole lines or bytes.
   const double share = ratio(static_cast<double>(integerValue(barMeasure(kind, file))), average);
-  if (kind == ChartKind::sourceFilesBars) {
+  if (measuresLines(kind)) {
     advice.value = "LOC: " + barValueText(kind, file);
     advice.average = "Average: " + fixed(average, 1) + " lines";
     advice.advice = codeAdvice(share);

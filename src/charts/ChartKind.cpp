@@ -36,7 +36,7 @@ std::string_view chartHint(ChartKind kind, bool chartIsEmpty) {
 }
 
 FileMeasure barMeasure(ChartKind kind) {
-  return kind == ChartKind::sourceFilesBars ? &FileObject::noLinesTotal : &FileObject::fileSize;
+  return measuresLines(kind) ? &FileObject::noLinesTotal : &FileObject::fileSize;
 }
 
 const std::optional<Number>& barMeasure(ChartKind kind, const FileObject& file) {

@@ -39,7 +39,16 @@ inline constexpr std::array kAllCharts = {ChartKind::codeLinesPie, ChartKind::fi
 inline constexpr std::size_t kMostBars = 15;
 
 [[nodiscard]] constexpr bool isPieChart(ChartKind kind) {
-  return kind == ChartKind::codeLinesPie || kind == ChartKind::fileKindsPie;
+  switch (kind) {
+    case ChartKind::codeLinesPie:
+    case ChartKind::fileKindsPie:
+      return true;
+    case ChartKind::sourceFilesBars:
+    case ChartKind::xibFilesBars:
+    case ChartKind::imageFilesBars:
+      break;
+  }
+  return false;
 }
 [[nodiscard]] constexpr bool isBarChart(ChartKind kind) {
   return !isPieChart(kind);
@@ -52,7 +61,21 @@ inline constexpr std::size_t kMostBars = 15;
 /// for a pie that has something to show.
 [[nodiscard]] std::string_view chartHint(ChartKind kind, bool chartIsEmpty);
 
-/// What a bar of the chart stands for: lines in the chart of source files, bytes in the other two.
+/// Whether the bars of a chart stand for lines; they stand for bytes otherwise.
+[[nodiscard]] constexpr bool measuresLines(ChartKind kind) {
+  switch (kind) {
+    case ChartKind::sourceFilesBars:
+      return true;
+    case ChartKind::codeLinesPie:
+    case ChartKind::fileKindsPie:
+    case ChartKind::xibFilesBars:
+    case ChartKind::imageFilesBars:
+      break;
+  }
+  return false;
+}
+
+/// What a bar of the chart stands for.
 [[nodiscard]] FileMeasure barMeasure(ChartKind kind);
 [[nodiscard]] const std::optional<Number>& barMeasure(ChartKind kind, const FileObject& file);
 

@@ -77,8 +77,8 @@ FileList grownBars(ChartKind kind, const FileList& files, float factor) {
     const Number grown(static_cast<double>(measure * factor));
     auto bar = std::make_shared<FileObject>();
     bar->setFileName(file->fileName());
-    bar->setNoLinesTotal(kind == ChartKind::sourceFilesBars ? std::optional(grown) : file->noLinesTotal());
-    bar->setFileSize(kind == ChartKind::sourceFilesBars ? file->fileSize() : std::optional(grown));
+    bar->setNoLinesTotal(measuresLines(kind) ? std::optional(grown) : file->noLinesTotal());
+    bar->setFileSize(measuresLines(kind) ? file->fileSize() : std::optional(grown));
     bars.push_back(std::move(bar));
   }
   return bars;

@@ -118,8 +118,9 @@ void ChartsViewController::setPictures() {
 }
 
 QPushButton* ChartsViewController::filterButton(ChartKind chart) const {
-  const std::array<QPushButton*, kAllCharts.size()> buttons{ui_->btnFilter1, ui_->btnFilter2, ui_->btnFilter3,
-                                                            ui_->btnFilter4, ui_->btnFilter5};
+  const std::array<QPushButton*, 5> buttons{ui_->btnFilter1, ui_->btnFilter2, ui_->btnFilter3,
+                                            ui_->btnFilter4, ui_->btnFilter5};
+  static_assert(std::tuple_size_v<decltype(buttons)> == kAllCharts.size(), "each chart has its button");
   return buttons.at(static_cast<std::size_t>(graphTypeOf(chart)));
 }
 

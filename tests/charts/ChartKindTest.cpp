@@ -32,5 +32,10 @@ TEST(ChartKind, EveryOneIsAPieOrBarsAndHasATitle) {
   }
 }
 
+TEST(ChartKind, OnlySourceFilesAreMeasuredInLines) {
+  for (const ChartKind kind : kAllCharts)
+    EXPECT_EQ(measuresLines(kind), kind == ChartKind::sourceFilesBars) << graphTypeOf(kind);
+}
+
 }  // namespace
 }  // namespace quillmeter

@@ -94,7 +94,7 @@ TEST(UniformWidths, EveryWidthFromAllMinimaUpIsFilledExactly) {
   std::vector<int> widths;
   for (const FileTableColumn& column : columns)
     widths.push_back(column.width);
-  for (int available = 44 * 10; available < 2000; ++available) {
+  for (int available = 44 * static_cast<int>(columns.size()); available < 2000; ++available) {
     const auto fitted = uniformWidths(columns, widths, available);
     ASSERT_EQ(std::accumulate(fitted.begin(), fitted.end(), 0), available);
   }
