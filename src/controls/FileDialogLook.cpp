@@ -25,6 +25,7 @@ void giveFileDialogLook(QFileDialog& dialog) {
     places->setSizes({kPlacesWidth, size.width() - kPlacesWidth});
   if (auto* details = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {
     details->header()->setStretchLastSection(false);
+    details->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     details->header()->setSectionResizeMode(0, QHeaderView::Stretch);
   }
 }

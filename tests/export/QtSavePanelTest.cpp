@@ -175,11 +175,17 @@ TEST_F(SavePanelSheet, RenamesAndDeletesNothing) {
 }
 
 TEST_F(SavePanelSheet, ShowsItsColumns) {
-  const auto* list = dialog()->findChild<QTreeView*>(QStringLiteral("treeView"));
+  folder.file("shown/statistics.pdf", "old");
+  dialog()->setNameFilter(QStringLiteral("All files (*)"));
+  dialog()->setDirectory(QString::fromStdString(folder / "shown"));
+  auto* list = dialog()->findChild<QTreeView*>(QStringLiteral("treeView"));
   EXPECT_TRUE(list->isVisible());
-  QCoreApplication::processEvents();
-  EXPECT_GE(list->columnWidth(0), 200) << "names";
-  EXPECT_LE(list->header()->length(), list->viewport()->width()) << "and everything about them";
+  ASSERT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }));
+  const QAbstractItemView& view = *list;
+  ASSERT_TRUE(QTest::qWaitFor([&] { return list->columnWidth(3) >= view.sizeHintForColumn(3); }));
+  for (int column = 0; column < 4; ++column)
+    EXPECT_GE(list->columnWidth(column), view.sizeHintForColumn(column)) << column;
+  EXPECT_LE(list->header()->length(), list->viewport()->width());
 }
 
 TEST_F(SavePanelSheet, NextOneBeginsInTheFolderOfTheLast) {
