@@ -36,12 +36,12 @@ namespace quillmeter {
 /// What is found is still tested by the rule itself.
 ///
 /// What it takes, for n entries in folders at most d deep and references of r bytes altogether: 23 bytes an
-/// entry with the table alone, about 67 with the order, whatever the references
-/// are, besides the walk. The table takes time linear in n, the order O(n log n log d); all questions
-/// together O((n + r) log n) and the length of the paths that they give. One kind of reference can take
-/// longer: one that overlaps itself (m/m, or mm/m) may have entries that end in it and do not match
-/// (x/m/m/m), and these are all tested, once for each such reference, for which the first that matches is
-/// kept then; at worst that is every entry for each number of components that references have.
+/// entry with the table alone, about 67 with the order, whatever the references are. The table takes time
+/// linear in n, the order O(n log n log d); all questions together O((n + r) log n) and the length of the
+/// paths that they give. One kind of reference can take longer: one that overlaps itself (m/m, or mm/m) may
+/// have entries that end in it and do not match (x/m/m/m), and these are all tested, once for each such
+/// reference, which is kept with its first candidate then; at worst that is every entry for each number of
+/// components that references have.
 ///
 /// Not for use by two threads at a time: asking may make a table.
 class PathIndex {
