@@ -65,7 +65,9 @@ FileList ParseProject::filesOfProject(const std::string& bundle, ProjectFindings
   const auto project = readWholeFile(fileSystem(), description, kLargestDescription);
   noteOrFail(description, project.error());
   reportStarted();
+  found.folder = parentFolder(bundle);
   const bool isText = project && isValidUtf8(*project);
+  found.refersToFolders = isText && refersToFolders(*project);
   const auto section = isText ? referenceSection(*project) : std::nullopt;
   return section ? filesOf(*section, found) : FileList();
 }

@@ -35,6 +35,8 @@ struct OtherCase {
 
 /// What a read found beside the files that it measured.
 struct ProjectFindings {
+  /// The folder that the project's paths begin at; empty after a fault.
+  std::string folder;
   /// Why nothing could be measured, as "project.pbxproj:LINE: expected …"; empty when the description is
   /// fine, and always under the classic rules, which know no faults.
   std::string error;
@@ -47,6 +49,9 @@ struct ProjectFindings {
   std::vector<OtherCase> otherCase;       ///< in order
   /// Under the current rules how many references lead to what is at home on the machine that builds.
   std::size_t foreign = 0;
+  /// Under the classic rules whether the description refers to whole folders of files, which these rules do
+  /// not look into.
+  bool refersToFolders = false;
 };
 
 }  // namespace quillmeter

@@ -1,6 +1,7 @@
 #include "analysis/ReferenceSection.h"
 
 #include <algorithm>
+#include <array>
 
 #include "measuring/FileKinds.h"
 #include "support/Paths.h"
@@ -57,6 +58,14 @@ std::optional<std::string> referencedPath(std::string_view line, const FileKindT
 std::optional<std::string> extensionOfOtherReference(std::string_view line) {
   const auto path = pathOfAnyKind(line);
   return path ? std::optional(lowerCased(pathExtension(*path))) : std::nullopt;
+}
+
+bool refersToFolders(std::string_view project) {
+  constexpr std::array<std::string_view, 3> words = {
+      "PBXFileSystemSynchronizedRootGroup", "XCLocalSwiftPackageReference", "lastKnownFileType = folder;"};
+  return std::any_of(words.begin(), words.end(), [project](std::string_view word) {
+    return project.find(word) != std::string_view::npos;
+  });
 }
 
 std::string referenceIdentifier(std::string_view line) {

@@ -22,6 +22,9 @@ class FileKindTable;
 /// because of its kind; absent when the line has no path.
 [[nodiscard]] std::optional<std::string> extensionOfOtherReference(std::string_view line);
 
+/// Whether a description refers to folders whose files it does not list one by one.
+[[nodiscard]] bool refersToFolders(std::string_view project);
+
 /// The identifier that a line begins with; empty when it has none.
 [[nodiscard]] std::string referenceIdentifier(std::string_view line);
 

@@ -15,5 +15,6 @@ void addCompareCommand(CLI::App& app, int& status);
 void addReportCommand(CLI::App& app, int& status);
 void addCleanupCommand(CLI::App& app, int& status);
 void addMethodsCommand(CLI::App& app, int& status);
+void addReferencesCommand(CLI::App& app, int& status);
 
 }  // namespace quillmeter

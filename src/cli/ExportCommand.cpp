@@ -13,6 +13,7 @@
 #include "cli/ReportProcess.h"
 #include "cli/ToolConfinement.h"
 #include "export/CsvText.h"
+#include "xcode/CurrentKinds.h"
 
 namespace quillmeter {
 namespace {
@@ -21,8 +22,16 @@ struct ExportOptions {
   ReadOptions read;
   std::optional<std::string> csv;
   std::optional<std::string> pdf;
-  std::string kinds = fileGroupKeys(classicKinds());
+  std::optional<std::string> kinds;  ///< all of the rules' when absent
 };
+
+const FileKindTable& kindsOf(ProjectRules rules) {
+  return rules == ProjectRules::current ? currentKinds() : classicKinds();
+}
+
+std::string kindsOf(const ExportOptions& options) {
+  return options.kinds.value_or(fileGroupKeys(kindsOf(options.read.rules)));
+}
 
 /// Whether two names lead to one file, whichever way they are written.
 bool isOneFile(const std::string& first, const std::string& second) {
@@ -41,14 +50,14 @@ std::optional<std::string> misuse(const ExportOptions& options) {
   if (options.csv && options.pdf && isOneFile(*options.csv, *options.pdf)) {
     return "export: --csv and --pdf name the same file";
   }
-  if (!fileGroupsNamed(options.kinds, classicKinds())) {
-    return "export: --kinds takes a list of " + fileGroupKeysInWords(classicKinds()) +
-           ", separated by commas";
+  const FileKindTable& kinds = kindsOf(options.read.rules);
+  if (!fileGroupsNamed(kindsOf(options), kinds)) {
+    return "export: --kinds takes a list of " + fileGroupKeysInWords(kinds) + ", separated by commas";
   }
   return std::nullopt;
 }
 
-int exportCsvTo(const std::string& path, const ParseProject& project, const FileGroups& groups) {
+int exportCsvTo(const std::string& path, const MeasuredProject& project, const FileGroups& groups) {
   Output output(path);
   output.write(csvText(filesToExport(project.files(), groups, project.kinds())));
   return statusAfter(output, kSuccess);
@@ -62,14 +71,14 @@ int exportFiles(const ExportOptions& options) {
   // The application writes what it must where it must and confines itself, so it comes from before this
   // process does.
   std::optional<ReportProcess> report;
-  if (options.pdf) report.emplace(std::vector<std::string>{"--report", *options.pdf, options.kinds});
+  if (options.pdf) report.emplace(std::vector<std::string>{"--report", *options.pdf, kindsOf(options)});
   confineToOutputs({options.csv});
   const auto project = readProject(options.read);
   if (!project) return kNothingMeasured;
   tellOfFaults(project->faults());
   int status = kSuccess;
   if (options.csv)
-    status = exportCsvTo(*options.csv, *project, *fileGroupsNamed(options.kinds, project->kinds()));
+    status = exportCsvTo(*options.csv, *project, *fileGroupsNamed(kindsOf(options), project->kinds()));
   if (report) {
     const int reported = report->finishWith(project->initialPath());
     if (status == kSuccess) status = reported;
@@ -92,10 +101,10 @@ void addExportCommand(CLI::App& app, int& status) {
           "but no display")
       ->type_name("FILE");
   command
-      ->add_option("--kinds", options->kinds,
-                   "What to export, a list of " + fileGroupKeysInWords(classicKinds()))
-      ->type_name("KINDS")
-      ->capture_default_str();
+      ->add_option(
+          "--kinds", options->kinds,
+          "What to export, a list of " + fileGroupKeysInWords(currentKinds()) + "; all of them if not given")
+      ->type_name("KINDS");
   addReadOptions(*command, options->read);
   command->footer(
       "Examples:\n"

@@ -72,6 +72,14 @@ void JsonWriter::endArray() {
   levels_.pop_back();
 }
 
+void JsonWriter::textKey(std::string_view name) {
+  if (!levels_.back().isEmpty) output_.write(", ");
+  levels_.back().isEmpty = false;
+  writeText(name);
+  output_.write(": ");
+  afterKey_ = true;
+}
+
 void JsonWriter::key(std::string_view name) {
   output_.write(levels_.back().isEmpty ? "\"" : ", \"");
   levels_.back().isEmpty = false;

@@ -27,6 +27,8 @@ class JsonWriter {
   void endArray();
   /// `name` is plain ASCII without quotes.
   void key(std::string_view name);
+  /// The same for any text.
+  void textKey(std::string_view name);
   void value(std::string_view text);
   void value(const std::optional<std::string>& text);
   void value(std::int64_t number);

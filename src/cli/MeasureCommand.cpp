@@ -18,6 +18,7 @@ namespace {
 struct MeasureOptions {
   ReadOptions read;
   std::optional<std::string> baseline;
+  std::optional<Grouping> by;
   ComparisonOptions output;
 };
 
@@ -26,6 +27,10 @@ std::optional<std::string> misuse(const MeasureOptions& options) {
   if (options.baseline && options.output.format == "csv") {
     return "measure: a comparison has the formats table, markdown and json";
   }
+  if (options.by && (options.baseline || options.output.format == "csv"))
+    return "measure: --by groups the formats table and json, without --baseline";
+  if (options.by == Grouping::target && options.read.rules == ProjectRules::classic)
+    return "measure: the classic rules know no targets; --by target needs --rules current";
   if (options.baseline) return std::nullopt;
   if (options.output.format == "markdown") return "measure: the format markdown needs --baseline";
   if (options.output.top) return "measure: --top needs --baseline";
@@ -35,14 +40,15 @@ std::optional<std::string> misuse(const MeasureOptions& options) {
   return std::nullopt;
 }
 
-int showMeasurement(const MeasuredProject& project, const ComparisonOptions& options) {
+int showMeasurement(const MeasuredProject& project, std::optional<Grouping> by,
+                    const ComparisonOptions& options) {
   Output output(options.outputPath);
   if (options.format == "json") {
-    writeJson(project, output);
+    writeJson(project, by, output);
   } else if (options.format == "csv") {
     writeCsv(project, output);
   } else {
-    writeTable(project, output);
+    writeTable(project, by, output);
   }
   const int written = statusAfter(output, kSuccess);
   if (options.limits.texts.empty()) return written;
@@ -66,7 +72,7 @@ int measure(const MeasureOptions& options) {
   if (!project) return kNothingMeasured;
   tellOfFaults(project->faults());
   if (baseline) return showComparison(*baseline, snapshotOf(*project), options.output);
-  return showMeasurement(*project, options.output);
+  return showMeasurement(*project, options.by, options.output);
 }
 
 }  // namespace
@@ -81,6 +87,18 @@ void addMeasureCommand(CLI::App& app, int& status) {
       ->capture_default_str();
   command->add_option("-o,--output", options->output.outputPath, "Write to FILE instead of standard output")
       ->type_name("FILE");
+  command
+      ->add_option_function<std::string>(
+          "--by",
+          [options](const std::string& by) {
+            options->by = by == "target"   ? Grouping::target
+                          : by == "folder" ? Grouping::folder
+                                           : Grouping::kind;
+          },
+          "Group the totals, too: target (with --rules current), folder (the first one below the project's) "
+          "or "
+          "kind")
+      ->check(oneOf({"target", "folder", "kind"}));
   command
       ->add_option("--baseline", options->baseline,
                    "Show what has changed since FILE, an earlier output of --format json")

@@ -9,8 +9,11 @@
 #include "cli/ExitStatus.h"
 #include "cli/Output.h"
 #include "cli/ProgressBar.h"
+#include "cli/ReadingReport.h"
+#include "cli/Suggestions.h"
 #include "files/FileSystem.h"
 #include "support/Text.h"
+#include "xcode/ProjectReaders.h"
 
 namespace quillmeter {
 namespace {
@@ -33,33 +36,66 @@ void addReadOptions(CLI::App& command, ReadOptions& options) {
 }
 
 void addReadingFlags(CLI::App& command, ReadOptions& options) {
+  command
+      .add_option_function<std::string>(
+          "--rules",
+          [&options](const std::string& rules) {
+            options.rules = rules == "current" ? ProjectRules::current : ProjectRules::classic;
+          },
+          "classic: the references line by line, as ever; current: the project as today's Xcode reads it, "
+          "with "
+          "Swift, storyboards, folders and packages")
+      ->check(oneOf({"classic", "current"}))
+      ->default_str("classic");
   command.add_flag("--quiet", options.quiet, "Show no progress");
   command.add_flag("--verbose", options.verbose, "Say on standard error what is being read");
 }
 
-std::unique_ptr<ParseProject> readProject(const ReadOptions& options) {
-  auto project = std::make_unique<ParseProject>();
+namespace {
+
+/// The project after its read, whatever it has; null when the read failed, of which the user was told.
+std::unique_ptr<ProjectReader> projectRead(const ReadOptions& options) {
+  auto project = projectReader(options.rules);
   if (options.verbose) {
     project->setLogSink([](std::string_view line) { std::fprintf(stderr, "%s\n", onOneLine(line).c_str()); });
   }
+  const std::string folder = absoluteFolder(options.project);
+  const std::string bundle = chosenProject(folder);
+  tellOfOtherProjects(folder, bundle);
   ProgressBar progress(!options.quiet && !options.verbose);
   try {
-    project->parseFileAtPathAndDelegate(chosenProject(absoluteFolder(options.project)), &progress);
+    project->parseFileAtPathAndDelegate(bundle, &progress);
   } catch (const TooFewDescriptors& failure) {
     complain(failure.what());
     return nullptr;
   }
   project->setDelegate(nullptr);
-  if (!project->files().empty()) return project;
+  return project;
+}
 
-  tellOfFaults(project->faults());
-  if (!FileSystem::real().status(project->initialPath())) {
-    complain(project->initialPath() + ": no such file or folder");
-  }
-  complain(
-      "Error processing current folder. Please contact the Support team to assist you with importing this "
-      "project.");
+std::unique_ptr<ProjectReader> refused(const ProjectReader& project) {
+  tellOfFaults(project.faults());
+  complain(whyNothingIsMeasured(project));
   return nullptr;
+}
+
+}  // namespace
+
+std::unique_ptr<ProjectReader> readProject(const ReadOptions& options) {
+  auto project = projectRead(options);
+  if (!project) return nullptr;
+  if (project->files().empty()) static_cast<void>(refused(*project));
+  if (const std::string hint = hintAtCurrentRules(*project); !hint.empty()) complain(hint);
+  return project->files().empty() ? nullptr : std::move(project);
+}
+
+std::unique_ptr<ProjectReader> readProjectForReferences(const ReadOptions& options) {
+  auto project = projectRead(options);
+  if (!project) return nullptr;
+  const ProjectFindings& findings = project->findings();
+  const bool hasReferences =
+      !findings.missing.empty() || !findings.other.empty() || !project->files().empty();
+  return hasReferences ? std::move(project) : refused(*project);
 }
 
 void tellOfFaults(const ReadFaults& faults) {

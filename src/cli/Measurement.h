@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "analysis/ParseProject.h"
+#include "analysis/ProjectReader.h"
 
 namespace CLI {
 class App;
@@ -15,7 +15,8 @@ class Output;
 
 /// How a command reads a project for its user.
 struct ReadOptions {
-  std::string project;   ///< the argument as the user gave it
+  std::string project;  ///< the argument as the user gave it
+  ProjectRules rules = ProjectRules::classic;
   bool quiet = false;    ///< no progress bar
   bool verbose = false;  ///< the reader's diagnostic lines on standard error
 };
@@ -27,9 +28,14 @@ void addReadOptions(CLI::App& command, ReadOptions& options);
 void addReadingFlags(CLI::App& command, ReadOptions& options);
 
 /// Reads the project. Null when not one file could be measured, or when too many files are open to find all
-/// of them; the user has been told on standard error then. What could not be read of a project that could,
-/// the command tells with `tellOfFaults`.
-[[nodiscard]] std::unique_ptr<ParseProject> readProject(const ReadOptions& options);
+/// of them; the user has been told why on standard error then. Tells, too, which of several bundles was taken
+/// and when the classic rules leave out most of the source code. What could not be read of a project that
+/// could, the command tells with `tellOfFaults`.
+[[nodiscard]] std::unique_ptr<ProjectReader> readProject(const ReadOptions& options);
+
+/// The same, but a project of which nothing could be measured is given, too, as long as its description could
+/// be read: its references are what the user asks for.
+[[nodiscard]] std::unique_ptr<ProjectReader> readProjectForReferences(const ReadOptions& options);
 
 /// Tells the user on standard error what could not be listed or read, if anything: how many, and the first.
 void tellOfFaults(const ReadFaults& faults);

@@ -7,6 +7,7 @@
 #include "analysis/MeasuredProject.h"
 #include "cli/JsonWriter.h"
 #include "cli/Output.h"
+#include "cli/ReferenceFindings.h"
 #include "measuring/FileCounters.h"
 
 namespace quillmeter {
@@ -34,6 +35,41 @@ void writeTotals(const MeasuredProject& project, JsonWriter& json) {
   json.endObject();
 }
 
+std::string_view groupingName(Grouping grouping) {
+  if (grouping == Grouping::target) return "target";
+  return grouping == Grouping::folder ? "folder" : "kind";
+}
+
+/// What the current rules find beside the files.
+void writeFindings(const MeasuredProject& project, JsonWriter& json) {
+  const ProjectFindings& findings = project.findings();
+  json.key("targets");
+  json.beginArray();
+  const auto totals = groupedTotals(project, Grouping::target);
+  for (std::size_t i = 0; i < findings.targets.size(); ++i) {
+    json.beginObject();
+    json.member("name", std::string_view(findings.targets[i].name));
+    json.key("files");
+    json.beginArray();
+    for (const std::uint32_t index : findings.targets[i].files)
+      json.value(std::int64_t{index});
+    json.endArray();
+    for (std::size_t counter = 0; counter < kFileCounters; ++counter)
+      json.member(kFileCounterFields[counter].name, totals[i].counters[counter]);
+    json.endObject();
+  }
+  json.endArray();
+  json.key("other");
+  json.beginObject();
+  for (const auto& [extension, count] : findings.other) {
+    json.textKey(extension);
+    json.value(static_cast<std::int64_t>(count));
+  }
+  json.endObject();
+  writeMissing(findings, json);
+  json.member("foreign", static_cast<std::int64_t>(findings.foreign));
+}
+
 void writeCsvField(std::string_view text, Output& output) {
   if (text.find_first_of(",\"\r\n") == std::string_view::npos) return output.write(text);
   output.write("\"");
@@ -48,10 +84,15 @@ void writeCsvField(std::string_view text, Output& output) {
 
 }  // namespace
 
-void writeJson(const MeasuredProject& project, Output& output) {
+std::string_view rulesName(ProjectRules rules) {
+  return rules == ProjectRules::current ? "current" : "classic";
+}
+
+void writeJson(const MeasuredProject& project, std::optional<Grouping> grouping, Output& output) {
   JsonWriter json(output);
   json.beginObject();
   json.member("version", kMeasurementJsonVersion);
+  json.member("rules", rulesName(project.rules()));
   json.member("projectTitle", std::string_view(project.projectTitle()));
   json.member("initialPath", std::string_view(project.initialPath()));
   json.key("files");
@@ -61,6 +102,12 @@ void writeJson(const MeasuredProject& project, Output& output) {
   json.endArray();
   json.key("totals");
   writeTotals(project, json);
+  if (project.rules() == ProjectRules::current) writeFindings(project, json);
+  if (grouping) {
+    json.member("by", groupingName(*grouping));
+    json.key("groups");
+    writeGroups(groupedTotals(project, *grouping), json);
+  }
   json.endObject();
 }
 

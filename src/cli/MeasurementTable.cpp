@@ -95,10 +95,12 @@ void writeColumns(const std::vector<Row>& rows, Output& output) {
 
 }  // namespace
 
-void writeTable(const MeasuredProject& project, Output& output) {
+void writeTable(const MeasuredProject& project, std::optional<Grouping> grouping, Output& output) {
   const DecimalFormatter formatter = overviewFormatter();
   const OverviewFigureTexts texts = overviewFigureTexts(overviewFigures(project), formatter);
-  output.write(onOneLine(project.projectTitle()) + "\n" + onOneLine(project.initialPath()) + "\n\n");
+  output.write(onOneLine(project.projectTitle()) + "\n" + onOneLine(project.initialPath()) + "\n");
+  if (project.rules() == ProjectRules::current) output.write("Measured by the current rules\n");
+  output.write("\n");
 
   const OverviewCaptions captions = overviewCaptions(project.kinds());
   std::vector<Row> overview;
@@ -108,6 +110,7 @@ void writeTable(const MeasuredProject& project, Output& output) {
   writeColumns(overview, output);
   output.write("\n");
 
+  if (grouping) return writeGroups(groupedTotals(project, *grouping), *grouping, output);
   std::vector<Row> kinds{{"Kind", "Files", "Lines", "Non-empty", "Comments", "Words", "Characters", "Size"}};
   for (const KindRow& kind : kKinds)
     kinds.push_back(rowOf(kind, project, formatter));

@@ -74,6 +74,7 @@ int runCommandLine(int argc, const char* const* argv) {
   addCompareCommand(app, status);
   addCleanupCommand(app, status);
   addExportCommand(app, status);
+  addReferencesCommand(app, status);
   addReportCommand(app, status);
   addMethodsCommand(app, status);
   try {

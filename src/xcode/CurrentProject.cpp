@@ -48,6 +48,7 @@ FileList CurrentProject::filesOfProject(const std::string& bundle, ProjectFindin
   }
   const auto& graph = std::get<ObjectGraph>(description);
   projectFolder_ = projectFolderOf(graph, bundleFolder(bundle));
+  found.folder = projectFolder_;
   DiskView disk(fileSystem());
   ProjectFiles files = projectFilesOf(graph, projectFolder_, disk);
   faultsSoFar().add(disk.faults());

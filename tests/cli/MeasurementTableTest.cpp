@@ -17,7 +17,7 @@ std::string tableOf(FileList files) {
   ::setenv("LC_ALL", "en_US", 1);
   const testing::TemporaryFolder folder;
   Output output(folder / "table.txt");
-  writeTable(*testing::projectWith(std::move(files)), output);
+  writeTable(*testing::projectWith(std::move(files)), std::nullopt, output);
   EXPECT_EQ(output.finish(), std::nullopt);
   return testing::readFile(folder / "table.txt");
 }

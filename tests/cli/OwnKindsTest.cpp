@@ -48,7 +48,7 @@ class AnExtensionOfATableOfItsOwn : public ::testing::Test {
 
   [[nodiscard]] std::string toolTable() const {
     Output output(folder / "table.txt");
-    writeTable(*project, output);
+    writeTable(*project, std::nullopt, output);
     EXPECT_EQ(output.finish(), std::nullopt);
     return testing::readFile(folder / "table.txt");
   }

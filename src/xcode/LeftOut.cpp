@@ -1,0 +1,63 @@
+#include "xcode/LeftOut.h"
+
+#include <algorithm>
+#include <map>
+#include <numeric>
+#include <string_view>
+#include <unordered_set>
+#include <variant>
+
+#include "support/Paths.h"
+#include "xcode/CurrentKinds.h"
+#include "xcode/Description.h"
+#include "xcode/DiskView.h"
+#include "xcode/Locations.h"
+#include "xcode/ProjectFiles.h"
+
+namespace quillmeter {
+namespace {
+
+/// Whether a look at the references can find anything that the classic rules left out on purpose.
+bool mayLeaveOut(const MeasuredProject& project) {
+  const auto& other = project.findings().other;
+  return project.files().empty() || project.findings().refersToFolders ||
+         std::any_of(other.begin(), other.end(),
+                     [](const auto& entry) { return currentKinds().kind(entry.first) == FileKind::code; });
+}
+
+std::vector<std::pair<std::string, std::size_t>> mostFirst(const std::map<std::string, std::size_t>& counts) {
+  std::vector<std::pair<std::string, std::size_t>> sorted(counts.begin(), counts.end());
+  std::stable_sort(sorted.begin(), sorted.end(),
+                   [](const auto& left, const auto& right) { return left.second > right.second; });
+  return sorted;
+}
+
+}  // namespace
+
+std::size_t LeftOut::count() const {
+  return std::accumulate(sources.begin(), sources.end(), std::size_t{0},
+                         [](std::size_t sum, const auto& entry) { return sum + entry.second; });
+}
+
+LeftOut leftOutByClassic(const MeasuredProject& classic, const FileSystem& fileSystem) {
+  LeftOut result;
+  if (classic.rules() != ProjectRules::classic || classic.findings().folder.empty()) return result;
+  if (!mayLeaveOut(classic)) return result;
+  const auto description = readDescription(fileSystem, classic.initialPath());
+  const auto* graph = std::get_if<ObjectGraph>(&description);
+  if (graph == nullptr) return result;
+  std::unordered_set<std::string_view> measured;
+  for (const auto& file : classic.files())
+    if (file->filePath()) measured.insert(*file->filePath());
+  DiskView disk(fileSystem);
+  const std::string folder = projectFolderOf(*graph, normalisedLocation(classic.findings().folder));
+  std::map<std::string, std::size_t> counts;
+  for (const std::string& path : projectFilesOf(*graph, folder, disk).files) {
+    if (currentKind(path) == FileKind::code && !measured.contains(path)) ++counts[locationExtension(path)];
+  }
+  result.sources = mostFirst(counts);
+  result.isMuch = result.count() > classic.getNumberCodeFiles();
+  return result;
+}
+
+}  // namespace quillmeter
