@@ -95,13 +95,13 @@ std::vector<GroupTotals> groupedTotals(const MeasuredProject& project, Grouping 
 
 void writeGroups(const std::vector<GroupTotals>& groups, Grouping grouping, Output& output) {
   const DecimalFormatter formatter = overviewFormatter();
-  std::vector<std::vector<std::string>> rows{{std::string(headerOf(grouping)), "Files", "Lines", "Comments",
-                                              "Non-empty", "Words", "Characters", "Size"}};
+  std::vector<std::vector<std::string>> rows{{std::string(headerOf(grouping)), "Files", "Lines", "Non-empty",
+                                              "Comments", "Words", "Characters", "Size"}};
   for (const GroupTotals& group : groups) {
     std::vector<std::string> row{onOneLine(group.name), formatter.format(group.files)};
     // In the order of the fields: after the size come lines, comments, non-empty lines, words, characters
     // without and with white space.
-    for (const std::size_t counter : {1U, 2U, 3U, 4U, 6U})
+    for (const std::size_t counter : {1U, 3U, 2U, 4U, 6U})
       row.push_back(formatter.format(group.counters[counter]));
     row.push_back(sizeText(group.counters[0], formatter));
     rows.push_back(std::move(row));

@@ -18,6 +18,7 @@ struct ToolResult {
   int status = -1;  ///< the exit status; -1 when a signal ended the tool
   std::string output;
   std::string errors;
+  long peakMemory = 0;  ///< KiB of resident memory
 };
 
 /// Where a tool is run.
@@ -81,7 +82,9 @@ inline ToolResult runTool(std::vector<std::string> arguments, const ToolSurround
     }
   }
   int status = 0;
-  ::waitpid(child, &status, 0);
+  rusage usage{};
+  ::wait4(child, &status, 0, &usage);
+  result.peakMemory = usage.ru_maxrss;
   if (WIFEXITED(status)) result.status = WEXITSTATUS(status);
   return result;
 }

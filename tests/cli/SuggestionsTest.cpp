@@ -28,7 +28,8 @@ TEST(Suggestions, AWrongCommandNamesTheNearest) {
   EXPECT_EQ(mistake({"comp"}, "--help"), "there is no command 'comp', did you mean compare?");
   EXPECT_EQ(mistake({"help"}, "--help"), "there is no command 'help', did you mean --help?");
   EXPECT_EQ(mistake({"zebra"}, "--help"),
-            "there is no command 'zebra', there are measure, compare, cleanup, export, report, methods");
+            "there is no command 'zebra', there are measure, compare, cleanup, export, references, report, "
+            "methods");
   EXPECT_EQ(mistake({"two\nlines"}, "--help").find("there is no command 'two lines'"), 0U);
 }
 
@@ -40,7 +41,7 @@ TEST(Suggestions, AProjectInPlaceOfACommandIsToBeMeasured) {
 
 TEST(Suggestions, AMissingCommandNamesAll) {
   EXPECT_EQ(mistake({}, "--help"),
-            "a command is missing, there are measure, compare, cleanup, export, report, methods");
+            "a command is missing, there are measure, compare, cleanup, export, references, report, methods");
 }
 
 TEST(Suggestions, AnUnknownOptionNamesTheNearestOfItsCommand) {
