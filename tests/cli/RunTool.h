@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <pty.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -25,6 +26,7 @@ struct ToolSurroundings {
   std::string standardOutput = {};          ///< a file to open as standard output instead of collecting it
   std::vector<std::string> variables = {};  ///< "NAME=value" on top of the test's own environment
   rlim_t addressSpace = RLIM_INFINITY;      ///< bytes
+  bool terminal = false;                    ///< standard error is a terminal
 };
 
 /// Runs the built quillmeter-cli with `arguments` and waits for its end.
@@ -32,7 +34,12 @@ inline ToolResult runTool(std::vector<std::string> arguments, const ToolSurround
   std::array<int, 2> out{};
   std::array<int, 2> err{};
   EXPECT_EQ(::pipe2(out.data(), O_CLOEXEC), 0);
-  EXPECT_EQ(::pipe2(err.data(), O_CLOEXEC), 0);
+  if (surroundings.terminal) {
+    EXPECT_EQ(::openpty(&err[0], &err[1], nullptr, nullptr, nullptr), 0);
+    EXPECT_EQ(::fcntl(err[0], F_SETFD, FD_CLOEXEC), 0);
+  } else {
+    EXPECT_EQ(::pipe2(err.data(), O_CLOEXEC), 0);
+  }
   const std::string tool = QUILLMETER_BINARY_DIR "/bin/quillmeter-cli";
   arguments.insert(arguments.begin(), tool);
   const pid_t child = ::fork();
@@ -51,6 +58,7 @@ inline ToolResult runTool(std::vector<std::string> arguments, const ToolSurround
       standardOutput = ::open(surroundings.standardOutput.c_str(), O_WRONLY);
     ::dup2(standardOutput, STDOUT_FILENO);
     ::dup2(err[1], STDERR_FILENO);
+    if (surroundings.terminal) ::close(err[1]);
     ::execv(tool.c_str(), argv.data());
     ::_exit(127);
   }
