@@ -27,15 +27,16 @@ int barWidth() {
 
 }  // namespace
 
-ProgressBar::ProgressBar(bool enabled) : enabled_(enabled && ::isatty(STDERR_FILENO) == 1) {}
+ProgressBar::ProgressBar(bool enabled, Clock::time_point (*now)())
+    : enabled_(enabled && ::isatty(STDERR_FILENO) == 1), now_(now) {}
 
 void ProgressBar::progressParsingProjectStarted() {
-  nextDrawing_ = Clock::now() + kPatience;
+  nextDrawing_ = now_() + kPatience;
 }
 
 void ProgressBar::progressParsingProject(double fraction) {
   if (!enabled_ || std::isnan(fraction)) return;
-  const Clock::time_point now = Clock::now();
+  const Clock::time_point now = now_();
   if (now < nextDrawing_) return;
   nextDrawing_ = now + kInterval;
   shown_ = true;

@@ -10,16 +10,18 @@ namespace quillmeter {
 /// It only appears when the read takes longer than a moment and standard error is a terminal.
 class ProgressBar final : public ParseProjectDelegate {
  public:
-  explicit ProgressBar(bool enabled);
+  using Clock = std::chrono::steady_clock;
+
+  /// `now` tells the time.
+  explicit ProgressBar(bool enabled, Clock::time_point (*now)() = Clock::now);
 
   void progressParsingProjectStarted() override;
   void progressParsingProject(double fraction) override;
   void progressParsingProjectEnded() override;
 
  private:
-  using Clock = std::chrono::steady_clock;
-
   bool enabled_;
+  Clock::time_point (*now_)();
   bool shown_ = false;
   Clock::time_point nextDrawing_;
 };

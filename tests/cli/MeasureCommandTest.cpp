@@ -220,6 +220,21 @@ TEST_F(MeasureCommand, ShowsNoProgressWhereStandardErrorIsNoTerminal) {
   EXPECT_EQ(runTool({"measure", "--quiet", folder.path()}).errors, "");
 }
 
+#ifdef QUILLMETER_SLOW_DISK
+
+TEST_F(MeasureCommand, ShowsProgressOfALongReadOnATerminalUnlessItIsToBeQuiet) {
+  const testing::ToolSurroundings terminal{.variables = {"LD_PRELOAD=" QUILLMETER_SLOW_DISK},
+                                           .terminal = true};
+  const std::string progress = runTool({"measure", folder.path()}, terminal).errors;
+  EXPECT_NE(progress.find("\rMeasuring ["), std::string::npos) << progress;
+  EXPECT_TRUE(progress.ends_with("\r\033[K")) << progress;
+  const ToolResult quiet = runTool({"measure", "--quiet", folder.path()}, terminal);
+  EXPECT_EQ(quiet.errors, "");
+  EXPECT_EQ(quiet.output, runTool({"measure", folder.path()}).output);
+}
+
+#endif
+
 TEST_F(MeasureCommand, SaysWhatItReadsWhenAsked) {
   EXPECT_EQ(runTool({"measure", "--verbose", folder.path()}).errors,
             "parsing file b.png\nparsing file a.m\n");

@@ -5,9 +5,9 @@
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
 #include <cmath>
 #include <string>
-#include <thread>
 
 namespace quillmeter {
 namespace {
@@ -42,15 +42,29 @@ class TerminalAsStandardError {
   int screen_ = -1;
 };
 
-void waitUntilTheUserWonders() {
-  std::this_thread::sleep_for(std::chrono::milliseconds(350));
-}
+/// A clock that goes when it is told to.
+class Clock {
+ public:
+  using Time = std::chrono::steady_clock::time_point;
+  Clock() { time() = Time(); }
+  static Time now() { return time(); }
+  static void pass(std::chrono::milliseconds duration) { time() += duration; }
+
+ private:
+  static Time& time() {
+    static Time now;
+    return now;
+  }
+};
+
+using std::chrono_literals::operator""ms;
 
 TEST(ProgressBar, AppearsInALongReadAndGoesAtItsEnd) {
   const TerminalAsStandardError terminal(80);
-  ProgressBar bar(true);
+  const Clock clock;
+  ProgressBar bar(true, Clock::now);
   bar.progressParsingProjectStarted();
-  waitUntilTheUserWonders();
+  clock.pass(300ms);
   bar.progressParsingProject(std::nan(""));
   bar.progressParsingProject(0.25);
   EXPECT_EQ(terminal.written(), "\rMeasuring [" + std::string(10, '#') + std::string(30, '.') + "]  25 %");
@@ -60,18 +74,47 @@ TEST(ProgressBar, AppearsInALongReadAndGoesAtItsEnd) {
 
 TEST(ProgressBar, StaysOnOneLineOfANarrowTerminal) {
   const TerminalAsStandardError terminal(30);
-  ProgressBar bar(true);
+  const Clock clock;
+  ProgressBar bar(true, Clock::now);
   bar.progressParsingProjectStarted();
-  waitUntilTheUserWonders();
+  clock.pass(300ms);
   bar.progressParsingProject(1.0);
   EXPECT_EQ(terminal.written(), "\rMeasuring [##########] 100 %");
 }
 
+TEST(ProgressBar, DoesNotFlashInAShortRead) {
+  const TerminalAsStandardError terminal(80);
+  const Clock clock;
+  ProgressBar bar(true, Clock::now);
+  bar.progressParsingProjectStarted();
+  bar.progressParsingProject(0.0);
+  clock.pass(299ms);
+  bar.progressParsingProject(0.9);
+  bar.progressParsingProjectEnded();
+  ASSERT_EQ(::write(STDERR_FILENO, ".", 1), 1);
+  EXPECT_EQ(terminal.written(), ".");
+}
+
+TEST(ProgressBar, IsDrawnAtMostTwentyTimesASecond) {
+  const TerminalAsStandardError terminal(22);
+  const Clock clock;
+  ProgressBar bar(true, Clock::now);
+  bar.progressParsingProjectStarted();
+  clock.pass(300ms);
+  bar.progressParsingProject(0.1);
+  clock.pass(49ms);
+  bar.progressParsingProject(0.2);
+  clock.pass(1ms);
+  bar.progressParsingProject(0.3);
+  EXPECT_EQ(terminal.written(), "\rMeasuring [..]  10 %\rMeasuring [..]  30 %");
+}
+
 TEST(ProgressBar, IsNotShownWhereItIsNotWanted) {
   const TerminalAsStandardError terminal(80);
-  ProgressBar bar(false);
+  const Clock clock;
+  ProgressBar bar(false, Clock::now);
   bar.progressParsingProjectStarted();
-  waitUntilTheUserWonders();
+  clock.pass(300ms);
   bar.progressParsingProject(0.5);
   bar.progressParsingProjectEnded();
   ASSERT_EQ(::write(STDERR_FILENO, ".", 1), 1);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <linux/close_range.h>
 #include <poll.h>
+#include <pty.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -28,6 +29,7 @@ struct ToolSurroundings {
   std::vector<std::string> variables = {};  ///< "NAME=value" on top of the test's own environment
   rlim_t addressSpace = RLIM_INFINITY;      ///< bytes
   rlim_t openFiles = RLIM_INFINITY;         ///< at a time, the three standard streams included
+  bool terminal = false;                    ///< standard error is a terminal
 };
 
 /// Runs the built quillmeter-cli with `arguments` and waits for its end.
@@ -35,7 +37,12 @@ inline ToolResult runTool(std::vector<std::string> arguments, const ToolSurround
   std::array<int, 2> out{};
   std::array<int, 2> err{};
   EXPECT_EQ(::pipe2(out.data(), O_CLOEXEC), 0);
-  EXPECT_EQ(::pipe2(err.data(), O_CLOEXEC), 0);
+  if (surroundings.terminal) {
+    EXPECT_EQ(::openpty(&err[0], &err[1], nullptr, nullptr, nullptr), 0);
+    EXPECT_EQ(::fcntl(err[0], F_SETFD, FD_CLOEXEC), 0);
+  } else {
+    EXPECT_EQ(::pipe2(err.data(), O_CLOEXEC), 0);
+  }
   const std::string tool = QUILLMETER_BINARY_DIR "/bin/quillmeter-cli";
   arguments.insert(arguments.begin(), tool);
   const pid_t child = ::fork();
@@ -58,6 +65,7 @@ inline ToolResult runTool(std::vector<std::string> arguments, const ToolSurround
     ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
     const rlimit files{surroundings.openFiles, surroundings.openFiles};
     if (surroundings.openFiles != RLIM_INFINITY && ::setrlimit(RLIMIT_NOFILE, &files) != 0) ::_exit(126);
+    if (surroundings.terminal) ::close(err[1]);
     ::execv(tool.c_str(), argv.data());
     ::_exit(127);
   }

@@ -54,9 +54,9 @@ class ManualDelayedCalls final : public DelayedCalls {
 /// Answers alerts from a list; an alert beyond the list counts as dismissed.
 class ScriptedAlerts final : public Alerts {
  public:
-  std::optional<int> runModal(QWidget* /*parent*/, const QString& message,
+  std::optional<int> runModal(QWidget* parent, const QString& message,
                               const QStringList& buttons) override {
-    shown.push_back({message, buttons});
+    shown.push_back({message, buttons, parent});
     if (whileShown) whileShown();
     if (answers.empty()) return std::nullopt;
     const std::optional<int> answer = answers.front();
@@ -67,6 +67,7 @@ class ScriptedAlerts final : public Alerts {
   struct Shown {
     QString message;
     QStringList buttons;
+    QWidget* parent;
   };
   std::vector<std::optional<int>> answers;
   std::vector<Shown> shown;

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QWidget>
+#include <vector>
+
 #include "helpers/FakeServices.h"
 #include "support/Addresses.h"
 
@@ -21,6 +24,21 @@ TEST(DesktopReminder, AsksOverTheDesktopsServicesAtTheThirdShowing) {
                          QStringLiteral("No Thanks!")}));
   ASSERT_EQ(fakes.urlOpener->opened.size(), 1U);
   EXPECT_EQ(fakes.urlOpener->opened[0], QUrl(QString::fromUtf8(kReviewUrl)));
+}
+
+TEST(DesktopReminder, AsksAgainAtEveryThirdShowingOverItsWindow) {
+  testing::FakeServices fakes;
+  QWidget window;
+  std::vector<int> asked;
+  for (int showing = 1; showing <= 12; ++showing) {
+    fakes.alerts->shown.clear();
+    fakes.alerts->answers = {1};
+    remindOfRatings(fakes.services(), &window);
+    if (fakes.alerts->shown.empty()) continue;
+    asked.push_back(showing);
+    EXPECT_EQ(fakes.alerts->shown.front().parent, &window);
+  }
+  EXPECT_EQ(asked, (std::vector<int>{3, 6, 9, 12}));
 }
 
 TEST(DesktopReminder, MemoryIsNamedAfterTheRunningVersion) {
