@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 #include "cli/JsonWriter.h"
 #include "cli/TextColumns.h"
@@ -11,8 +12,6 @@
 
 namespace quillmeter {
 namespace {
-
-constexpr std::string_view kOutside = "outside";
 
 void add(GroupTotals& group, const FileObject& file) {
   ++group.files;
@@ -37,25 +36,23 @@ std::vector<GroupTotals> byTarget(const MeasuredProject& project) {
   return groups;
 }
 
-/// The name of the group of a file at `path`, for a project in `folder`.
-std::string folderGroup(std::string_view path, std::string_view folder) {
+/// The folder group of a file at `path`, for a project in `folder`: its name behind whether it lies elsewhere,
+/// since a folder below the project's may be called "outside", too.
+std::pair<bool, std::string> folderGroup(std::string_view path, std::string_view folder) {
   const std::string prefix = folder == "/" ? "/" : std::string(folder) + "/";
-  if (!path.starts_with(prefix)) return std::string(kOutside);
+  if (!path.starts_with(prefix)) return {true, "outside"};
   path.remove_prefix(prefix.size());
   const std::size_t slash = path.find('/');
-  return slash == std::string_view::npos ? "." : std::string(path.substr(0, slash));
+  return {false, slash == std::string_view::npos ? "." : std::string(path.substr(0, slash))};
 }
 
 std::vector<GroupTotals> byFolder(const MeasuredProject& project) {
-  std::map<std::string, GroupTotals> groups;
-  for (const auto& file : project.files()) {
-    const std::string name = folderGroup(file->filePath().value_or(""), project.findings().folder);
-    // A folder may be called so, too.
-    add(groups[name == kOutside ? "\xFF" + name : name], *file);
-  }
+  std::map<std::pair<bool, std::string>, GroupTotals> groups;
+  for (const auto& file : project.files())
+    add(groups[folderGroup(file->filePath().value_or(""), project.findings().folder)], *file);
   std::vector<GroupTotals> sorted;
-  for (auto& [name, group] : groups) {
-    group.name = name.starts_with('\xFF') ? std::string(kOutside) : name;
+  for (auto& [key, group] : groups) {
+    group.name = key.second;
     sorted.push_back(std::move(group));
   }
   return sorted;

@@ -9,6 +9,9 @@ namespace quillmeter {
 namespace {
 
 constexpr std::size_t kMostThreads = 32;
+/// How many tasks there must be for each thread that works before another is woken for those that come one by
+/// one: a thread that was woken for a single one would mostly find it gone.
+constexpr std::size_t kWorthWaking = 4;
 
 /// Moves the calling thread away from a processor, where there is another, and then lets it go wherever it
 /// could before. Left alone, the system often lets a thread that lives for milliseconds wait for the
@@ -50,24 +53,23 @@ WorkerPool::~WorkerPool() {
 void WorkerPool::add(Task task) {
   std::unique_lock lock(mutex_);
   tasks_.push_back(std::move(task));
-  callHelp(lock);
+  callHelp(lock, tasks_.size() / (kWorthWaking * (started_ - idle_)));
 }
 
 void WorkerPool::addFirst(std::vector<Task> tasks) {
   std::unique_lock lock(mutex_);
   for (Task& task : tasks)
     tasks_.push_front(std::move(task));
-  callHelp(lock);
+  callHelp(lock, tasks_.size() - 1);  // the caller does one of them itself
 }
 
-/// Wakes whoever has nothing to do, or starts a thread, for the tasks beyond the one that the caller is going
-/// to do itself: a thread that was woken for that one would only find it gone.
-void WorkerPool::callHelp(std::unique_lock<std::mutex>& lock) {
-  if (isAlone_ || tasks_.size() < 2) return;
+/// Wakes up to `wanted` threads that have nothing to do. When all have, starts one, unless there are enough.
+void WorkerPool::callHelp(std::unique_lock<std::mutex>& lock, std::size_t wanted) {
   if (ownerWaits_) ownerWakes_.notify_one();
-  for (std::size_t i = std::min(idle_, tasks_.size() - 1); i > 0; --i)
+  if (isAlone_) return;
+  for (std::size_t i = std::min(idle_, wanted); i > 0; --i)
     helpersWake_.notify_one();
-  if (idle_ == 0 && mayStart(size_.atFirst)) startThread(lock);
+  if (idle_ == 0 && tasks_.size() > 1 && mayStart(size_.atFirst)) startThread(lock);
 }
 
 void WorkerPool::workUntil(const std::function<bool()>& isDone) {

@@ -60,7 +60,7 @@ class WorkerPool {
   [[nodiscard]] std::size_t threads() const;
 
  private:
-  void callHelp(std::unique_lock<std::mutex>& lock);
+  void callHelp(std::unique_lock<std::mutex>& lock, std::size_t wanted);
   void help();
   void doNext(std::unique_lock<std::mutex>& lock, WaitGauge& gauge);
   void startThread(std::unique_lock<std::mutex>& lock);
