@@ -62,7 +62,8 @@ int exportFiles(const ExportOptions& options) {
   // The application writes what it must where it must and confines itself, so it comes from before this
   // process does.
   std::optional<ReportProcess> report;
-  if (options.pdf) report.emplace(std::vector<std::string>{"--report", *options.pdf, options.kinds});
+  if (options.pdf)
+    report.emplace(std::vector<std::string>{"--report", *options.pdf, options.kinds, "classic"});
   confineToOutputs({options.csv});
   const auto project = readProject(options.read);
   if (!project) return kNothingMeasured;
