@@ -15,6 +15,7 @@ import urllib.parse
 
 APPLICATION, DRAG_SOURCE, REVEAL_SOURCE = sys.argv[1:4]
 VERSION = sys.argv[4]
+WEATHER = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "samples", "Weather")
 PACKAGING = os.path.join(os.path.dirname(__file__), "..", "..", "packaging")
 TIMEOUT = 30
 
@@ -548,6 +549,40 @@ class ShellTest(unittest.TestCase):
         self.wait_for_no_alert()
         self.screen = wait_until_settled(self.main_screen, "the main screen")
         self.expect_goes_on()
+
+    # The other rules
+
+    def settled_statistics(self):
+        x, y, width, _ = wait_until_settled(lambda: next(iter(self.statistics("Weather").values()), None),
+                                            "the statistics window")
+        return x, y, width
+
+    def says_which_rules(self):
+        """Whether something is written at the right end of the window's upper edge."""
+        x, y, width = self.settled_statistics()
+        area = self.desktop.output("import", "-window", "root", "-crop",
+                                   "400x26+%d+%d" % (x + width - 420, y + 14), "-depth", "8", "txt:-")
+        return len({line.split("#")[1][:6] for line in area.splitlines()[1:]}) > 1
+
+    def remembers(self, value):
+        path = self.desktop.home + "/config/Quillmeter/Quillmeter.ini"
+        if not os.path.exists(path):
+            return False
+        with open(path) as stream:
+            return "MEASURE_BY_CURRENT_RULES=" + value in stream.read()
+
+    def test_swift_project_is_measured_by_the_current_rules_on_offer_and_back(self):
+        self.launch(WEATHER)
+        x, y, width = self.settled_statistics()
+        wait_for(lambda: not self.says_which_rules(), "a window that is silent about the classic rules")
+        self.desktop.xdo("mousemove", x + 654, y + 607, "click", 1)
+        wait_for(lambda: self.remembers("true"), "the offer to be taken")
+        wait_for(self.says_which_rules, "the window to say which rules it follows")
+        x, y, width = self.settled_statistics()
+        self.desktop.xdo("mousemove", x + width - 120, y + 29, "click", 1)
+        wait_for(lambda: self.remembers("false"), "the way back to be taken")
+        wait_for(lambda: not self.says_which_rules(), "the window of the classic rules")
+        self.assertIsNone(self.application.poll())
 
     def test_review_page_without_a_browser_is_met_in_silence(self):
         self.launch()
