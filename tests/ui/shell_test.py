@@ -553,16 +553,17 @@ class ShellTest(unittest.TestCase):
     # The other rules
 
     def settled_statistics(self):
-        x, y, width, _ = wait_until_settled(lambda: next(iter(self.statistics("Weather").values()), None),
-                                            "the statistics window")
-        return x, y, width
+        found = wait_until_settled(lambda: self.statistics("Weather"), "the statistics window")
+        return next(iter(found))
 
     def says_which_rules(self):
         """Whether something is written at the right end of the window's upper edge."""
-        x, y, width = self.settled_statistics()
-        area = self.desktop.output("import", "-window", "root", "-crop",
-                                   "400x26+%d+%d" % (x + width - 420, y + 14), "-depth", "8", "txt:-")
+        area = self.desktop.output("import", "-window", self.settled_statistics(), "-crop", "400x26+780+14", "-depth",
+                                   "8", "txt:-")
         return len({line.split("#")[1][:6] for line in area.splitlines()[1:]}) > 1
+
+    def click_in(self, window, x, y):
+        self.desktop.xdo("mousemove", "--window", window, x, y, "click", 1)
 
     def remembers(self, value):
         path = self.desktop.home + "/config/Quillmeter/Quillmeter.ini"
@@ -573,13 +574,12 @@ class ShellTest(unittest.TestCase):
 
     def test_swift_project_is_measured_by_the_current_rules_on_offer_and_back(self):
         self.launch(WEATHER)
-        x, y, width = self.settled_statistics()
+        window = self.settled_statistics()
         wait_for(lambda: not self.says_which_rules(), "a window that is silent about the classic rules")
-        self.desktop.xdo("mousemove", x + 654, y + 607, "click", 1)
+        self.click_in(window, 654, 607)
         wait_for(lambda: self.remembers("true"), "the offer to be taken")
         wait_for(self.says_which_rules, "the window to say which rules it follows")
-        x, y, width = self.settled_statistics()
-        self.desktop.xdo("mousemove", x + width - 120, y + 29, "click", 1)
+        self.click_in(self.settled_statistics(), 1080, 29)
         wait_for(lambda: self.remembers("false"), "the way back to be taken")
         wait_for(lambda: not self.says_which_rules(), "the window of the classic rules")
         self.assertIsNone(self.application.poll())
