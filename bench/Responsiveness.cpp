@@ -14,6 +14,7 @@
 #include "helpers/ProjectFixture.h"
 #include "stats/StatsWindowController.h"
 #include "ui_AppDelegate.h"
+#include "xcode/ProjectReaders.h"
 
 namespace {
 
@@ -69,11 +70,13 @@ double openProject(const std::string& project) {
 }
 
 double reportProgress(int reports) {
-  quillmeter::ProjectRead read([reports](quillmeter::ProjectRead& running) {
-    for (int report = 1; report <= reports; ++report) {
-      running.delegate()->progressParsingProject(static_cast<double>(report) / reports);
-    }
-  });
+  quillmeter::ProjectRead read(
+      quillmeter::projectReader(quillmeter::ProjectRules::classic),
+      [reports](quillmeter::ProjectRead& running) {
+        for (int report = 1; report <= reports; ++report) {
+          running.delegate()->progressParsingProject(static_cast<double>(report) / reports);
+        }
+      });
   bool ended = false;
   QObject::connect(&read, &quillmeter::ProjectRead::ended, [&ended] { ended = true; });
   Heartbeat heartbeat;

@@ -6,11 +6,13 @@
 #include <QShortcut>
 #include <QUrl>
 #include <chrono>
+#include <exception>
 #include <filesystem>
+#include <stop_token>
 #include <utility>
 
-#include "analysis/ParseProject.h"
 #include "analysis/ProjectChooser.h"
+#include "analysis/ProjectReader.h"
 #include "app/CustomShapeWindow.h"
 #include "app/OpenPanel.h"
 #include "app/ProjectRead.h"
@@ -18,10 +20,13 @@
 #include "controls/AccessibleWidgets.h"
 #include "controls/NamedImage.h"
 #include "controls/ReturnPresses.h"
+#include "files/StoppableFileSystem.h"
+#include "overview/RulesOffer.h"
 #include "stats/StatsWindowController.h"
 #include "support/Addresses.h"
 #include "support/Text.h"
 #include "ui_AppDelegate.h"
+#include "xcode/ProjectReaders.h"
 
 namespace quillmeter {
 namespace {
@@ -30,13 +35,25 @@ constexpr std::chrono::milliseconds kOpenDelay{500};
 constexpr int kWindowButtonsBottom = 330;  // above the lower edge of the main screen
 constexpr int kProgressHeight = 50;
 
+/// Looked up on the reader's thread, so that the windows have it at once. A project that was read is shown
+/// also when this fails.
+LeftOut leftOutBy(const ProjectReader& project, const std::stop_token& stop) {
+  if (project.rules() != ProjectRules::classic || stop.stop_requested()) return {};
+  try {
+    return leftOutByClassic(project, StoppableFileSystem(FileSystem::real(), stop));
+  } catch (const std::exception&) {
+    return {};
+  }
+}
+
 }  // namespace
 
 AppDelegate::AppDelegate(Services services, std::unique_ptr<OpenPanel> openPanel, LogSink log)
     : services_(std::move(services)),
       openPanel_(std::move(openPanel)),
       log_(std::move(log)),
-      ui_(std::make_unique<Ui::AppDelegate>()) {
+      ui_(std::make_unique<Ui::AppDelegate>()),
+      rulesChoice_(services_.userDefaults) {
   auto* viewMain = new QWidget;
   ui_->setupUi(viewMain);
   window_ = std::make_unique<CustomShapeWindow>(QRect(QPoint(), viewMain->size()));
@@ -47,6 +64,7 @@ AppDelegate::AppDelegate(Services services, std::unique_ptr<OpenPanel> openPanel
   ui_->viewDrag->setDelegate(this);
   ui_->viewDrag->awakeFromNib();
   connectControls();
+  hideRulesOffer();
   setReading(false);
 }
 
@@ -64,6 +82,9 @@ void AppDelegate::connectControls() {
   connect(ui_->btnOpenProject, &QPushButton::clicked, this, &AppDelegate::tapOpenFile);
   connect(ui_->btnRateOnStore, &QPushButton::clicked, this, &AppDelegate::tapRateOnStore);
   connect(ui_->tapViewOnline, &QPushButton::clicked, this, &AppDelegate::tapViewOnline);
+  connect(ui_->btnRulesOffer, &QPushButton::clicked, this, [this] {
+    measureBy(rules_ == ProjectRules::classic ? ProjectRules::current : ProjectRules::classic);
+  });
   const auto addShortcut = [this](QKeySequence keys, auto action) {
     auto* shortcut = new QShortcut(keys, window_.get());
     connect(shortcut, &QShortcut::activated, this, action);
@@ -203,8 +224,12 @@ void AppDelegate::openParsingFile(const std::string& path) {
     read_->stop();
     connect(read_, &ProjectRead::ended, read_, &QObject::deleteLater);
   }
-  read_ = new ProjectRead([path, log = log_](ProjectRead& read) { openParsingFileDelayed(path, log, read); },
-                          this);
+  hideRulesOffer();
+  lastBundle_ = path;
+  rules_ = rulesChoice_.rules();
+  read_ = new ProjectRead(
+      projectReader(rules_),
+      [path, log = log_](ProjectRead& read) { openParsingFileDelayed(path, log, read); }, this);
   connect(read_, &ProjectRead::started, this, &AppDelegate::progressParsingProjectStarted);
   connect(read_, &ProjectRead::progress, this, &AppDelegate::progressParsingProject);
   connect(read_, &ProjectRead::ended, this, &AppDelegate::progressParsingProjectEnded);
@@ -214,6 +239,12 @@ void AppDelegate::openParsingFile(const std::string& path) {
 void AppDelegate::openParsingFileDelayed(const std::string& path, const LogSink& log, ProjectRead& read) {
   read.project().setLogSink(log);
   read.project().parseFileAtPathAndDelegate(path, read.delegate());
+  read.setLeftOut(leftOutBy(read.project(), read.stopToken()));
+}
+
+void AppDelegate::measureBy(ProjectRules rules) {
+  rulesChoice_.choose(rules);
+  openParsingFile(lastBundle_);
 }
 
 void AppDelegate::progressParsingProjectStarted() {
@@ -234,13 +265,21 @@ void AppDelegate::progressParsingProject(double fraction) {
   ui_->indicatorProgress->update();
 }
 
-void AppDelegate::progressParsingProjectEnded(const std::shared_ptr<ParseProject>& project) {
+void AppDelegate::progressParsingProjectEnded(const std::shared_ptr<ProjectReader>& project,
+                                              const LeftOut& leftOut) {
   log("ended parsing");
   read_->deleteLater();
   read_.clear();
   setReading(false);
   parserProject_ = project;
+  rulesOffer_ = quillmeter::rulesOffer(leftOut);
   if (project == nullptr || project->files().empty()) {
+    // Before the alert, which is up while another project may be dropped.
+    if (rules_ == ProjectRules::current) {
+      showRulesOffer(tr("Measured by the current rules"), tr("Measure by the classic rules"));
+    } else if (!rulesOffer_.empty()) {
+      showRulesOffer(QString::fromStdString(rulesOffer_), tr("Measure by the current rules"));
+    }
     services_.alerts->runModal(
         window_.get(),
         QStringLiteral(
@@ -266,6 +305,25 @@ void AppDelegate::setReading(bool reading) {
         static_cast<QWidget*>(ui_->lblDropCaption)}) {
     dropPicture->setVisible(!reading);
   }
+}
+
+/// The offer takes the place of the two links until another project is opened.
+void AppDelegate::showRulesOffer(const QString& sentence, const QString& caption) {
+  ui_->lblRulesOffer->setText(sentence);
+  ui_->btnRulesOffer->setText(caption);
+  for (QWidget* const link : {ui_->btnRateOnStore, ui_->tapViewOnline})
+    link->hide();
+  ui_->lblRulesOffer->show();
+  ui_->btnRulesOffer->show();
+}
+
+void AppDelegate::hideRulesOffer() {
+  // The keyboard must not go on to a link that nobody chose.
+  if (window_->focusWidget() == ui_->btnRulesOffer) ui_->viewDrag->setFocus();
+  ui_->lblRulesOffer->hide();
+  ui_->btnRulesOffer->hide();
+  for (QWidget* const link : {ui_->btnRateOnStore, ui_->tapViewOnline})
+    link->show();
 }
 
 void AppDelegate::showStatsWindow() {

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "app/CustomDragViewDelegate.h"
+#include "app/RulesChoice.h"
 #include "controls/Services.h"
 #include "stats/StatsHost.h"
 
@@ -18,10 +19,11 @@ class AppDelegate;
 }
 
 class CustomShapeWindow;
+struct LeftOut;
 class OpenPanel;
 class MeasuredProject;
-class ParseProject;
 class ProjectRead;
+class ProjectReader;
 class StatsWindowController;
 class WindowButton;
 
@@ -42,6 +44,8 @@ class AppDelegate final : public QObject, public CustomDragViewDelegate, public 
   AppDelegate(Services services, std::unique_ptr<OpenPanel> openPanel, LogSink log = {});
   ~AppDelegate() override;
 
+  /// Reads projects by `rules`, until the user chooses others.
+  void startWithRules(ProjectRules rules) { rulesChoice_.startWith(rules); }
   /// Sets the main screen up and shows it. To be called once.
   void applicationDidFinishLaunching();
   /// Closing the last window quits the application.
@@ -73,6 +77,8 @@ class AppDelegate final : public QObject, public CustomDragViewDelegate, public 
     return parserProject_;
   }
   void showBackMainWindow() override;
+  [[nodiscard]] std::string rulesOffer() const override { return rulesOffer_; }
+  void measureBy(ProjectRules rules) override;
   void quitApplication() override;
 
   [[nodiscard]] CustomShapeWindow* window() const { return window_.get(); }
@@ -90,7 +96,7 @@ class AppDelegate final : public QObject, public CustomDragViewDelegate, public 
  private:
   void progressParsingProjectStarted();
   void progressParsingProject(double fraction);
-  void progressParsingProjectEnded(const std::shared_ptr<ParseProject>& project);
+  void progressParsingProjectEnded(const std::shared_ptr<ProjectReader>& project, const LeftOut& leftOut);
 
   void makeWindowButtons();
   void connectControls();
@@ -99,6 +105,8 @@ class AppDelegate final : public QObject, public CustomDragViewDelegate, public 
   void showHint(const QString& hint, const QString& caption);
   void showOpenButton(bool shown);
   void setReading(bool reading);
+  void showRulesOffer(const QString& sentence, const QString& caption);
+  void hideRulesOffer();
   void showIdleDropArea();
   void showStatsWindow();
   /// Takes the statistics window from the screen now and destroys it when its own calls have returned.
@@ -115,8 +123,12 @@ class AppDelegate final : public QObject, public CustomDragViewDelegate, public 
   WindowButton* closeButton_ = nullptr;  ///< these three belong to the main screen
   WindowButton* minimizeButton_ = nullptr;
   WindowButton* maximizeButton_ = nullptr;
-  std::string lastFolder_;      ///< of the project opened last; empty before the first
-  bool reading_ = false;        ///< what the main screen shows
+  RulesChoice rulesChoice_;
+  ProjectRules rules_ = ProjectRules::classic;  ///< of the read begun last
+  std::string rulesOffer_;                      ///< for the project last read
+  std::string lastBundle_;                      ///< the one whose read was begun last
+  std::string lastFolder_;                      ///< of the project opened last; empty before the first
+  bool reading_ = false;                        ///< what the main screen shows
   QPointer<ProjectRead> read_;  ///< the read whose messages are shown; reads are children of this object
 };
 

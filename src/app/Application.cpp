@@ -113,6 +113,7 @@ int runApplication(int argc, char** argv) {
   const ApplicationTheme theme;
   AppDelegate delegate(makeServices(), std::make_unique<QtOpenPanel>(), writeLogLine);
   QApplication::setQuitOnLastWindowClosed(delegate.applicationShouldTerminateAfterLastWindowClosed());
+  if (commandLine.rules) delegate.startWithRules(*commandLine.rules);
   delegate.applicationDidFinishLaunching();
   if (commandLine.project) delegate.fileSelected(*commandLine.project);
   return QApplication::exec();

@@ -13,7 +13,7 @@ namespace quillmeter {
 namespace {
 
 constexpr auto kHelp =
-    "Usage: quillmeter [PROJECT]\n"
+    "Usage: quillmeter [--rules classic|current] [PROJECT]\n"
     "\n"
     "Measures the source code of an Xcode project and shows the figures in windows.\n"
     "\n"
@@ -22,8 +22,10 @@ constexpr auto kHelp =
     "for a project to be opened or dropped.\n"
     "\n"
     "Options:\n"
-    "  -h, --help     Show this help and exit\n"
-    "      --version  Show the version and exit\n";
+    "      --rules RULES  Which files a project has: by the classic rules, or by the current ones (Swift,\n"
+    "                     storyboards, folders and packages, too); without it those chosen last\n"
+    "  -h, --help         Show this help and exit\n"
+    "      --version      Show the version and exit\n";
 
 /// The toolkit's options that take the argument behind them, and those that stand alone. It takes each with
 /// one dash or two.
@@ -44,6 +46,13 @@ ToolkitOption toolkitOption(std::string_view argument) {
   if (isIn(kToolkitOptionsWithValue)) return ToolkitOption::withValue;
   const bool hasItsValue = argument.starts_with("style=") || argument.starts_with("stylesheet=");
   return hasItsValue || isIn(kToolkitFlags) ? ToolkitOption::flag : ToolkitOption::none;
+}
+
+constexpr std::string_view kRules = "--rules";
+
+bool asksForRules(std::string_view argument) {
+  return argument == kRules ||
+         (argument.starts_with(kRules) && argument.substr(kRules.size()).starts_with('='));
 }
 
 CommandLine withOutput(std::string output) {
@@ -67,6 +76,16 @@ CommandLine readCommandLine(std::span<const char* const> arguments) {
       return withOutput(kHelp);
     } else if (option && argument == "--version") {
       return withOutput(std::string("quillmeter ") + kVersion + "\n");
+    } else if (option && asksForRules(argument)) {
+      const bool isNext = argument == kRules;
+      const std::string_view name = !isNext                     ? argument.substr(kRules.size() + 1)
+                                    : at + 1 < arguments.size() ? arguments[++at]
+                                                                : std::string_view();
+      result.rules = rulesNamed(name);
+      if (!result.rules) {
+        result.error = "--rules takes classic or current";
+        return result;
+      }
     } else if (toolkit == ToolkitOption::withValue && at + 1 == arguments.size()) {
       result.error = std::string(argument) + " needs a value";
       return result;
@@ -87,6 +106,12 @@ CommandLine readCommandLine(std::span<const char* const> arguments) {
     }
   }
   return result;
+}
+
+std::optional<ProjectRules> rulesNamed(std::string_view name) {
+  if (name == "classic") return ProjectRules::classic;
+  if (name == "current") return ProjectRules::current;
+  return std::nullopt;
 }
 
 }  // namespace quillmeter

@@ -3,13 +3,17 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
+
+#include "analysis/ProjectFindings.h"
 
 namespace quillmeter {
 
 /// What the command line asks for.
 struct CommandLine {
   std::optional<std::string> project;         ///< absolute path in bytes, without a trailing "/"
+  std::optional<ProjectRules> rules;          ///< in place of the remembered ones
   std::optional<std::string> output;          ///< to be written to the terminal instead of running
   std::optional<std::string> error;           ///< what is wrong with the arguments
   std::vector<std::string> toolkitArguments;  ///< the toolkit's own options with their values, as they stand
@@ -20,5 +24,8 @@ struct CommandLine {
 /// use, say) may stand anywhere before it; they are known here by name alone, so that help and wrong usage
 /// are found without the toolkit and its display.
 [[nodiscard]] CommandLine readCommandLine(std::span<const char* const> arguments);
+
+/// The rules of that name, "classic" or "current".
+[[nodiscard]] std::optional<ProjectRules> rulesNamed(std::string_view name);
 
 }  // namespace quillmeter

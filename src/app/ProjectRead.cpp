@@ -5,7 +5,6 @@
 #include <new>
 #include <utility>
 
-#include "files/FileSystem.h"
 #include "support/Confinement.h"
 
 namespace quillmeter {
@@ -15,12 +14,9 @@ constexpr std::chrono::milliseconds kPatience{10};
 
 }  // namespace
 
-ProjectRead::ProjectRead(std::function<void(ProjectRead&)> body, QObject* parent)
-    : ProjectRead(FileSystem::real(), std::move(body), parent) {}
-
-ProjectRead::ProjectRead(const FileSystem& fileSystem, std::function<void(ProjectRead&)> body,
+ProjectRead::ProjectRead(std::unique_ptr<ProjectReader> project, std::function<void(ProjectRead&)> body,
                          QObject* parent)
-    : QObject(parent), body_(std::move(body)), project_(std::make_shared<ParseProject>(fileSystem)) {
+    : QObject(parent), body_(std::move(body)), project_(std::move(project)) {
   project_->setStopToken(stopSource_.get_token());
 }
 
@@ -79,7 +75,7 @@ void ProjectRead::progressParsingProject(double fraction) {
 void ProjectRead::postEnded(bool succeeded) {
   toMainThread_.post([this, succeeded] {
     project_->setDelegate(nullptr);
-    Q_EMIT ended(succeeded ? project_ : nullptr);
+    Q_EMIT ended(succeeded ? project_ : nullptr, leftOut_);
   });
 }
 

@@ -6,9 +6,11 @@
 #include <memory>
 #include <stop_token>
 #include <thread>
+#include <utility>
 
-#include "analysis/ParseProject.h"
+#include "analysis/ProjectReader.h"
 #include "controls/MessageQueue.h"
+#include "xcode/LeftOut.h"
 
 namespace quillmeter {
 
@@ -24,11 +26,9 @@ class ProjectRead final : public QObject, private ParseProjectDelegate {
   Q_OBJECT
 
  public:
-  /// `body` runs on the reader's thread; it reads `project()` with `delegate()`. If it throws, the read ends
-  /// without a project.
-  explicit ProjectRead(std::function<void(ProjectRead&)> body, QObject* parent = nullptr);
-  /// The same through another file system than the disk, which outlives the project.
-  ProjectRead(const FileSystem& fileSystem, std::function<void(ProjectRead&)> body,
+  /// A read of `project`, which has not been read yet. `body` runs on the reader's thread; it reads
+  /// `project()` with `delegate()`. If it throws, the read ends without a project.
+  ProjectRead(std::unique_ptr<ProjectReader> project, std::function<void(ProjectRead&)> body,
               QObject* parent = nullptr);
   ~ProjectRead() override;
 
@@ -37,16 +37,18 @@ class ProjectRead final : public QObject, private ParseProjectDelegate {
   void stop();
 
   /// For the body.
-  [[nodiscard]] ParseProject& project() { return *project_; }
+  [[nodiscard]] ProjectReader& project() { return *project_; }
   [[nodiscard]] ParseProjectDelegate* delegate() { return this; }
   /// Asked to stop by `stop`. The project knows it already.
   [[nodiscard]] std::stop_token stopToken() const { return stopSource_.get_token(); }
+  /// What `ended` tells beside the project.
+  void setLeftOut(LeftOut leftOut) { leftOut_ = std::move(leftOut); }
 
  Q_SIGNALS:
   void started();
   void progress(double fraction);
   /// The last message. `project` is null when the read failed altogether.
-  void ended(const std::shared_ptr<quillmeter::ParseProject>& project);
+  void ended(const std::shared_ptr<quillmeter::ProjectReader>& project, const quillmeter::LeftOut& leftOut);
 
  private:
   void progressParsingProjectStarted() override;
@@ -60,7 +62,8 @@ class ProjectRead final : public QObject, private ParseProjectDelegate {
   std::function<void(ProjectRead&)> body_;
   MessageQueue toMainThread_;
   std::stop_source stopSource_;
-  std::shared_ptr<ParseProject> project_;
+  std::shared_ptr<ProjectReader> project_;
+  LeftOut leftOut_;
   std::atomic<double> latestProgress_ = 0.0;
   std::atomic<bool> progressIsPosted_ = false;
   std::thread thread_;

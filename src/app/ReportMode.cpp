@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "analysis/ParseProject.h"
+#include "app/CommandLine.h"
 #include "export/Export.h"
 #include "overview/OverviewFigures.h"
 #include "stats/CanvasReportChart.h"
@@ -18,6 +18,8 @@
 #include "support/NumberFormat.h"
 #include "support/Text.h"
 #include "support/WriteAll.h"
+#include "xcode/CurrentKinds.h"
+#include "xcode/ProjectReaders.h"
 
 namespace quillmeter {
 namespace {
@@ -26,7 +28,7 @@ constexpr int kSuccess = 0;
 constexpr int kWrongUsage = 2;
 constexpr int kNothingMeasured = 3;
 constexpr int kOutputFailed = 4;
-constexpr int kArguments = 5;
+constexpr int kArguments = 6;
 
 int failed(int status, const std::string& message) {
   std::fprintf(stderr, "quillmeter: %s\n", onOneLine(message).c_str());
@@ -50,14 +52,19 @@ std::optional<std::string> writeToStandardOutput(const std::optional<std::string
   return std::nullopt;
 }
 
-int report(const std::string& file, const FileGroups& groups, const std::string& bundle) {
+const FileKindTable& kindsBy(ProjectRules rules) {
+  return rules == ProjectRules::current ? currentKinds() : classicKinds();
+}
+
+int report(const std::string& file, const FileGroups& groups, ProjectRules rules, const std::string& bundle) {
   confineThread(file == "-" ? std::vector<std::string>() : std::vector{folderOfOutput(file)});
-  const auto project = std::make_shared<ParseProject>();
+  const std::shared_ptr<ProjectReader> project = projectReader(rules);
   try {
     project->parseFileAtPathAndDelegate(bundle, nullptr);
   } catch (const TooFewDescriptors& failure) {
     return failed(kNothingMeasured, failure.what());
   }
+  if (!project->findings().error.empty()) return failed(kNothingMeasured, project->findings().error);
   if (project->files().empty()) return failed(kNothingMeasured, "nothing to report in " + bundle);
   const auto files = reportFiles(*project, groups);
   const auto exporter = PDFExporter::create(sourceOf(project));
@@ -74,14 +81,15 @@ int report(const std::string& file, const FileGroups& groups, const std::string&
 
 std::optional<int> runReportMode(int argc, char** argv) {
   if (argc < 2 || std::string_view(argv[1]) != "--report") return std::nullopt;
-  const auto groups = argc == kArguments ? fileGroupsNamed(argv[3], classicKinds()) : std::nullopt;
-  if (!groups) return failed(kWrongUsage, "usage: quillmeter --report FILE KINDS BUNDLE");
+  const auto rules = argc == kArguments ? rulesNamed(argv[4]) : std::nullopt;
+  const auto groups = rules ? fileGroupsNamed(argv[3], kindsBy(*rules)) : std::nullopt;
+  if (!groups) return failed(kWrongUsage, "usage: quillmeter --report FILE KINDS RULES BUNDLE");
   // What the toolkit says of its surroundings (no run-time folder, no theme) helps nobody on a build server.
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
   qputenv("QT_QPA_PLATFORM", "offscreen");
   int toolkitArguments = 1;
   const QApplication application(toolkitArguments, argv);
-  return report(argv[2], *groups, argv[4]);
+  return report(argv[2], *groups, *rules, argv[5]);
 }
 
 }  // namespace quillmeter

@@ -9,6 +9,7 @@
 #include "cli/Commands.h"
 #include "cli/ExitStatus.h"
 #include "cli/Measurement.h"
+#include "cli/MeasurementFormats.h"
 #include "cli/Output.h"
 #include "cli/ReportProcess.h"
 #include "cli/ToolConfinement.h"
@@ -71,7 +72,10 @@ int exportFiles(const ExportOptions& options) {
   // The application writes what it must where it must and confines itself, so it comes from before this
   // process does.
   std::optional<ReportProcess> report;
-  if (options.pdf) report.emplace(std::vector<std::string>{"--report", *options.pdf, kindsOf(options)});
+  if (options.pdf) {
+    report.emplace(std::vector<std::string>{"--report", *options.pdf, kindsOf(options),
+                                            std::string(rulesName(options.read.rules))});
+  }
   confineToOutputs({options.csv});
   const auto project = readProject(options.read);
   if (!project) return kNothingMeasured;

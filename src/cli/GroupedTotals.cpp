@@ -36,8 +36,8 @@ std::vector<GroupTotals> byTarget(const MeasuredProject& project) {
   return groups;
 }
 
-/// The folder group of a file at `path`, for a project in `folder`: its name behind whether it lies elsewhere,
-/// since a folder below the project's may be called "outside", too.
+/// The folder group of a file at `path`, for a project in `folder`: its name behind whether it lies
+/// elsewhere, since a folder below the project's may be called "outside", too.
 std::pair<bool, std::string> folderGroup(std::string_view path, std::string_view folder) {
   const std::string prefix = folder == "/" ? "/" : std::string(folder) + "/";
   if (!path.starts_with(prefix)) return {true, "outside"};

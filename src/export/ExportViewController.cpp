@@ -2,7 +2,9 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "analysis/MeasuredProject.h"
 #include "controls/AccessibleWidgets.h"
@@ -19,9 +21,24 @@ namespace {
 
 constexpr std::chrono::milliseconds kSaveDoneDelay{1000};
 
-/// What the five boxes stand for.
-constexpr std::array kBoxGroups = {FileGroup::c, FileGroup::headers, FileGroup::objectiveC, FileGroup::images,
-                                   FileGroup::interfaceFiles};
+/// What the six boxes stand for.
+constexpr std::array kBoxGroups = {FileGroup::c,      FileGroup::headers,        FileGroup::objectiveC,
+                                   FileGroup::images, FileGroup::interfaceFiles, FileGroup::swift};
+
+bool hasGroup(const FileKindTable& kinds, FileGroup group) {
+  return kinds.allGroups().contains(group);
+}
+
+/// The extensions of all groups that a box stands for: storyboards go with the interface files.
+QString typesOf(const FileKindTable& kinds, FileGroup boxGroup) {
+  std::vector<std::string_view> extensions;
+  for (const FileGroupEntry& entry : kinds.groups()) {
+    if (!kinds.chosenBy(boxGroup).contains(entry.group)) continue;
+    const auto ofGroup = kinds.extensions(entry.group);
+    extensions.insert(extensions.end(), ofGroup.begin(), ofGroup.end());
+  }
+  return QString::fromStdString(extensionsText(extensions));
+}
 
 bool isOn(const QCheckBox* checkbox) {
   return checkbox != nullptr && checkbox->checkState() == Qt::Checked;
@@ -40,7 +57,8 @@ ExportViewController::ExportViewController(ExportHost& host, Services services)
     : host_(host), services_(std::move(services)), ui_(std::make_unique<Ui::ExportViewController>()) {
   ui_->setupUi(this);
   keepLabelsWhereReadingBegins(this);
-  checkboxes_ = {ui_->checkbox1, ui_->checkbox2, ui_->checkbox3, ui_->checkbox4, ui_->checkbox5};
+  checkboxes_ = {ui_->checkbox1, ui_->checkbox2, ui_->checkbox3,
+                 ui_->checkbox4, ui_->checkbox5, ui_->checkbox6};
   setUpCaptions();
   for (const QCheckBox* button : {ui_->btnTypePDF, ui_->btnTypeCSV}) {
     connect(button, &QCheckBox::clicked, this, [this, button] { tapExportType(button); });
@@ -56,6 +74,7 @@ void ExportViewController::setUpCaptions() {
   ui_->lblCheckbox3Types->setButton(ui_->checkbox3);
   ui_->lblCheckbox4Types->setButton(ui_->checkbox4);
   ui_->lblCheckbox5Types->setButton(ui_->checkbox5);
+  ui_->lblCheckbox6Types->setButton(ui_->checkbox6);
   ui_->lblTypePDF->setButton(ui_->btnTypePDF);
   ui_->lblTypeCSV->setButton(ui_->btnTypeCSV);
   for (QWidget* const group : {static_cast<QWidget*>(this), static_cast<QWidget*>(ui_->viewKinds),
@@ -72,18 +91,21 @@ void ExportViewController::initViewCustom() {
   showTypes();
 }
 
-/// Says beside each box which extensions it stands for.
+/// Says beside each box which extensions it stands for, and hides the boxes of kinds that there are not.
 void ExportViewController::showTypes() {
   const auto project = host_.parserProject();
   if (!project) return;
   const std::array labels{ui_->lblCheckbox1Types, ui_->lblCheckbox2Types, ui_->lblCheckbox3Types,
-                          ui_->lblCheckbox4Types, ui_->lblCheckbox5Types};
+                          ui_->lblCheckbox4Types, ui_->lblCheckbox5Types, ui_->lblCheckbox6Types};
   for (std::size_t box = 0; box < kBoxGroups.size(); ++box) {
-    const QString types =
-        QString::fromStdString(extensionsText(project->kinds().extensions(kBoxGroups.at(box))));
+    const QString types = typesOf(project->kinds(), kBoxGroups.at(box));
     labels.at(box)->setText(types);
     checkboxes_.at(box)->setAccessibleDescription(tr("Files of the types %1").arg(types));
+    const bool isThere = hasGroup(project->kinds(), kBoxGroups.at(box));
+    labels.at(box)->setVisible(isThere);
+    checkboxes_.at(box)->setVisible(isThere);
   }
+  if (hasGroup(project->kinds(), FileGroup::storyboards)) ui_->checkbox5->setText(tr("Interface files"));
 }
 
 QCheckBox* ExportViewController::btnTypePDF() const {
@@ -119,8 +141,12 @@ void ExportViewController::tapExportType(const QObject* sender) {
 
 FileGroups ExportViewController::groups() const {
   FileGroups groups;
+  const auto project = host_.parserProject();
+  if (!project) return groups;
+  const FileKindTable& kinds = project->kinds();
   for (std::size_t box = 0; box < kBoxGroups.size(); ++box) {
-    if (isOn(checkboxes_.at(box))) groups.insert(kBoxGroups.at(box));
+    const FileGroup group = kBoxGroups.at(box);
+    if (hasGroup(kinds, group) && isOn(checkboxes_.at(box))) groups.insert(kinds.chosenBy(group));
   }
   return groups;
 }

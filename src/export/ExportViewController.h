@@ -37,18 +37,21 @@ class ExportViewController final : public QWidget {
   /// Makes the PDF report the chosen form.
   void initViewCustom();
 
-  /// Whether files of a kind go into the export: C and C++ sources, headers, Objective-C sources, images, XIB
-  /// files.
+  /// Whether files of a kind go into the export: C and C++ sources, headers, Objective-C sources, images,
+  /// interface files, Swift sources. A box of a kind that the project's rules do not know is hidden and not
+  /// asked.
   [[nodiscard]] QCheckBox* checkbox1() const { return checkboxes_[0]; }
   [[nodiscard]] QCheckBox* checkbox2() const { return checkboxes_[1]; }
   [[nodiscard]] QCheckBox* checkbox3() const { return checkboxes_[2]; }
   [[nodiscard]] QCheckBox* checkbox4() const { return checkboxes_[3]; }
   [[nodiscard]] QCheckBox* checkbox5() const { return checkboxes_[4]; }
+  [[nodiscard]] QCheckBox* checkbox6() const { return checkboxes_[5]; }
   void setCheckbox1(QCheckBox* checkbox) { checkboxes_[0] = checkbox; }
   void setCheckbox2(QCheckBox* checkbox) { checkboxes_[1] = checkbox; }
   void setCheckbox3(QCheckBox* checkbox) { checkboxes_[2] = checkbox; }
   void setCheckbox4(QCheckBox* checkbox) { checkboxes_[3] = checkbox; }
   void setCheckbox5(QCheckBox* checkbox) { checkboxes_[4] = checkbox; }
+  void setCheckbox6(QCheckBox* checkbox) { checkboxes_[5] = checkbox; }
 
   /// Ticks the boxes of exactly these groups.
   void setGroups(const FileGroups& groups);
@@ -75,7 +78,7 @@ class ExportViewController final : public QWidget {
   ExportHost& host_;
   Services services_;
   std::unique_ptr<::Ui::ExportViewController> ui_;
-  std::array<QPointer<QCheckBox>, 5> checkboxes_;  ///< in the order of `kBoxGroups`
+  std::array<QPointer<QCheckBox>, 6> checkboxes_;  ///< in the order of `kBoxGroups`
 };
 
 }  // namespace quillmeter

@@ -55,12 +55,14 @@ constexpr int kPieCanvasWidth = 800;
 }  // namespace
 
 std::optional<std::string> PDFExporter::drawnDocument() {
-  pdfContext_ = std::make_unique<PdfContext>(PdfInformation{.title = "Statistics Report",
-                                                            .creator = "Quillmeter",
-                                                            .author = "Quillmeter",
-                                                            .subject = "Statistics Report",
-                                                            .language = "en",
-                                                            .created = source_.time});
+  const bool isByCurrentRules = source_.project->rules() == ProjectRules::current;
+  pdfContext_ = std::make_unique<PdfContext>(
+      PdfInformation{.title = "Statistics Report",
+                     .creator = "Quillmeter",
+                     .author = "Quillmeter",
+                     .subject = isByCurrentRules ? "Measured by the current rules" : "Statistics Report",
+                     .language = "en",
+                     .created = source_.time});
   pageDictionary_.mediaBox = {0, 0, kPageWidth, kPageHeight};
   performDraw();
   auto document = pdfContext_->document();

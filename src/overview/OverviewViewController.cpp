@@ -1,6 +1,7 @@
 #include "overview/OverviewViewController.h"
 
 #include <QLabel>
+#include <QPushButton>
 
 #include "analysis/MeasuredProject.h"
 #include "analysis/ProjectHost.h"
@@ -48,6 +49,8 @@ OverviewViewController::OverviewViewController(ProjectHost& host)
   ui_->setupUi(this);
   keepLabelsWhereReadingBegins(this);
   describeGroups();
+  ui_->viewRulesOffer->hide();
+  connect(ui_->btnCurrentRules, &QPushButton::clicked, this, &OverviewViewController::currentRulesRequested);
   ui_->lblCaptionTotal->setToolTip(toolTipFor(totalCaption_));
   for (std::size_t index = 0; index < kOverviewMetrics; ++index) {
     const auto name = QStringLiteral("lblCaption%1").arg(index + 1);
@@ -63,7 +66,7 @@ OverviewViewController::~OverviewViewController() = default;
 void OverviewViewController::describeGroups() {
   for (QWidget* const group : {static_cast<QWidget*>(this), static_cast<QWidget*>(ui_->cardTotal),
                                static_cast<QWidget*>(ui_->cardLines), static_cast<QWidget*>(ui_->cardFiles),
-                               static_cast<QWidget*>(ui_->cardAverages)}) {
+                               static_cast<QWidget*>(ui_->cardAverages), ui_->viewRulesOffer}) {
     setAccessibleKind(group, AccessibleKind::group);
   }
   setAccessibleKind(ui_->barShares, AccessibleKind::silent);  // the legend has the numbers
@@ -97,6 +100,11 @@ void OverviewViewController::initViewCustom() {
   for (QLabel* const heading : {ui_->lblTextTitle1, ui_->lblTextTitle2, ui_->lblTextTitle3}) {
     setRaisedBackgroundStyle(heading);
   }
+}
+
+void OverviewViewController::offerCurrentRules(const std::string& sentence) {
+  ui_->lblRulesOffer->setText(fromUtf8(sentence));
+  ui_->viewRulesOffer->setVisible(!sentence.empty());
 }
 
 void OverviewViewController::setTotalLinesOfCode(std::uint64_t lines) {

@@ -32,6 +32,9 @@ class OverviewViewController final : public QWidget {
 
   /// Computes and shows all figures.
   void initViewCustom();
+  /// Offers below the figures to measure by the current rules, with a sentence that says why; an empty one
+  /// offers nothing.
+  void offerCurrentRules(const std::string& sentence);
   /// Writes `lines` as the large figure.
   void setTotalLinesOfCode(std::uint64_t lines);
 
@@ -55,6 +58,10 @@ class OverviewViewController final : public QWidget {
   [[nodiscard]] QLabel* lblSizeMetrics7() const { return lblSizeMetrics(7); }
   [[nodiscard]] QLabel* lblSizeMetrics8() const { return lblSizeMetrics(8); }
   [[nodiscard]] QLabel* lblSizeMetrics9() const { return lblSizeMetrics(9); }
+
+ Q_SIGNALS:
+  /// The user took the offer.
+  void currentRulesRequested();
 
  private:
   explicit OverviewViewController(ProjectHost& host);

@@ -93,6 +93,8 @@ StatsWindowController::~StatsWindowController() {
 
 void StatsWindowController::windowDidLoad() {
   overviewController_ = OverviewViewController::create(host_);
+  connect(overviewController_.get(), &OverviewViewController::currentRulesRequested, this,
+          [this] { host_.measureBy(ProjectRules::current); });
   addToViewRight(overviewController_.get());
   detailsViewController_ = DetailsViewController::create(*this, services_);
   chartsViewController_ = ChartsViewController::create(*this, services_);
@@ -110,7 +112,16 @@ void StatsWindowController::windowDidLoad() {
   ui_->lblProjectTitle->setText(QStringLiteral("Current project: ") + title);
   ui_->lblProjectTitle->setToolTip(QStringLiteral("<p>%1</p>").arg(title.toHtmlEscaped()));
   setRaisedBackgroundStyle(ui_->lblProjectTitle);
+  showRules();
   showRatingsReminderWindow();
+}
+
+/// The classic rules are what everybody takes for granted: only others are told of.
+void StatsWindowController::showRules() {
+  const bool isCurrent = project_->rules() == ProjectRules::current;
+  ui_->lblRules->setVisible(isCurrent);
+  ui_->btnClassicRules->setVisible(isCurrent);
+  if (!isCurrent) overviewController_->offerCurrentRules(host_.rulesOffer());
 }
 
 void StatsWindowController::setPictures() {
@@ -148,6 +159,9 @@ void StatsWindowController::connectControls() {
   connect(ui_->btnLeft3, &QPushButton::clicked, this, [this] { tapChartsTab(); });
   connect(ui_->btnLeft4, &QPushButton::clicked, this, [this] { tapExportTab(); });
   connect(ui_->btnLeft5, &QPushButton::clicked, this, [this] { tapCloseTab(); });
+
+  connect(ui_->btnClassicRules, &QPushButton::clicked, this,
+          [this] { host_.measureBy(ProjectRules::classic); });
 
   auto* const tools = new QMenu(ui_->btnTools);
   tools->addAction(tr("Clean up unused files…"), this, [this] { tapCleanUpTool(); });

@@ -90,6 +90,7 @@ class StatsWindowController final : public QWidget, public ChartsHost, public Ex
   StatsWindowController(StatsHost& host, const Services& services);
 
   void setPictures();
+  void showRules();
   void openInsideScreen();
   void describeControls();
   void connectControls();

@@ -2,8 +2,10 @@
 
 #include <QPushButton>
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <string>
+#include <utility>
 
 #include "analysis/MeasuredProject.h"
 #include "controls/AccessibleWidgets.h"
@@ -42,9 +44,8 @@ DetailsViewController::DetailsViewController(DetailsHost& host, const Services& 
   keepLabelsWhereReadingBegins(this);
   setAttribute(Qt::WA_StyledBackground);
   ui_->tableDetails->setRevealButtonLook(RevealButtonLook::magnifier);
-  const auto buttons = filterButtons();
-  popup_ = new ChoicePopup(*ui_->btnFilters, *ui_->viewFilters, {buttons.begin(), buttons.end()},
-                           services_.delayedCalls, this);
+  chooseFilterButtons();
+  popup_ = new ChoicePopup(*ui_->btnFilters, *ui_->viewFilters, filterButtons_, services_.delayedCalls, this);
   describeControls();
   connectActions();
 }
@@ -55,13 +56,13 @@ void DetailsViewController::describeControls() {
   setAccessibleKind(this, AccessibleKind::group);
   setAccessibleKind(ui_->btnFilters, AccessibleKind::popupButton);
   setAccessibleKind(ui_->viewFilters, AccessibleKind::group);
-  for (QPushButton* const button : filterButtons())
+  for (QPushButton* const button : filterButtons_)
     setAccessibleKind(button, AccessibleKind::choice);
 }
 
 void DetailsViewController::connectActions() {
   connect(ui_->btnFilters, &QPushButton::clicked, this, &DetailsViewController::tapFilters);
-  for (QPushButton* button : filterButtons())
+  for (QPushButton* button : filterButtons_)
     connect(button, &QPushButton::clicked, this, [this, button] { tapSelectedFilter(button); });
   connect(ui_->checkMinimalVersion, &QCheckBox::clicked, this,
           &DetailsViewController::tapCheckMinimalVersion);
@@ -77,7 +78,7 @@ void DetailsViewController::initViewCustom() {
   ui_->checkMinimalVersion->setChecked(showsExtraColumns);
   setNumberOfColumnsForTableByFilter();
   const QColor darkGray = QColor::fromRgbF(1.0F / 3.0F, 1.0F / 3.0F, 1.0F / 3.0F);
-  for (QPushButton* button : filterButtons())
+  for (QPushButton* button : filterButtons_)
     setTextColorAndAlternateColor(button, QColor(Qt::white), darkGray);
   ui_->viewFilters->hide();
   ui_->viewFilters->setAlphaValue(0.0);
@@ -99,9 +100,27 @@ const FileList& DetailsViewController::currentDataArray() const {
   return ui_->tableDetails->table().rows();
 }
 
-std::array<QPushButton*, 6> DetailsViewController::filterButtons() const {
-  return {ui_->btnFilter1, ui_->btnFilter2, ui_->btnFilter3,
-          ui_->btnFilter4, ui_->btnFilter5, ui_->btnFilter6};
+/// Which groups a project can have depends on the rules that it was read by; the buttons of others are
+/// hidden.
+void DetailsViewController::chooseFilterButtons() {
+  const std::array<std::pair<FileGroup, QPushButton*>, 6> buttons{
+      {{FileGroup::c, ui_->btnFilter2},
+       {FileGroup::headers, ui_->btnFilter3},
+       {FileGroup::objectiveC, ui_->btnFilter4},
+       {FileGroup::images, ui_->btnFilter5},
+       {FileGroup::interfaceFiles, ui_->btnFilter6},
+       {FileGroup::swift, ui_->btnFilter7}}};
+  const auto project = host_.parserProject();
+  filterButtons_ = {ui_->btnFilter1};
+  for (const auto& [group, button] : buttons)
+    button->hide();
+  for (const FileGroupEntry& entry : project->kinds().groups()) {
+    const auto* const own = std::find_if(buttons.begin(), buttons.end(),
+                                         [&entry](const auto& pair) { return pair.first == entry.group; });
+    if (entry.chosenWith || own == buttons.end()) continue;
+    own->second->show();
+    filterButtons_.push_back(own->second);
+  }
 }
 
 void DetailsViewController::tapFilters() {
@@ -109,9 +128,9 @@ void DetailsViewController::tapFilters() {
 }
 
 void DetailsViewController::tapSelectedFilter(const QObject* sender) {
-  const auto buttons = filterButtons();
-  const auto tapped = std::find(buttons.begin(), buttons.end(), sender);
-  if (tapped != buttons.end()) currentTableFilter_ = static_cast<std::uint32_t>(tapped - buttons.begin());
+  const auto tapped = std::find(filterButtons_.begin(), filterButtons_.end(), sender);
+  if (tapped != filterButtons_.end())
+    currentTableFilter_ = static_cast<std::uint32_t>(tapped - filterButtons_.begin());
   popup_->mark(currentTableFilter_);
   setNumberOfColumnsForTableByFilter();
   popup_->closeAfterChoice();

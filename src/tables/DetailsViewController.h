@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QWidget>
-#include <array>
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "controls/Services.h"
 #include "measuring/FileObject.h"
@@ -36,7 +36,7 @@ class DetailsViewController final : public QWidget {
   void setNumberOfColumnsForTableByFilter();
   /// Opens the filter pop-up, or closes it when it is open.
   void tapFilters();
-  /// Shows the group of one of the six filter buttons; any other sender leaves the group as it is.
+  /// Shows the group of one of the filter buttons; any other sender leaves the group as it is.
   void tapSelectedFilter(const QObject* sender);
   void tapCheckMinimalVersion();
   /// Ticks the current group in the Export tab and goes there.
@@ -48,7 +48,8 @@ class DetailsViewController final : public QWidget {
   void makeFiltersHiddenAfterAnimation();
   void enableBackFilter();
 
-  /// 0 to 5.
+  /// Its number among the filters of the project's kinds: 0 to 5 under the classic rules, 0 to 6 under the
+  /// current ones.
   [[nodiscard]] std::uint32_t currentTableFilter() const { return currentTableFilter_; }
   /// The rows in display order.
   [[nodiscard]] const FileList& currentDataArray() const;
@@ -58,13 +59,14 @@ class DetailsViewController final : public QWidget {
 
  private:
   DetailsViewController(DetailsHost& host, const Services& services);
-  [[nodiscard]] std::array<QPushButton*, 6> filterButtons() const;
+  void chooseFilterButtons();
   void connectActions();
   void describeControls();
 
   DetailsHost& host_;
   Services services_;
   std::unique_ptr<Ui::DetailsViewController> ui_;
+  std::vector<QPushButton*> filterButtons_;  ///< the button of each filter, in the order of the filters
   ChoicePopup* popup_;
   std::uint32_t currentTableFilter_ = 0;
 };

@@ -579,5 +579,115 @@ TEST_F(AppDelegateTest, TakesNoMoreThanItsOwnDefaults) {
   }
 }
 
+/// A project of two Swift files, with C files beside them or without any.
+class SwiftProject : public AppDelegateTest {
+ protected:
+  static constexpr const char* kKey = "MEASURE_BY_CURRENT_RULES";
+  std::string writeSwift(int cFiles, const std::string& subfolder = "swift") {
+    std::vector<std::string> names{"a.swift", "b.swift"};
+    if (cFiles > 0) names.emplace_back("c.c");
+    std::string objects;
+    std::string children;
+    for (const std::string& name : names) {
+      folder.file(subfolder + "/" + name, "let x = 1\n");
+      objects += "\t\t" + name + "ID /* x */ = {isa = PBXFileReference; path = " + name +
+                 "; sourceTree = \"<group>\"; };\n";
+      children += name + "ID, ";
+    }
+    folder.file(subfolder + "/App.xcodeproj/project.pbxproj",
+                "{ objects = {\n/* Begin PBXFileReference section */\n" + objects +
+                    "/* End PBXFileReference section */\nG = { isa = PBXGroup; children = ( " + children +
+                    "); sourceTree = \"<group>\"; };\nR = { isa = PBXProject; mainGroup = G; };\n};\n"
+                    "rootObject = R; }\n");
+    return folder / subfolder;
+  }
+  [[nodiscard]] bool isOffered() const { return outlets().btnRulesOffer->isVisible(); }
+  [[nodiscard]] ProjectRules rules() const { return delegate->parserProject()->rules(); }
+  QPushButton* statsButton(const char* name) {
+    return delegate->controllerWindow()->findChild<QPushButton*>(QLatin1String(name));
+  }
+  bool waitForStatsBy(ProjectRules wanted) {
+    return QTest::qWaitFor([&] { return delegate->controllerWindow() != nullptr && rules() == wanted; },
+                           60'000);
+  }
+};
+
+TEST_F(SwiftProject, OfferFollowsTheAlertAndIsTaken) {
+  EXPECT_FALSE(isOffered());
+  open(writeSwift(0));
+  ASSERT_TRUE(waitForAlert());
+  EXPECT_EQ(fakes.alerts->shown[0].message, kErrorText);
+  EXPECT_TRUE(isOffered());
+  EXPECT_EQ(outlets().lblRulesOffer->text(),
+            QStringLiteral("2 Swift files are not measured by the classic rules."));
+  EXPECT_FALSE(outlets().btnRateOnStore->isVisible());
+  outlets().btnRulesOffer->click();
+  ASSERT_TRUE(waitForStatsBy(ProjectRules::current));
+  EXPECT_EQ(delegate->parserProject()->files().size(), 2U);
+  EXPECT_EQ(fakes.userDefaults->boolForKey(kKey), true);
+  EXPECT_EQ(fakes.alerts->shown.size(), 1U);
+}
+
+TEST_F(SwiftProject, OfferGoesWithTheNextProject) {
+  open(writeSwift(0));
+  ASSERT_TRUE(waitForAlert());
+  ASSERT_TRUE(isOffered());
+  open(writeProject());
+  EXPECT_FALSE(isOffered());
+  EXPECT_TRUE(outlets().btnRateOnStore->isVisible());
+  ASSERT_TRUE(waitForStats());
+  EXPECT_EQ(rules(), ProjectRules::classic);
+  EXPECT_FALSE(statsButton("btnCurrentRules")->isVisible());
+}
+
+TEST_F(SwiftProject, NothingIsOfferedWhereTheCurrentRulesFindNothingEither) {
+  open(folder.folder("empty"));
+  ASSERT_TRUE(waitForAlert());
+  EXPECT_FALSE(isOffered());
+}
+
+TEST_F(SwiftProject, OverviewOffersTheCurrentRulesAndTheWindowLeadsBack) {
+  open(writeSwift(1));
+  ASSERT_TRUE(waitForStatsBy(ProjectRules::classic));
+  EXPECT_EQ(delegate->parserProject()->files().size(), 1U);
+  ASSERT_TRUE(statsButton("btnCurrentRules")->isVisible());
+  statsButton("btnCurrentRules")->click();
+  ASSERT_TRUE(waitForStatsBy(ProjectRules::current));
+  EXPECT_EQ(delegate->parserProject()->files().size(), 3U);
+  statsButton("btnClassicRules")->click();
+  ASSERT_TRUE(waitForStatsBy(ProjectRules::classic));
+  EXPECT_EQ(fakes.userDefaults->boolForKey(kKey), false);
+}
+
+TEST_F(SwiftProject, ChoiceIsRememberedForTheNextRun) {
+  fakes.userDefaults->setBool(kKey, true);
+  launch();
+  open(writeSwift(1));
+  ASSERT_TRUE(waitForStats());
+  EXPECT_EQ(rules(), ProjectRules::current);
+}
+
+TEST_F(SwiftProject, RulesOfTheCommandLineAreTakenWithoutBeingRemembered) {
+  delegate->startWithRules(ProjectRules::current);
+  open(writeSwift(1));
+  ASSERT_TRUE(waitForStats());
+  EXPECT_EQ(rules(), ProjectRules::current);
+  EXPECT_EQ(fakes.userDefaults->boolForKey(kKey), std::nullopt);
+  statsButton("btnClassicRules")->click();
+  ASSERT_TRUE(waitForStatsBy(ProjectRules::classic)) << "the user's choice counts more";
+}
+
+TEST_F(SwiftProject, FaultOfTheDescriptionGivesTheAlertAndTheWayBack) {
+  delegate->startWithRules(ProjectRules::current);
+  open(writeProject("p", 2));
+  ASSERT_TRUE(waitForAlert());
+  EXPECT_EQ(fakes.alerts->shown[0].message, kErrorText);
+  EXPECT_EQ(delegate->controllerWindow(), nullptr);
+  ASSERT_TRUE(isOffered());
+  EXPECT_EQ(outlets().btnRulesOffer->text(), QStringLiteral("Measure by the classic rules"));
+  outlets().btnRulesOffer->click();
+  ASSERT_TRUE(waitForStatsBy(ProjectRules::classic));
+}
+
 }  // namespace
 }  // namespace quillmeter

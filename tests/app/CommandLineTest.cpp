@@ -42,7 +42,8 @@ TEST(CommandLine, BytesOfAPathAreKept) {
 }
 
 TEST(CommandLine, HelpAndVersionAreWritten) {
-  EXPECT_THAT(read({"--help"}).output.value(), ::testing::StartsWith("Usage: quillmeter [PROJECT]"));
+  EXPECT_THAT(read({"--help"}).output.value(),
+              ::testing::StartsWith("Usage: quillmeter [--rules classic|current] [PROJECT]"));
   EXPECT_EQ(read({"/a", "-h"}).output, read({"--help"}).output);
   EXPECT_EQ(read({"--version"}).output, std::string("quillmeter ") + kVersion + "\n");
 }
@@ -73,6 +74,21 @@ TEST(CommandLine, WrongUsageIsTold) {
   EXPECT_EQ(read({"--colour"}).error, "unknown option: --colour");
   EXPECT_EQ(read({"/a", "/b"}).error, "only one project can be opened");
   EXPECT_EQ(read({""}).error, "the project's path is empty");
+}
+
+TEST(CommandLine, RulesAreTakenByName) {
+  EXPECT_EQ(read({"/a"}).rules, std::nullopt);
+  EXPECT_EQ(read({"--rules", "current", "/a"}).rules, ProjectRules::current);
+  EXPECT_EQ(read({"--rules", "current", "/a"}).project, "/a");
+  EXPECT_EQ(read({"/a", "--rules=classic"}).rules, ProjectRules::classic);
+  EXPECT_THAT(read({"--", "--rules"}).project.value(), ::testing::EndsWith("/--rules"));
+}
+
+TEST(CommandLine, OtherRulesAreWrongUsage) {
+  for (const auto& arguments : std::vector<std::vector<const char*>>{
+           {"--rules", "modern"}, {"--rules=", "/a"}, {"--rules=Current"}, {"/a", "--rules"}})
+    EXPECT_EQ(read(arguments).error, "--rules takes classic or current");
+  EXPECT_EQ(read({"--rulesof", "/a"}).error, "unknown option: --rulesof");
 }
 
 }  // namespace

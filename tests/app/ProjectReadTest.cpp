@@ -17,6 +17,7 @@
 #include "helpers/ProjectFixture.h"
 #include "support/AtomicFile.h"
 #include "support/Confinement.h"
+#include "xcode/ProjectReaders.h"
 
 namespace quillmeter {
 namespace {
@@ -32,7 +33,7 @@ struct Record {
       latest = fraction;
     });
     QObject::connect(&read, &ProjectRead::ended, &read,
-                     [this](const std::shared_ptr<ParseProject>& handedOver) {
+                     [this](const std::shared_ptr<ProjectReader>& handedOver) {
                        messages.push_back("ended");
                        project = handedOver;
                      });
@@ -42,8 +43,12 @@ struct Record {
   }
   std::vector<std::string> messages;
   double latest = -1;
-  std::shared_ptr<ParseProject> project;
+  std::shared_ptr<ProjectReader> project;
 };
+
+auto classicReader() {
+  return projectReader(ProjectRules::classic);
+}
 
 auto readAt(const std::string& bundle) {
   return [bundle](ProjectRead& read) { read.project().parseFileAtPathAndDelegate(bundle, read.delegate()); };
@@ -60,7 +65,7 @@ std::string projectOf(const TemporaryFolder& folder, int files) {
 
 TEST(ProjectRead, MessagesComeInOrderAndTheProjectWithTheLastOne) {
   const TemporaryFolder folder;
-  ProjectRead read(readAt(projectOf(folder, 20)));
+  ProjectRead read(classicReader(), readAt(projectOf(folder, 20)));
   const Record record(read);
   read.start();
   ASSERT_TRUE(record.waitForEnd());
@@ -76,9 +81,9 @@ TEST(ProjectRead, MessagesComeInOrderAndTheProjectWithTheLastOne) {
 TEST(ProjectRead, ProjectOutlivesItsRead) {
   const TemporaryFolder folder;
   const std::string bundle = projectOf(folder, 3);
-  std::shared_ptr<ParseProject> project;
+  std::shared_ptr<ProjectReader> project;
   {
-    ProjectRead read(readAt(bundle));
+    ProjectRead read(classicReader(), readAt(bundle));
     const Record record(read);
     read.start();
     ASSERT_TRUE(record.waitForEnd());
@@ -92,7 +97,7 @@ TEST(ProjectRead, SingleLineGivesANumberThatIsNone) {
   const TemporaryFolder folder;
   folder.file("App.xcodeproj/project.pbxproj",
               "/* Begin PBXFileReference section */ path = a.c; /* End PBXFileReference section */");
-  ProjectRead read(readAt(folder / "App.xcodeproj"));
+  ProjectRead read(classicReader(), readAt(folder / "App.xcodeproj"));
   const Record record(read);
   read.start();
   ASSERT_TRUE(record.waitForEnd());
@@ -101,7 +106,7 @@ TEST(ProjectRead, SingleLineGivesANumberThatIsNone) {
 
 TEST(ProjectRead, ManyReportsAreOvertakenByTheNewest) {
   constexpr int kReports = 100'000;
-  ProjectRead read([](ProjectRead& running) {
+  ProjectRead read(classicReader(), [](ProjectRead& running) {
     for (int report = 1; report <= kReports; ++report) {
       running.delegate()->progressParsingProject(static_cast<double>(report) / kReports);
     }
@@ -114,7 +119,7 @@ TEST(ProjectRead, ManyReportsAreOvertakenByTheNewest) {
 }
 
 TEST(ProjectRead, FailureOnTheThreadEndsTheReadWithoutAProject) {
-  ProjectRead read([](ProjectRead&) { throw std::runtime_error("out of everything"); });
+  ProjectRead read(classicReader(), [](ProjectRead&) { throw std::runtime_error("out of everything"); });
   const Record record(read);
   read.start();
   ASSERT_TRUE(record.waitForEnd());
@@ -125,7 +130,7 @@ TEST(ProjectRead, ReadsOnAThreadThatCannotWrite) {
   const TemporaryFolder folder;
   const auto canWrite = [&folder] { return writeFileAtomically(folder / "out", "x") == std::nullopt; };
   bool readerCan = true;
-  ProjectRead read([&](ProjectRead&) { readerCan = canWrite(); });
+  ProjectRead read(classicReader(), [&](ProjectRead&) { readerCan = canWrite(); });
   const Record record(read);
   read.start();
   ASSERT_TRUE(record.waitForEnd());
@@ -140,7 +145,7 @@ TEST(ProjectRead, StoppedReadStillEnds) {
   const TemporaryFolder folder;
   const std::string bundle = projectOf(folder, 10);
   std::promise<void> stopped;
-  ProjectRead read([&](ProjectRead& running) {
+  ProjectRead read(classicReader(), [&](ProjectRead& running) {
     stopped.get_future().wait();
     running.project().parseFileAtPathAndDelegate(bundle, running.delegate());
   });
@@ -158,7 +163,7 @@ TEST(ProjectRead, DestroyedInTheMiddleItStopsTheReaderAndDropsItsMessages) {
   for (int time = 0; time < 20; ++time) {
     std::atomic<bool> finished = false;
     {
-      ProjectRead read([&](ProjectRead& running) {
+      ProjectRead read(classicReader(), [&](ProjectRead& running) {
         running.project().parseFileAtPathAndDelegate(bundle, running.delegate());
         finished = true;
       });
@@ -196,7 +201,7 @@ TEST(ProjectRead, DestroyedWhileTheDiskHangsItAsksTheDiskForNothingMore) {
   const std::string bundle = projectOf(folder, 300);
   HangingDisk hanging;
   {
-    ProjectRead read(hanging.disk, readAt(bundle));
+    ProjectRead read(projectReader(ProjectRules::classic, hanging.disk), readAt(bundle));
     hanging.stop = read.stopToken();
     QObject::connect(&read, &ProjectRead::ended, [] { FAIL() << "message of a read that is gone"; });
     read.start();
@@ -210,7 +215,7 @@ TEST(ProjectRead, GivenUpItEndsWhileTheDiskHangsAndLeavesAProjectThatWorks) {
   const TemporaryFolder folder;
   const std::string bundle = projectOf(folder, 300);
   HangingDisk hanging;
-  ProjectRead read(hanging.disk, readAt(bundle));
+  ProjectRead read(projectReader(ProjectRules::classic, hanging.disk), readAt(bundle));
   hanging.stop = read.stopToken();
   const Record record(read);
   read.start();
@@ -228,7 +233,7 @@ TEST(ProjectRead, EndsWithoutAProjectWhereThereAreTooFewDescriptors) {
   const testing::PlayedFileSystem disk([](std::string_view call, const std::string& item) {
     return call == "open" && item.ends_with("f1.c") ? DiskError{EMFILE} : DiskError{};
   });
-  ProjectRead read(disk, readAt(projectOf(folder, 3)));
+  ProjectRead read(projectReader(ProjectRules::classic, disk), readAt(projectOf(folder, 3)));
   const Record record(read);
   read.start();
   ASSERT_TRUE(record.waitForEnd());
@@ -236,7 +241,7 @@ TEST(ProjectRead, EndsWithoutAProjectWhereThereAreTooFewDescriptors) {
 }
 
 TEST(ProjectRead, NeverStartedItJustGoes) {
-  const ProjectRead read([](ProjectRead&) { FAIL(); });
+  const ProjectRead read(classicReader(), [](ProjectRead&) { FAIL(); });
 }
 
 }  // namespace

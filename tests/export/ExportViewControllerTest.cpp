@@ -15,6 +15,7 @@
 #include "helpers/FakeServices.h"
 #include "helpers/KindsWithHpp.h"
 #include "helpers/ProjectFixture.h"
+#include "xcode/CurrentKinds.h"
 
 namespace quillmeter {
 namespace {
@@ -163,7 +164,7 @@ TEST_F(ExportTab, TabKeyVisitsTheControlsFromTopToBottom) {
                                        tab->btnTypeCSV(), tab->btnGenerate()};
   for (std::size_t at = 0; at + 1 < order.size(); ++at) {
     const QWidget* next = order[at]->nextInFocusChain();
-    while (next->focusPolicy() == Qt::NoFocus)
+    while (next->focusPolicy() == Qt::NoFocus || next->isHidden())
       next = next->nextInFocusChain();
     EXPECT_EQ(next, order[at + 1]) << at;
   }
@@ -302,6 +303,63 @@ TEST_F(ExportTab, ProjectThatWasNeverReadIsExportedAsAnEmptyOne) {
   fakes.savePanel->answer = folder / "stats";
   tab->tapGenerate();
   EXPECT_THAT(readFile(folder / "stats.pdf"), StartsWith("%PDF-"));
+}
+
+TEST_F(ExportTab, ClassicRulesHaveNoSwiftBoxAndDoNotAskIt) {
+  EXPECT_TRUE(tab->checkbox6()->isHidden());
+  chooseNothing();
+  tab->checkbox6()->setChecked(true);
+  tab->tapGenerate();
+  EXPECT_THAT(fakes.savePanel->requests, IsEmpty());
+  EXPECT_THAT(fakes.alerts->shown, SizeIs(1));
+}
+
+class ExportTabByCurrentRules : public ExportTab {
+ protected:
+  ExportTabByCurrentRules() {
+    host.project = testing::projectWith({record({.name = "a.swift"}), record({.name = "b.m"}),
+                                         record({.name = "c.xib"}), record({.name = "d.storyboard"})},
+                                        "Fixture", currentKinds());
+    tab = ExportViewController::create(host, fakes.services());
+  }
+  std::string exported() {
+    chooseCsv();
+    fakes.savePanel->answer = folder / "out.csv";
+    tab->tapGenerate();
+    return readFile(folder / "out.csv");
+  }
+};
+
+TEST_F(ExportTabByCurrentRules, SwiftHasABoxOfItsOwn) {
+  EXPECT_FALSE(tab->checkbox6()->isHidden());
+  EXPECT_EQ(tab->findChild<QLabel*>(QStringLiteral("lblCheckbox6Types"))->text(), QStringLiteral(".swift"));
+  chooseNothing();
+  tab->checkbox6()->setChecked(true);
+  const std::string csv = exported();
+  EXPECT_THAT(csv, ::testing::HasSubstr("a.swift"));
+  EXPECT_THAT(csv, ::testing::Not(::testing::HasSubstr("b.m")));
+}
+
+TEST_F(ExportTabByCurrentRules, StoryboardsGoWithTheInterfaceFiles) {
+  EXPECT_EQ(tab->findChild<QLabel*>(QStringLiteral("lblCheckbox5Types"))->text(),
+            QStringLiteral(".xib, .storyboard"));
+  EXPECT_EQ(tab->checkbox5()->text(), QStringLiteral("Interface files"));
+  chooseNothing();
+  tab->checkbox6()->setChecked(false);
+  tab->checkbox5()->setChecked(true);
+  const std::string csv = exported();
+  EXPECT_THAT(csv, ::testing::HasSubstr("c.xib"));
+  EXPECT_THAT(csv, ::testing::HasSubstr("d.storyboard"));
+  EXPECT_THAT(csv, ::testing::Not(::testing::HasSubstr("a.swift")));
+}
+
+TEST_F(ExportTabByCurrentRules, TicksTheBoxesOfGroups) {
+  tab->setGroups({FileGroup::swift});
+  EXPECT_TRUE(tab->checkbox6()->isChecked());
+  EXPECT_FALSE(tab->checkbox1()->isChecked());
+  tab->setGroups({FileGroup::interfaceFiles, FileGroup::storyboards});
+  EXPECT_FALSE(tab->checkbox6()->isChecked());
+  EXPECT_TRUE(tab->checkbox5()->isChecked());
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QLabel>
 #include <QPixmap>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -238,6 +239,24 @@ TEST(FigureLabel, NeverWidensThePage) {
   label.resize(1, 20);
   EXPECT_GT(label.fittingFont().pixelSize(), 0);
   EXPECT_FALSE(label.grab().isNull());
+}
+
+TEST(OverviewViewController, OffersTheCurrentRulesOnlyWithASentence) {
+  FakeStatsHost host(projectWith({record({.name = "a.m", .lines = 30})}));
+  const auto panel = OverviewViewController::create(host);
+  int requests = 0;
+  QObject::connect(panel.get(), &OverviewViewController::currentRulesRequested, [&requests] { ++requests; });
+  panel->show();
+  auto* const button = panel->findChild<QPushButton*>(u"btnCurrentRules"_s);
+  EXPECT_FALSE(button->isVisible());
+  panel->offerCurrentRules("");
+  EXPECT_FALSE(button->isVisible());
+  panel->offerCurrentRules("172 Swift files are not measured by the classic rules.");
+  EXPECT_TRUE(button->isVisible());
+  EXPECT_EQ(panel->findChild<QLabel*>(u"lblRulesOffer"_s)->text(),
+            u"172 Swift files are not measured by the classic rules."_s);
+  button->click();
+  EXPECT_EQ(requests, 1);
 }
 
 }  // namespace

@@ -2,7 +2,9 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "analysis/MeasuredProject.h"
 #include "stats/StatsHost.h"
@@ -20,9 +22,13 @@ class FakeStatsHost final : public StatsHost {
     if (whenShownBack) whenShownBack();
   }
 
+  [[nodiscard]] std::string rulesOffer() const override { return offer; }
+  void measureBy(ProjectRules rules) override { measuredBy.push_back(rules); }
   void quitApplication() override { ++quits; }
 
   std::shared_ptr<const MeasuredProject> project;
+  std::string offer;
+  std::vector<ProjectRules> measuredBy;
   int quits = 0;
   int shownBack = 0;
   std::function<void()> whenShownBack;

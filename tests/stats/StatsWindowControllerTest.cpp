@@ -23,6 +23,7 @@
 #include "stats/FakeStatsHost.h"
 #include "tables/CleanUpToolViewController.h"
 #include "tables/DetailsViewController.h"
+#include "xcode/CurrentProject.h"
 
 namespace quillmeter {
 namespace {
@@ -547,6 +548,33 @@ TEST_F(StatsWindow, FollowsADesktopThatTurnsDark) {
   QApplication::setPalette(before);
   EXPECT_NE(dark, light);
   EXPECT_EQ(dark, styleSheetFor(themeFor(QPalette(QColor(0x2B, 0x2F, 0x33)))));
+}
+
+TEST_F(StatsWindow, SaysNothingOfTheClassicRules) {
+  open();
+  EXPECT_FALSE(window->findChild<QLabel*>(u"lblRules"_s)->isVisible());
+  EXPECT_FALSE(button("btnClassicRules")->isVisible());
+  EXPECT_FALSE(button("btnCurrentRules")->isVisible());
+}
+
+TEST_F(StatsWindow, OffersTheCurrentRulesWhereMuchWasLeftOut) {
+  host.offer = "172 Swift files are not measured by the classic rules.";
+  open();
+  EXPECT_TRUE(button("btnCurrentRules")->isVisible());
+  button("btnCurrentRules")->click();
+  EXPECT_THAT(host.measuredBy, ::testing::ElementsAre(ProjectRules::current));
+}
+
+TEST_F(StatsWindow, SaysThatTheCurrentRulesWereTakenAndLeadsBack) {
+  host.offer = "of no use here";
+  host.project = std::make_shared<CurrentProject>();
+  window = StatsWindowController::create(host, services.services());
+  window->show();
+  EXPECT_TRUE(window->findChild<QLabel*>(u"lblRules"_s)->isVisible());
+  EXPECT_EQ(window->findChild<QLabel*>(u"lblRules"_s)->text(), u"Measured by the current rules"_s);
+  EXPECT_FALSE(button("btnCurrentRules")->isVisible());
+  button("btnClassicRules")->click();
+  EXPECT_THAT(host.measuredBy, ::testing::ElementsAre(ProjectRules::classic));
 }
 
 }  // namespace

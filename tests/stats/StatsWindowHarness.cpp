@@ -19,6 +19,8 @@ class HarnessHost final : public StatsHost {
   explicit HarnessHost(std::shared_ptr<const MeasuredProject> project) : project_(std::move(project)) {}
   [[nodiscard]] std::shared_ptr<const MeasuredProject> parserProject() const override { return project_; }
   void showBackMainWindow() override { QCoreApplication::quit(); }
+  [[nodiscard]] std::string rulesOffer() const override { return {}; }
+  void measureBy(ProjectRules /*rules*/) override {}
   void quitApplication() override { QCoreApplication::quit(); }
 
  private:

@@ -18,6 +18,7 @@
 #include "helpers/ProjectFixture.h"
 #include "tables/FileTableView.h"
 #include "tables/TablesTestSupport.h"
+#include "xcode/CurrentKinds.h"
 
 namespace quillmeter {
 namespace {
@@ -334,6 +335,57 @@ TEST(DetailsViewController, ARecordWithoutAPathRevealsNothing) {
   const auto controller = DetailsViewController::create(host, fakes.services());
   controller->tapViewInFinder(0);
   EXPECT_TRUE(fakes.fileBrowser->revealed.empty());
+}
+
+TEST_F(DetailsViewControllerTest, ClassicRulesHaveNoSwiftFilter) {
+  EXPECT_TRUE(button("btnFilter7").isHidden());
+  controller->tapSelectedFilter(&button("btnFilter7"));
+  EXPECT_EQ(controller->currentTableFilter(), 0U);
+}
+
+class DetailsByCurrentRules : public DetailsViewControllerTest {
+ protected:
+  DetailsByCurrentRules() { make(); }
+  void make() {
+    controller = DetailsViewController::create(currentHost, fakes.services());
+    controller->resize(900, 600);
+  }
+  void tap(const char* filter) { controller->tapSelectedFilter(&button(filter)); }
+
+  testing::TablesHost currentHost{testing::projectWith(
+      {record({.name = "a.swift", .lines = 3}), record({.name = "b.m"}), record({.name = "c.cc"}),
+       record({.name = "d.png"}), record({.name = "e.xib"}), record({.name = "f.storyboard"})},
+      "Fixture", currentKinds())};
+};
+
+TEST_F(DetailsByCurrentRules, SwiftFilesAreSourcesAndHaveAFilterOfTheirOwn) {
+  EXPECT_THAT(names(), ElementsAre("a.swift", "b.m", "c.cc"));
+  EXPECT_FALSE(button("btnFilter7").isHidden());
+  tap("btnFilter7");
+  EXPECT_THAT(names(), ElementsAre("a.swift"));
+  EXPECT_TRUE(button("btnFilter7").isChecked());
+  EXPECT_EQ(child<QLabel>(*controller, "lblRowCount").text(), QStringLiteral("1 file – Swift sources"));
+}
+
+TEST_F(DetailsByCurrentRules, OtherFiltersShowWhatTheyShowedAndStoryboardsAreInterfaceFiles) {
+  tap("btnFilter2");
+  EXPECT_THAT(names(), ElementsAre("c.cc"));
+  tap("btnFilter4");
+  EXPECT_THAT(names(), ElementsAre("b.m"));
+  tap("btnFilter5");
+  EXPECT_THAT(names(), ElementsAre("d.png"));
+  tap("btnFilter6");
+  EXPECT_THAT(names(), ElementsAre("e.xib", "f.storyboard"));
+}
+
+TEST_F(DetailsByCurrentRules, ExportTicksTheGroupsOfTheFilter) {
+  tap("btnFilter7");
+  controller->tapSave();
+  tap("btnFilter6");
+  controller->tapSave();
+  EXPECT_THAT(currentHost.exportGroups,
+              ElementsAre(FileGroups{FileGroup::swift},
+                          FileGroups{FileGroup::interfaceFiles, FileGroup::storyboards}));
 }
 
 }  // namespace

@@ -262,7 +262,7 @@ def report():
         path = os.path.join(folder, "report.pdf")
         bundle = SAMPLE / "Notebook.xcodeproj"
         environment = {**os.environ, "QT_QPA_PLATFORM": "offscreen", "LC_ALL": "C.UTF-8"}
-        subprocess.run([APPLICATION, "--report", path, "c,headers,objc,images,xib", str(bundle)], check=True,
+        subprocess.run([APPLICATION, "--report", path, "c,headers,objc,images,xib", "classic", str(bundle)], check=True,
                        env=environment)
         subprocess.run(["pdftoppm", "-png", "-r", "48.2", "-f", "1", "-singlefile", path,
                         str(FOLDER / "report-page")], check=True)

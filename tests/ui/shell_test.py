@@ -15,6 +15,7 @@ import urllib.parse
 
 APPLICATION, DRAG_SOURCE, REVEAL_SOURCE = sys.argv[1:4]
 VERSION = sys.argv[4]
+WEATHER = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "samples", "Weather")
 PACKAGING = os.path.join(os.path.dirname(__file__), "..", "..", "packaging")
 TIMEOUT = 30
 
@@ -548,6 +549,40 @@ class ShellTest(unittest.TestCase):
         self.wait_for_no_alert()
         self.screen = wait_until_settled(self.main_screen, "the main screen")
         self.expect_goes_on()
+
+    # The other rules
+
+    def settled_statistics(self):
+        found = wait_until_settled(lambda: self.statistics("Weather"), "the statistics window")
+        return next(iter(found))
+
+    def says_which_rules(self):
+        """Whether something is written at the right end of the window's upper edge."""
+        area = self.desktop.output("import", "-window", self.settled_statistics(), "-crop", "400x26+780+14", "-depth",
+                                   "8", "txt:-")
+        return len({line.split("#")[1][:6] for line in area.splitlines()[1:]}) > 1
+
+    def click_in(self, window, x, y):
+        self.desktop.xdo("mousemove", "--window", window, x, y, "click", 1)
+
+    def remembers(self, value):
+        path = self.desktop.home + "/config/Quillmeter/Quillmeter.ini"
+        if not os.path.exists(path):
+            return False
+        with open(path) as stream:
+            return "MEASURE_BY_CURRENT_RULES=" + value in stream.read()
+
+    def test_swift_project_is_measured_by_the_current_rules_on_offer_and_back(self):
+        self.launch(WEATHER)
+        window = self.settled_statistics()
+        wait_for(lambda: not self.says_which_rules(), "a window that is silent about the classic rules")
+        self.click_in(window, 654, 607)
+        wait_for(lambda: self.remembers("true"), "the offer to be taken")
+        wait_for(self.says_which_rules, "the window to say which rules it follows")
+        self.click_in(self.settled_statistics(), 1080, 29)
+        wait_for(lambda: self.remembers("false"), "the way back to be taken")
+        wait_for(lambda: not self.says_which_rules(), "the window of the classic rules")
+        self.assertIsNone(self.application.poll())
 
     def test_review_page_without_a_browser_is_met_in_silence(self):
         self.launch()
