@@ -20,7 +20,7 @@ def closed(schema):
         return [closed(item) for item in schema]
     if not isinstance(schema, dict):
         return schema
-    result = {key: closed(value) for key, value in schema.items()}
+    result = {key: value if key == "if" else closed(value) for key, value in schema.items()}
     if "properties" in result and isinstance(result.get("type", "object"), (str, list)):
         result["additionalProperties"] = False
     return result
@@ -30,6 +30,10 @@ def errors(schema, output):
     return [error.message for error in jsonschema.Draft202012Validator(schema).iter_errors(output)]
 
 
+# Members that an output may do without.
+OPTIONAL = {"rules", "by", "groups"}
+
+
 def broken(output):
     """The output with one member missing, or one number that is none, at a time; the first item of lists."""
     if isinstance(output, list) and output:
@@ -37,12 +41,17 @@ def broken(output):
             yield [item, *output[1:]]
     if isinstance(output, dict):
         for key, value in output.items():
-            if key != "rules":
+            if key not in OPTIONAL:
                 yield {k: v for k, v in output.items() if k != key}
             if isinstance(value, int) and key != "difference":
                 yield {**output, key: -1}
-            for item in broken(value):
+            for item in broken_counts(value) if key == "other" else broken(value):
                 yield {**copy.deepcopy(output), key: item}
+
+
+def broken_counts(counts):
+    for key in counts:
+        yield {**counts, key: -1}
 
 
 def run(tool, *arguments):
@@ -67,6 +76,16 @@ def outputs(tool, samples, folder):
     subprocess.run([tool, *run_json, "-o", baseline, before / "Notebook"], check=True)
     yield "measure", json.loads(baseline.read_text())
     yield "measure", run(tool, *run_json, project)
+    current = ["--rules", "current", before / "Weather"]
+    yield "measure", run(tool, *run_json, *current)
+    yield "measure", run(tool, *run_json, "--by", "target", *current)
+    yield "references", run(tool, "references", "--format", "json", *current)
+    misspelt = folder / "Misspelt"
+    (misspelt / "App.xcodeproj").mkdir(parents=True)
+    (misspelt / "Main.m").touch()
+    (misspelt / "App.xcodeproj/project.pbxproj").write_text(
+        "/* Begin PBXFileReference section */\n1 /* main.m */ = {path = main.m; };\n/* End PBXFileReference section */")
+    yield "references", run(tool, "references", "--format", "json", misspelt)
     yield "cleanup", run(tool, "cleanup", "--format", "json", project)
     comparison = run(tool, "compare", "--format", "json", baseline, project)
     assert {file["change"] for file in comparison["files"]} >= {"grown", "removed", "moved"}, comparison["files"]
