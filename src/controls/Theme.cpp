@@ -98,7 +98,7 @@ QFrame[role="popup"] QPushButton:checked, QFrame[role="popup"] QPushButton:press
 QWidget[role="sidebar"] QPushButton:checked { font-weight: 600; background: qlineargradient(x1:0, y1:0, x2:1, y2:0,
   stop:0 @sidebarText, stop:0.028 @sidebarText, stop:0.029 @accent, stop:1 @accent); }
 QWidget[role="sidebar"] QPushButton[focusRing="true"], QFrame[role="popup"] QPushButton[focusRing="true"] {
-  border: 2px solid @sidebarText; }
+  border: 2px solid @sidebarText; outline: none; }
 QFrame[role="popup"] QPushButton[focusRing="true"]:checked, QFrame[role="popup"] QPushButton[focusRing="true"]:pressed {
   border: 2px solid @accent; }
 QWidget[role="sidebar"] QLabel, QFrame[role="popup"] QLabel { color: @sidebarText; }
