@@ -52,6 +52,10 @@ std::optional<std::string> writeToStandardOutput(const std::optional<std::string
   return std::nullopt;
 }
 
+int wrongUsage() {
+  return failed(kWrongUsage, "usage: quillmeter --report FILE KINDS RULES BUNDLE");
+}
+
 const FileKindTable& kindsBy(ProjectRules rules) {
   return rules == ProjectRules::current ? currentKinds() : classicKinds();
 }
@@ -82,8 +86,9 @@ int report(const std::string& file, const FileGroups& groups, ProjectRules rules
 std::optional<int> runReportMode(int argc, char** argv) {
   if (argc < 2 || std::string_view(argv[1]) != "--report") return std::nullopt;
   const auto rules = argc == kArguments ? rulesNamed(argv[4]) : std::nullopt;
-  const auto groups = rules ? fileGroupsNamed(argv[3], kindsBy(*rules)) : std::nullopt;
-  if (!groups) return failed(kWrongUsage, "usage: quillmeter --report FILE KINDS RULES BUNDLE");
+  if (!rules) return wrongUsage();
+  const auto groups = fileGroupsNamed(argv[3], kindsBy(*rules));
+  if (!groups) return wrongUsage();
   // What the toolkit says of its surroundings (no run-time folder, no theme) helps nobody on a build server.
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
   qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -111,7 +111,8 @@ QStringList AccessibleFileCell::actionNames() const {
 
 void AccessibleFileCell::doAction(const QString& name) {
   if (name != pressAction()) return;
-  if (isSortable()) table_.view()->sortByColumnHeader(column_ - 1);
+  // A sorted table forgets its cells, this one among them, so nothing of it is used after the sort.
+  if (isSortable()) return table_.view()->sortByColumnHeader(column_ - 1);
   if (isRevealButton()) Q_EMIT table_.view()->revealRequested(row_ - 1);
 }
 

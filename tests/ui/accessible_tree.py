@@ -10,7 +10,7 @@ import warnings
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi  # noqa: E402
+from gi.repository import Atspi, GLib  # noqa: E402
 
 warnings.simplefilter("ignore", DeprecationWarning)
 
@@ -69,21 +69,34 @@ def press(root, name):
     return wanted is not None and bool(node.do_action(wanted))
 
 
+def answer(root, command, argument):
+    root.clear_cache()
+    if command == "walk":
+        return walk(root)
+    if command == "press":
+        return press(root, argument)
+    node = find(root, argument)
+    return node is not None and bool(node.grab_focus())
+
+
+def answered(root, command, argument):
+    """What was being read may go away meanwhile, as a page does that is left: then it is read anew."""
+    for attempt in range(20):
+        try:
+            return answer(root, command, argument)
+        except GLib.Error as error:
+            last = error
+            time.sleep(0.2)
+    raise last
+
+
 def main():
     root = application()
     for line in sys.stdin:
         command, _, argument = line.rstrip("\n").partition(" ")
-        root.clear_cache()
-        if command == "walk":
-            answer = walk(root)
-        elif command == "press":
-            answer = press(root, argument)
-        elif command == "focus":
-            node = find(root, argument)
-            answer = node is not None and bool(node.grab_focus())
-        else:
+        if command == "quit":
             break
-        print(json.dumps(answer), flush=True)
+        print(json.dumps(answered(root, command, argument)), flush=True)
 
 
 if __name__ == "__main__":
