@@ -45,7 +45,7 @@ Snapshot snapshotOf(const MeasuredProject& project) {
   Snapshot snapshot;
   snapshot.projectTitle = project.projectTitle();
   snapshot.initialPath = project.initialPath();
-  snapshot.rules = kClassicRules;
+  snapshot.rules = project.rules() == ProjectRules::current ? kCurrentRules : kClassicRules;
   const std::string_view folder = parentFolder(snapshot.initialPath);
   snapshot.files.reserve(project.files().size());
   for (const auto& file : project.files())

@@ -145,6 +145,19 @@ TEST(CurrentRules, ExportsNameSwiftAndStoryboards) {
   EXPECT_EQ(classic.status, 2) << "the classic rules know no Swift";
 }
 
+TEST(CurrentRules, AreComparedWithThemselvesOnly) {
+  const TemporaryFolder folder;
+  const std::string baseline = folder / "current.json";
+  ASSERT_EQ(runTool({"measure", "--rules", "current", "--format", "json", "-o", baseline, kWeather}).status,
+            0);
+  const ToolResult same = runTool({"compare", "--rules", "current", "--format", "json", baseline, kWeather});
+  EXPECT_EQ(same.status, 0) << same.errors;
+  EXPECT_EQ(json::parse(same.output)["rules"], "current");
+  EXPECT_EQ(json::parse(same.output)["files"], json::array());
+  EXPECT_EQ(runTool({"compare", baseline, kWeather}).status, 2);
+  EXPECT_EQ(runTool({"measure", "--baseline", baseline, kWeather}).status, 2);
+}
+
 TEST(CurrentRules, TargetsNeedThem) {
   const ToolResult result = runTool({"measure", "--by", "target", kNotebook});
   EXPECT_EQ(result.status, 2);
