@@ -10,6 +10,7 @@
 #include "cli/ExitStatus.h"
 #include "cli/Output.h"
 #include "cli/Suggestions.h"
+#include "cli/ToolConfinement.h"
 #include "compare/SnapshotReader.h"
 #include "files/FileSystem.h"
 
@@ -52,6 +53,7 @@ struct CompareOptions {
 };
 
 int compare(const CompareOptions& options) {
+  confineToOutputs({options.comparison.outputPath});
   const auto before = snapshotAt(options.before, options.read);
   if (!before) return kNothingMeasured;
   const auto after = snapshotAt(options.after, options.read);
