@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cmath>
 #include <filesystem>
 
 #include "files/FileSystem.h"
+#include "helpers/PlayedFileSystem.h"
 #include "helpers/ProjectFixture.h"
 
 namespace quillmeter {
@@ -285,6 +287,27 @@ class RecordingFileSystem final : public FileSystem {
     return FileSystem::real().openFolder(path);
   }
 };
+
+TEST(AllFilesInFolder, AreNoneForAProjectThatWasNeverRead) {
+  const RecordingFileSystem disk;
+  EXPECT_TRUE(ParseProject(disk).allFilesInFolder().empty());
+  EXPECT_TRUE(disk.asked.empty());
+}
+
+TEST(AllFilesInFolder, SayWhatCouldNotBeLookedAt) {
+  const TemporaryFolder folder;
+  folder.file("a.m");
+  const testing::PlayedFileSystem disk([](std::string_view call, const std::string&) {
+    return call == "statusInFolder" ? DiskError{EIO} : DiskError{};
+  });
+  ParseProject project(disk);
+  project.setInitialPath(folder / "P.xcodeproj");
+  ReadFaults faults;
+  EXPECT_TRUE(project.unreferencedFiles(faults).empty());
+  EXPECT_EQ(faults.count, 1U);
+  EXPECT_EQ(faults.firstPath, folder / "a.m");
+  EXPECT_TRUE(faults.mayMislead);
+}
 
 TEST(AllFilesInFolder, AskTheDiskFolderByFolderAndNeverAboutOtherKinds) {
   const TemporaryFolder folder;

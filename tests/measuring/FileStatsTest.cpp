@@ -206,6 +206,65 @@ TEST(FileStatsOnAFlakyDisk, MeasureWhatIsLeftOfAFileThatIsCutWhileItIsRead) {
   EXPECT_EQ(integerValue(file->noLinesTotal()), 4);
 }
 
+TEST(FileStats, AreZeroForAFileWithoutEndThatTheKernelMakesUp) {
+  const TemporaryFolder folder;
+  ASSERT_EQ(::symlink("/proc/self/status", (folder / "a.m").c_str()), 0);
+  for (const Beforehand beforehand : {Beforehand::nothing, Beforehand::regular}) {
+    const MeasuredFile measured = measuredFile(FileSystem::real(), folder / "a.m", beforehand);
+    expectAllCountersZero(measured.file);
+    EXPECT_EQ(measured.error.kind(), DiskError::Kind::noPermission);
+  }
+}
+
+/// A disk on which another file is opened than the one that was looked at.
+class SwappingFileSystem final : public FileSystem {
+ public:
+  explicit SwappingFileSystem(std::string opened) : opened_(std::move(opened)) {}
+
+ private:
+  [[nodiscard]] Result<Descriptor> doOpen(const std::string& /*path*/) const override {
+    return FileSystem::real().open(opened_);
+  }
+  std::string opened_;
+};
+
+TEST(FileStats, AreThoseOfTheFileThatWasOpened) {
+  const TemporaryFolder folder;
+  const std::string path = folder.file("a.m", "int a;\n");
+  const SwappingFileSystem larger(folder.file("b.m", "int a;\nint b;\n"));
+  const SwappingFileSystem device("/dev/zero");
+  for (const Beforehand beforehand : {Beforehand::nothing, Beforehand::regular}) {
+    const auto file = measuredFile(larger, path, beforehand).file;
+    EXPECT_EQ(integerValue(file->fileSize()), 14);
+    EXPECT_EQ(integerValue(file->noLinesTotal()), 3);
+    expectAllCountersZero(measuredFile(device, path, beforehand).file);
+  }
+}
+
+/// A disk whose files grow for as long as they are read.
+class GrowingFileSystem final : public FileSystem {
+  [[nodiscard]] Result<std::size_t> doRead(int /*descriptor*/, std::span<char> buffer) const override {
+    std::fill(buffer.begin(), buffer.end(), '\n');
+    return buffer.size();
+  }
+};
+
+TEST(FileStats, LeaveOutWhatIsAppendedWhileTheFileIsRead) {
+  const TemporaryFolder folder;
+  const auto file = fileStats(GrowingFileSystem(), folder.file("a.m", "int a;\n"));
+  EXPECT_EQ(integerValue(file->noLinesTotal()), 8);
+}
+
+TEST(FileStats, SayWhyAFileCouldNotBeRead) {
+  const TemporaryFolder folder;
+  FlakyFileSystem disk;
+  disk.failsAtCall = 1;
+  const std::string path = folder.file("a.m", "int a;");
+  EXPECT_EQ(measuredFile(disk, path, Beforehand::regular).error.number, EIO);
+  EXPECT_EQ(measuredFile(FileSystem::real(), path, Beforehand::regular).error.number, 0);
+  EXPECT_EQ(measuredFile(FileSystem::real(), folder / "b.m", Beforehand::regular).error.number, ENOENT);
+}
+
 TEST(FileStats, LeakNoDescriptors) {
   const TemporaryFolder folder;
   const std::string path = folder.file("a.m", "caf\xe9");
