@@ -1,0 +1,40 @@
+"""The commands of the documents that no test can run, each with the reason. A pattern may hold "*". A program or script
+of the repository that one begins with must exist, and so must a preset that it names."""
+import fnmatch
+import json
+import re
+
+BUILDS = "builds the project, which takes minutes; continuous integration runs the same presets"
+MEASURES_SPEED = "takes minutes and a quiet machine"
+INSTALLS = "installs packages with the superuser's rights"
+
+NOT_RUN = {
+    "scripts/run*": BUILDS,
+    "scripts/test*": "runs this test",
+    "cmake --preset *": BUILDS,
+    "ctest --preset *": "runs this test",
+    "bench/*": MEASURES_SPEED,
+    "build/bench/bin/*": MEASURES_SPEED,
+}
+
+
+def reason(command):
+    """Why a command cannot be run by a test; None for one that can."""
+    return next((why for pattern, why in NOT_RUN.items() if fnmatch.fnmatchcase(command, pattern)), None)
+
+
+def unused(commands):
+    """The patterns that none of the commands needs."""
+    return [pattern for pattern in NOT_RUN if not fnmatch.filter(commands, pattern)]
+
+
+def mistakes(command, sources):
+    """What in the repository such a command names in vain."""
+    presets = json.loads((sources / "CMakePresets.json").read_text(encoding="utf-8"))["configurePresets"]
+    names = {preset["name"] for preset in presets}
+    for preset in re.findall(r"--preset (\S+)", command):
+        if preset not in names:
+            yield f"there is no preset {preset}"
+    program = command.split()[0]
+    if "/" in program and not program.startswith("build/") and not (sources / program).is_file():
+        yield f"there is no {program}"
