@@ -18,7 +18,7 @@ OTHER = {"text", "json", "csv", "crontab"}
 SHELL = {"", "sh"}
 STATUS = re.compile(r"\s#.*\bstatus (\d+)")
 HERE_DOCUMENT = re.compile(r"<<'?(\w+)'?")
-SCRIPTS = ("before_script", "script", "run")
+SCRIPTS = ("before_script", "script", "after_script", "run")
 
 
 class UnknownBlock(Exception):
@@ -35,11 +35,14 @@ class Command:
 
     def status(self):
         """The exit status that it is to end with: N of a comment "# ... status N" behind it."""
-        found = STATUS.search(self.text)
+        found = STATUS.search(self.first_line() if HERE_DOCUMENT.search(self.first_line()) else self.text)
         return int(found.group(1)) if found else 0
 
     def without_comment(self):
-        return re.sub(r"\s+#.*", "", self.text.splitlines()[0])
+        return re.sub(r"\s+#.*", "", self.first_line())
+
+    def first_line(self):
+        return self.text.partition("\n")[0]
 
     def goes_on(self):
         lines = self.text.split("\n")

@@ -7,12 +7,16 @@ import re
 BUILDS = "builds the project, which takes minutes; continuous integration runs the same presets"
 MEASURES_SPEED = "takes minutes and a quiet machine"
 INSTALLS = "installs packages with the superuser's rights"
+TALKS = "talks to a server"
 
 NOT_RUN = {
     "scripts/run*": BUILDS,
     "scripts/test*": "runs this test",
     "cmake --preset *": BUILDS,
     "ctest --preset *": "runs this test",
+    "apt-get update && apt-get install *": INSTALLS,
+    "curl *": TALKS,
+    "gh *": TALKS,
     "bench/*": MEASURES_SPEED,
     "build/bench/bin/*": MEASURES_SPEED,
 }

@@ -69,7 +69,7 @@ def faults_of_run(command, terminal):
 
 
 def faults(document, tools, sources):
-    has_application = (pathlib.Path(tools) / "quillmeter").exists()
+    has_application = (tools / "quillmeter").exists()
     with tempfile.TemporaryDirectory() as folder:
         terminal = Terminal(tools, sources, folder)
         try:
@@ -104,7 +104,8 @@ def main():
     if sys.argv[1] == "--not-run":
         found = list(faults_of_list(documents, sources))
     else:
-        found = [fault for document in documents for fault in faults(document, sys.argv[1], sources)]
+        tools = pathlib.Path(sys.argv[1]).resolve()
+        found = [fault for document in documents for fault in faults(document, tools, sources)]
     print("\n".join(found) or "the documents are right")
     return 1 if found else 0
 
