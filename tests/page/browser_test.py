@@ -39,6 +39,13 @@ const kind = document.querySelector("select");
 kind.value = "Image";
 kind.dispatchEvent(new Event("input"));
 seen.images = names();
+seen.choices = Array.from(kind.options).map((option) => option.value);
+seen.byExtension = {};
+for (const choice of seen.choices.filter((value) => value.startsWith("."))) {
+  kind.value = choice;
+  kind.dispatchEvent(new Event("input"));
+  seen.byExtension[choice] = names();
+}
 seen.hacked = document.body.dataset.hacked || null;
 seen.paper = getComputedStyle(document.body).backgroundColor;
 seen.requests = performance.getEntriesByType("resource").length;
@@ -79,6 +86,16 @@ def check_sample(browser, tool, samples, folder):
     assert not look(browser, page, "--window-size=500,800")["wide"], "a narrow window scrolls sideways"
 
 
+def check_current_rules(browser, tool, weather, folder):
+    page = folder / "weather.html"
+    pages.report(tool, weather, page, "current")
+    names = [file["fileName"] for file in pages.measure(tool, weather, "current")["files"]]
+    found = look(browser, page)["byExtension"]
+    assert set(found) == {".h", ".pdf", ".storyboard", ".svg", ".swift"}, found
+    for extension, files in found.items():
+        assert sorted(map(os.path.basename, files)) == sorted(n for n in names if n.endswith(extension)), found
+
+
 def check_hostile(browser, tool, folder):
     project = folder / "hostile"
     project.mkdir()
@@ -97,6 +114,7 @@ def main():
     tool, samples = sys.argv[1], pathlib.Path(sys.argv[2])
     with tempfile.TemporaryDirectory() as name:
         check_sample(browser, tool, samples, pathlib.Path(name))
+        check_current_rules(browser, tool, samples / "Weather", pathlib.Path(name))
         check_hostile(browser, tool, pathlib.Path(name))
     print("the page works in a browser")
     return 0
