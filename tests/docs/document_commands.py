@@ -65,7 +65,7 @@ def blocks(text):
             yield "", block
             block, fence = [], stripped[3:]
         elif line.startswith("    ") and (after_blank or block):
-            block.append((number, line[4:]))
+            block.append((number, line))
         elif not stripped and block:
             block.append((number, ""))
         else:
@@ -113,9 +113,16 @@ def commands_of_lines(lines):
         yield last
 
 
+def dedented(block):
+    """A block without the blanks that all its lines begin with."""
+    depth = min((len(line) - len(line.lstrip()) for _, line in block if line.strip()), default=0)
+    return [(number, line[depth:]) for number, line in block]
+
+
 def commands(text):
     """All commands of a document in their order. Raises UnknownBlock for a block of an unknown kind."""
-    for kind, lines in blocks(text):
+    for kind, block in blocks(text):
+        lines = dedented(block)
         if kind == "yaml":
             yield from commands_of_job(lines)
         elif kind in SHELL:

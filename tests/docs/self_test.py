@@ -52,6 +52,8 @@ def check_parsing():
         "quillmeter-cli a \\\n  --b   # ends with status 1", "other", 'echo "one two"',
         "cat > file <<'END'\n$ no command\nEND", "quillmeter-cli c", "first", "second", "third", "fourth"], \
         [c.text for c in found]
+    listed = list(commands("1. Then\n\n       $ a\n       b\n         c\n\n   ```sh\n   d\n   ```\n"))
+    assert [(c.text, c.output) for c in listed] == [("a", ["b", "  c", ""]), ("d", None)], [(c.text, c.output) for c in listed]
     assert found[0].status() == 1 and found[0].output is None and found[0].line_number == 3
     assert found[1].status() == 0 and found[1].without_comment() == "other"
     assert found[2].output == ["one …", "", "three"] and found[4].output == ["quillmeter-cli: an error", ""]
@@ -79,7 +81,8 @@ def check_running(folder):
             "$ quillmeter-cli x # status 3\n    x": 0, "$ quillmeter-cli x # status 3\n    y": 1,
             "$ quillmeter-cli x\n    x": 1, "status3": 1, "false   # status 1": 0, "quillmeter PROJECT": 0,
             "cd samples\n    export KEPT=k\n    (quillmeter-cli; pwd) | grep -e k -e samples": 0,
-            "cd samples\n\n```fish\n```": 1, "scripts/test": 0}.items():
+            "cd samples\n\n```fish\n```": 1, "scripts/test": 0, "scripts/test && scripts/run": 0,
+            "scripts/test && quillmeter-cli x": 1}.items():
         document.write_text("\n\n    " + shown + "\n")
         assert len(list(run_commands.faults(document, folder, folder))) == expected, shown
 
