@@ -117,6 +117,15 @@ TEST(CurrentRules, TheToolHintsAtThemWhenMuchIsLeftOut) {
   EXPECT_EQ(runTool({"measure", "--rules", "current", kWeather}).errors, "");
 }
 
+TEST(CurrentRules, ReasonsNameAFewExtensionsAlone) {
+  const TemporaryFolder folder;
+  std::vector<std::string> paths;
+  for (int i = 0; i < 20; ++i)
+    paths.push_back("a.x" + std::to_string(i));
+  EXPECT_THAT(runTool({"measure", testing::writeProject(folder, paths)}).errors,
+              HasSubstr("it references 1 .x0, 1 .x1, 1 .x2, 1 .x3, 1 .x4, 1 .x5, 1 .x6 and 13 others\n"));
+}
+
 TEST(CurrentRules, AFaultOfTheDescriptionIsNamedWithItsLine) {
   const TemporaryFolder folder;
   std::filesystem::create_directories(folder / "App.xcodeproj");
