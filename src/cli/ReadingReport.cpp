@@ -8,6 +8,7 @@
 
 #include "analysis/ProjectChooser.h"
 #include "cli/Measurement.h"
+#include "cli/NearbyProject.h"
 #include "files/ReadingFiles.h"
 #include "support/Paths.h"
 #include "support/Text.h"
@@ -55,6 +56,16 @@ std::string obstacleTo(const std::string& bundle) {
   return {};
 }
 
+/// Why a path that exists and is no bundle is no project either.
+std::string noProjectIn(const std::string& path, bool isFolder) {
+  if (isFolder) {
+    const auto names = listFolder(FileSystem::real(), path);
+    if (!names) return path + ": " + std::generic_category().message(names.error().number);
+  }
+  return path + (isFolder ? " holds" : " is no folder, so it holds") + " no .xcodeproj bundle" +
+         questionForNearbyProject(path);
+}
+
 std::string nothingKnown(const ProjectFindings& findings) {
   std::string text = "the project references no file of a known kind that is there";
   if (!findings.other.empty()) text += "; it references " + countsText(findings.other.counts());
@@ -72,10 +83,10 @@ std::string whyNothingIsMeasured(const MeasuredProject& project) {
   const auto status = FileSystem::real().status(path);
   if (!status) {
     return path + (status.error().kind() == DiskError::Kind::missing
-                       ? ": no such file or folder"
+                       ? ": no such file or folder" + questionForNearbyProject(path)
                        : ": " + std::generic_category().message(status.error().number));
   }
-  if (!isBundle(path)) return path + " holds no .xcodeproj bundle";
+  if (!isBundle(path)) return noProjectIn(path, status->type == FileStatus::Type::folder);
   if (const std::string obstacle = obstacleTo(path); !obstacle.empty()) return obstacle;
   if (!project.findings().error.empty()) return joinedPath(path, project.findings().error);
   return path + ": " + nothingKnown(project.findings());

@@ -167,6 +167,20 @@ TEST(CurrentRules, AreComparedWithThemselvesOnly) {
   EXPECT_EQ(runTool({"measure", "--baseline", baseline, kWeather}).status, 2);
 }
 
+TEST(CurrentRules, AreNamedInEveryComparison) {
+  const TemporaryFolder folder;
+  const std::string baseline = folder / "current.json";
+  for (const std::string rules : {"current", "classic"}) {
+    ASSERT_EQ(runTool({"measure", "--rules", rules, "--format", "json", "-o", baseline, kWeather}).status, 0);
+    for (const std::string format : {"table", "markdown"}) {
+      const std::string output =
+          runTool({"compare", "--rules", rules, "--format", format, baseline, kWeather}).output;
+      const bool isNamed = output.find("\nMeasured by the current rules\n") != std::string::npos;
+      EXPECT_EQ(isNamed, rules == "current") << output;
+    }
+  }
+}
+
 TEST(CurrentRules, TargetsNeedThem) {
   const ToolResult result = runTool({"measure", "--by", "target", kNotebook});
   EXPECT_EQ(result.status, 2);
