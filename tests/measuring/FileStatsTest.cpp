@@ -210,7 +210,7 @@ TEST(FileStats, AreZeroForAFileWithoutEndThatTheKernelMakesUp) {
   const TemporaryFolder folder;
   ASSERT_EQ(::symlink("/proc/self/status", (folder / "a.m").c_str()), 0);
   for (const Beforehand beforehand : {Beforehand::nothing, Beforehand::regular}) {
-    const MeasuredFile measured = measuredFile(FileSystem::real(), folder / "a.m", beforehand);
+    const MeasuredFile measured = measuredFile(FileSystem::real(), classicKinds(), folder / "a.m", beforehand);
     expectAllCountersZero(measured.file);
     EXPECT_EQ(measured.error.kind(), DiskError::Kind::noPermission);
   }
