@@ -69,6 +69,7 @@ std::string plainPath(const ProjectInput& project, const std::vector<std::string
 }
 
 void checkRecord(const ProjectInput& project, const FileObject& file, const std::string& path) {
+  require(path.find('\0') == std::string::npos);
   require(file.filePath() == path && file.fileName() == lastPathComponent(path));
   require(file.fileSize() &&
           static_cast<std::uint64_t>(integerValue(file.fileSize())) == project.disk.status(path)->size);

@@ -119,12 +119,11 @@ class MemoryFileSystem final : public FileSystem {
     }
   }
 
-  /// What is at `path`, seen from `from`. As the system does, nothing behind a NUL is looked at.
+  /// What is at `path`, seen from `from`.
   [[nodiscard]] Result<const Node*> found(std::string_view path, Links links, const Node* from = nullptr,
                                           int* followedSoFar = nullptr) const {
     int ownCount = 0;
     int& followed = followedSoFar != nullptr ? *followedSoFar : ownCount;
-    path = path.substr(0, path.find('\0'));
     if (path.empty()) return DiskError{ENOENT};
     const Node* node = from == nullptr || path.starts_with('/') ? &root_ : from;
     const auto pieces = pathComponents(path);
