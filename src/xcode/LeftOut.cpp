@@ -59,7 +59,8 @@ LeftOut leftOutByClassic(const MeasuredProject& classic, const FileSystem& fileS
   DiskView disk(fileSystem);
   const std::string folder = projectFolderOf(*graph, normalisedLocation(classic.findings().folder));
   std::map<std::string, std::size_t> counts;
-  for (const std::string& path : projectFilesOf(*graph, folder, disk).files) {
+  const ProjectFiles current = projectFilesOf(*graph, folder, disk);
+  for (const std::string& path : current.files) {
     if (currentKind(path) == FileKind::code && !measured.contains(path)) ++counts[locationExtension(path)];
   }
   result.sources = mostFirst(counts);
