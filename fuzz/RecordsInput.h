@@ -85,7 +85,7 @@ class RecordsProject final : public MeasuredProject {
   void add(char kind, const Fields& fields, FileList& files, ProjectFindings& found) const {
     const std::string second = fields.size() > 1 ? fields[1] : std::string();
     if (kind == 'f') files.push_back(record(fields));
-    if (kind == 'o') found.other.emplace_back(fields[0], countIn(fields, 1).value_or(1));
+    if (kind == 'o') found.other.add(fields[0], static_cast<std::size_t>(countIn(fields, 1).value_or(1)));
     if (kind == 'm') found.missing.push_back({fields[0], second});
     if (kind != 't') return;
     ProjectTarget& target = found.targets.emplace_back(ProjectTarget{fields[0], {}});
