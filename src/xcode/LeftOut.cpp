@@ -39,7 +39,9 @@ std::size_t LeftOut::count() const {
                          [](std::size_t sum, const auto& entry) { return sum + entry.second; });
 }
 
-LeftOut leftOutByClassic(const MeasuredProject& classic, const FileSystem& fileSystem) {
+namespace {
+
+LeftOut leftOut(const MeasuredProject& classic, const FileSystem& fileSystem) {
   LeftOut result;
   if (classic.rules() != ProjectRules::classic || classic.findings().folder.empty()) return result;
   if (!mayLeaveOut(classic)) return result;
@@ -59,6 +61,16 @@ LeftOut leftOutByClassic(const MeasuredProject& classic, const FileSystem& fileS
   result.sources = mostFirst(counts);
   result.isMuch = result.count() > classic.getNumberCodeFiles();
   return result;
+}
+
+}  // namespace
+
+LeftOut leftOutByClassic(const MeasuredProject& classic, const FileSystem& fileSystem) {
+  try {
+    return leftOut(classic, fileSystem);
+  } catch (const TooFewDescriptors&) {
+    return {};  // a hint that is too small would be none
+  }
 }
 
 }  // namespace quillmeter

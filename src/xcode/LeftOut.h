@@ -22,7 +22,7 @@ struct LeftOut {
 /// What a read by the classic rules left out. Follows the references by the current rules without measuring
 /// anything, and does even that only where the description refers to something that the classic rules do not
 /// look at, so it costs most projects nothing. None for a project read by other rules, one that was never
-/// read, and one whose description has a fault.
+/// read, and one whose description has a fault; and where too many files are open to look.
 [[nodiscard]] LeftOut leftOutByClassic(const MeasuredProject& classic,
                                        const FileSystem& fileSystem = FileSystem::real());
 
