@@ -20,10 +20,17 @@ struct LeftOut {
   [[nodiscard]] std::size_t count() const;
 };
 
+<<<<<<< HEAD
 /// What a read by the classic rules left out, where that may be much. Follows the references by the current
 /// rules then, without measuring anything; what the read found beside its files tells most projects apart
 /// before, at no cost. None for a project read by other rules, one that was never
 /// read, and one whose description has a fault.
+=======
+/// What a read by the classic rules left out. Follows the references by the current rules without measuring
+/// anything, and does even that only where the description refers to something that the classic rules do not
+/// look at, so it costs most projects nothing. None for a project read by other rules, one that was never
+/// read, and one whose description has a fault; and where too many files are open to look.
+>>>>>>> trust
 [[nodiscard]] LeftOut leftOutByClassic(const MeasuredProject& classic,
                                        const FileSystem& fileSystem = FileSystem::real());
 
