@@ -155,6 +155,24 @@ TEST(OverviewViewController, CardsStayTogetherAtTheTopOfATallWindow) {
   }
 }
 
+TEST(OverviewViewController, CardsAreOfOneWidthAndTheirFiguresOnOneLineInAnyWindow) {
+  FakeStatsHost host(projectWith({record({.name = "a.m", .lines = 30})}));
+  const auto panel = OverviewViewController::create(host);
+  for (const int width : {616, 700, 1016, 1600}) {
+    panel->resize(width, 700);
+    panel->show();
+    QCoreApplication::processEvents();
+    const auto* lines = panel->findChild<QWidget*>(u"cardLines"_s);
+    const auto at = [&](std::size_t number) {
+      return panel->lblSizeMetrics(number)->mapTo(panel.get(), QPoint()).y();
+    };
+    for (const char* const name : {"cardFiles", "cardAverages"})
+      EXPECT_NEAR(panel->findChild<QWidget*>(QLatin1String(name))->width(), lines->width(), 1) << width;
+    EXPECT_EQ(at(7), at(2)) << width;
+    EXPECT_EQ(at(1), at(2)) << width;
+  }
+}
+
 TEST(OverviewViewController, ScrollsWhatDoesNotFit) {
   FakeStatsHost host(projectWith({record({.name = "a.m", .lines = 30})}));
   const auto panel = OverviewViewController::create(host);
