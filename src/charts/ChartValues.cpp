@@ -28,7 +28,7 @@ bool isOfKind(ChartKind kind, const MeasuredProject& project, const FileObject& 
 }
 
 float singlePrecision(double value) {
-  constexpr double limit = std::numeric_limits<float>::max();
+  constexpr double limit = static_cast<double>(std::numeric_limits<float>::max());
   return static_cast<float>(value > limit ? limit : value < -limit ? -limit : value);
 }
 

@@ -11,6 +11,7 @@
 #include <array>
 #include <cerrno>
 #include <climits>
+#include <cstddef>
 #include <cstdlib>
 #include <memory>
 
@@ -33,6 +34,14 @@ auto uninterrupted(const Call& call) {
   while (result.error().number == EINTR)
     result = call();
   return result;
+}
+
+/// The same for a call that is about what is at `path`. No path holds a zero byte, but the system would stop
+/// reading one there and take what lies in front of it for the whole.
+template <class Call>
+auto uninterruptedAt(const std::string& path, const Call& call) -> decltype(call()) {
+  if (path.find('\0') != std::string::npos) return DiskError{ENOENT};
+  return uninterrupted(call);
 }
 
 /// A path cut so that the system takes it: what is left of it, relative to an open folder.
@@ -107,6 +116,19 @@ void forEachEntry(std::span<const char> filled, const Use& use) {
   }
 }
 
+/// Makes room for what a filled buffer holds, and a few bytes more: the name of an entry is what its fixed
+/// part leaves of its length, rounded up.
+void reserveFor(std::span<const char> filled, FolderListing& listing) {
+  std::size_t entries = 0;
+  std::size_t bytes = 0;
+  for (std::size_t at = 0; at < filled.size(); ++entries) {
+    const std::size_t length = reinterpret_cast<const dirent64*>(filled.data() + at)->d_reclen;
+    bytes += length - offsetof(dirent64, d_name);
+    at += length;
+  }
+  listing.reserve(entries, bytes);
+}
+
 }  // namespace
 
 DiskError::Kind DiskError::kind() const {
@@ -168,19 +190,19 @@ void FolderListing::sort() {
 }
 
 Result<FileStatus> FileSystem::status(const std::string& path) const {
-  return uninterrupted([&] { return doStatus(path); });
+  return uninterruptedAt(path, [&] { return doStatus(path); });
 }
 Result<FileStatus> FileSystem::statusInFolder(const Descriptor& folder, const std::string& name) const {
-  return uninterrupted([&] { return doStatusInFolder(folder, name); });
+  return uninterruptedAt(name, [&] { return doStatusInFolder(folder, name); });
 }
 Result<FileStatus> FileSystem::statusOfOpen(const Descriptor& file) const {
   return uninterrupted([&] { return doStatusOfOpen(file); });
 }
 Result<Descriptor> FileSystem::openFolder(const std::string& path) const {
-  return uninterrupted([&] { return doOpenFolder(path); });
+  return uninterruptedAt(path, [&] { return doOpenFolder(path); });
 }
 Result<Descriptor> FileSystem::openListing(const std::string& path, Links links) const {
-  return uninterrupted([&] { return doOpenListing(path, links); });
+  return uninterruptedAt(path, [&] { return doOpenListing(path, links); });
 }
 Result<Descriptor> FileSystem::openListingIn(const Descriptor& parent, const char* name) const {
   return uninterrupted([&] { return doOpenListingIn(parent, name); });
@@ -192,7 +214,7 @@ Result<EntryType> FileSystem::entryType(const Descriptor& folder, const char* na
   return uninterrupted([&] { return doEntryType(folder, name); });
 }
 Result<Descriptor> FileSystem::open(const std::string& path) const {
-  return uninterrupted([&] { return doOpen(path); });
+  return uninterruptedAt(path, [&] { return doOpen(path); });
 }
 Result<std::size_t> FileSystem::read(int descriptor, std::span<char> buffer) const {
   return uninterrupted([&] { return doRead(descriptor, buffer); });
@@ -202,7 +224,7 @@ Result<bool> FileSystem::isMadeByKernel(const Descriptor& file) const {
 }
 
 Result<std::string> FileSystem::realPath(const std::string& path) const {
-  return uninterrupted([&] { return doRealPath(path); });
+  return uninterruptedAt(path, [&] { return doRealPath(path); });
 }
 
 Result<FileStatus> FileSystem::doStatus(const std::string& path) const {
@@ -240,13 +262,7 @@ Result<bool> FileSystem::doListSome(const Descriptor& folder, FolderListing& lis
   const ssize_t count = ::getdents64(folder.value(), buffer.data(), buffer.size());
   if (count < 0) return lastError();
   const std::span<const char> filled = std::span(buffer).first(static_cast<std::size_t>(count));
-  std::size_t entries = 0;
-  std::size_t bytes = 0;
-  forEachEntry(filled, [&](std::string_view name, EntryType /*type*/) {
-    ++entries;
-    bytes += name.size() + 1;
-  });
-  listing.reserve(entries, bytes);
+  reserveFor(filled, listing);
   forEachEntry(filled, [&](std::string_view name, EntryType type) { listing.add(name, type); });
   return count > 0;
 }

@@ -74,7 +74,7 @@ class FolderListing {
 
 /// What the engine asks of the disk: the only way to it. Each call gives the error that it failed with; a
 /// call that a signal interrupts is made again here and nowhere else. Paths may be longer than the system's
-/// limit for one call.
+/// limit for one call; nothing is at one that holds a zero byte.
 ///
 /// A call is one request (some more for a very long path), so that a read can be given up between two of
 /// them; what takes several is put together below. The private functions do the work; a test overrides some

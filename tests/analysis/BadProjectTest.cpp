@@ -78,6 +78,19 @@ TEST(BadProject, WithReferencesOfSeparatorsAndQuotesLeavesThemOut) {
             0U);
 }
 
+TEST(BadProject, WithAZeroByteInAReferenceMeasuresNothingForIt) {
+  const TemporaryFolder folder;
+  folder.file("a", "text");
+  folder.file("in/b.m", "text");
+  const std::string zero(1, '\0');
+  folder.file("in/App.xcodeproj/project.pbxproj",
+              kBegin + ("\n" + line("\"../a" + zero + ".m\"")) + line("\"b.m" + zero + ".m\"") + kEnd);
+  ParseProject project;
+  project.parseFileAtPathAndDelegate(folder / "in/App.xcodeproj", nullptr);
+  EXPECT_EQ(project.files().size(), 0U);
+  EXPECT_EQ(project.findings().missing.size(), 2U);
+}
+
 TEST(BadProject, WhoseProjectFileIsAFolderOrAFifoHasNoFiles) {
   const TemporaryFolder folder;
   folder.folder("App.xcodeproj/project.pbxproj");

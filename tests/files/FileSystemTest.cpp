@@ -47,6 +47,21 @@ TEST(FileSystem, OpensNoLinkToAFolderWhereLinksAreRefused) {
   EXPECT_TRUE(disk.openListingIn(*parent, "real"));
 }
 
+TEST(FileSystem, HasNothingAtAPathThatHoldsAZeroByteNotWhatLiesInFrontOfIt) {
+  const TemporaryFolder folder;
+  const std::string file = folder.file("a.m") + std::string("\0.m", 3);
+  const std::string inner = folder.path() + std::string("\0b", 2);
+  const FileSystem& disk = FileSystem::real();
+  const auto here = disk.openFolder(folder.path());
+  ASSERT_TRUE(here);
+  EXPECT_EQ(disk.status(file).error().kind(), Kind::missing);
+  EXPECT_EQ(disk.statusInFolder(*here, std::string("a.m\0", 4)).error().kind(), Kind::missing);
+  EXPECT_EQ(disk.open(file).error().kind(), Kind::missing);
+  EXPECT_EQ(disk.openFolder(inner).error().kind(), Kind::missing);
+  EXPECT_EQ(disk.openListing(inner, FileSystem::Links::follow).error().kind(), Kind::missing);
+  EXPECT_EQ(disk.realPath(inner).error().kind(), Kind::missing);
+}
+
 TEST(FileSystem, KnowsTheFilesThatTheKernelMakesUp) {
   const TemporaryFolder folder;
   const FileSystem& disk = FileSystem::real();

@@ -2,8 +2,10 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <linux/openat2.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -94,7 +96,18 @@ TEST(Confinement, FileThatIsReadCannotBeTruncated) {
   const TemporaryFolder folder;
   const std::string path = folder.file("a", "old");
   if (onConfinedThread([] {}).files < 3) GTEST_SKIP() << "this kernel has no rule for truncation";
-  onConfinedThread([&] { EXPECT_NE(::truncate(path.c_str(), 0), 0); });
+  onConfinedThread([&] {
+    EXPECT_NE(::truncate(path.c_str(), 0), 0);
+    EXPECT_FALSE(opens(path, O_RDONLY | O_TRUNC));
+    EXPECT_FALSE(opens(path, O_RDONLY | O_TRUNC | O_CREAT));
+    EXPECT_FALSE(opens(path, O_RDWR | O_TRUNC));
+    EXPECT_FALSE(opens(path, O_ACCMODE | O_TRUNC));
+    ::open_how how{.flags = O_RDONLY | O_TRUNC | O_CLOEXEC, .mode = 0, .resolve = 0};
+    EXPECT_LT(::syscall(SYS_openat2, AT_FDCWD, path.c_str(), &how, sizeof(how)), 0);
+#ifdef SYS_open
+    EXPECT_LT(::syscall(SYS_open, path.c_str(), O_RDONLY | O_TRUNC | O_CLOEXEC), 0);
+#endif
+  });
   EXPECT_EQ(readFile(path), "old");
   EXPECT_EQ(::truncate(path.c_str(), 0), 0);
 }
@@ -114,13 +127,16 @@ TEST(Confinement, OutputsCanBeWrittenInTheirFoldersAlone) {
   folder.file("a.csv", "old");
   std::optional<std::string> inside;
   std::optional<std::string> outside;
+  bool truncated = false;
   const Confinement inForce = onConfinedThread(
       [&] {
+        truncated = opens(folder / "a.csv", O_WRONLY | O_TRUNC);
         inside = writeFileAtomically(folder / "a.csv", "new");
         outside = writeFileAtomically(other / "a.csv", "new");
       },
       {folder.path()});
   EXPECT_EQ(inside, std::nullopt);
+  EXPECT_TRUE(truncated);
   EXPECT_EQ(readFile(folder / "a.csv"), "new");
   if (inForce.files == 0) GTEST_SKIP() << "this kernel has no rules for files";
   EXPECT_EQ(outside, "Permission denied");

@@ -48,9 +48,11 @@ def wait_until_settled(find, what):
 
 
 class Desktop:
-    """`size` is the screen's in pixels; `environment` is what its programs get."""
+    """`size` is the screen's in pixels; `environment` is what its programs get. `window_manager_keys` are openbox's
+    <keybind> elements; it has none unless given."""
 
-    def __init__(self, size=(1366, 768), compositor=False, dark=False, scale=1.0, assistive=False, locale="C.UTF-8"):
+    def __init__(self, size=(1366, 768), compositor=False, dark=False, scale=1.0, assistive=False, locale="C.UTF-8",
+                 window_manager_keys=""):
         self.processes = []
         self.home = tempfile.mkdtemp(prefix="quillmeter-desktop-")
         # Without -noreset the server starts anew whenever its last client leaves, and throws out those just arriving.
@@ -68,7 +70,8 @@ class Desktop:
             self.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
             self.start_session_bus()
         with open(self.home + "/rc.xml", "w", encoding="utf-8") as stream:
-            stream.write('<openbox_config xmlns="http://openbox.org/3.4/rc"/>')
+            stream.write('<openbox_config xmlns="http://openbox.org/3.4/rc"><keyboard>%s</keyboard></openbox_config>' %
+                         window_manager_keys)
         self.start(["openbox", "--config-file", self.home + "/rc.xml"])
         wait_for(lambda: "window id" in self.output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "window manager")
         # A compositor needs a wallpaper that is announced. Without one it blends translucent pixels with whatever it

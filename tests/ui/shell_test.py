@@ -224,7 +224,7 @@ class ShellTest(Shell):
     # The programs around it
 
     def test_desktop_entry_opens_a_folder(self):
-        with open(os.path.join(PACKAGING, "quillmeter.desktop")) as stream:
+        with open(os.path.join(PACKAGING, "quillmeter.desktop.in")) as stream:
             entry = dict(line.strip().split("=", 1) for line in stream if "=" in line)
         self.assertIn("inode/directory", entry["MimeType"].split(";"))
         program, placeholder = entry["Exec"].split()
