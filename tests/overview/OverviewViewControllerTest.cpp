@@ -9,6 +9,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
+#include "controls/ApplicationTheme.h"
 #include "controls/Theme.h"
 #include "helpers/KindsWithHpp.h"
 #include "helpers/ProjectFixture.h"
@@ -16,6 +17,7 @@
 #include "overview/OverviewCaptions.h"
 #include "overview/ShareBar.h"
 #include "stats/FakeStatsHost.h"
+#include "xcode/CurrentKinds.h"
 
 namespace quillmeter {
 namespace {
@@ -173,11 +175,16 @@ TEST(OverviewViewController, CardsAreOfOneWidthAndTheirFiguresOnOneLineInAnyWind
   }
 }
 
-TEST(OverviewViewController, ScrollsWhatDoesNotFit) {
-  FakeStatsHost host(projectWith({record({.name = "a.m", .lines = 30})}));
+TEST(OverviewViewController, ScrollsWhatDoesNotFitButNeverSideways) {
+  const ApplicationTheme theme;
+  const UserLocale locale("en_US.UTF-8");
+  FakeStatsHost host(projectWith(
+      {record({.name = "a.m", .lines = 1987654321, .linesWithoutSpaces = 1654321000, .comments = 234567800})},
+      "Fixture", currentKinds()));
   const auto panel = OverviewViewController::create(host);
   panel->resize(616, 300);
   panel->show();
+  QCoreApplication::processEvents();
   auto* page = panel->findChild<QScrollArea*>(u"scrollPage"_s);
   EXPECT_GT(page->verticalScrollBar()->maximum(), 0);
   EXPECT_EQ(page->horizontalScrollBar()->maximum(), 0);
