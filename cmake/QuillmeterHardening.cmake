@@ -27,6 +27,17 @@ function(quillmeter_check_hardening program)
   endif()
 endfunction()
 
+# quillmeter_use_toolkits_data_in_place(TARGET): link-time optimisation makes position-independent programs (-fPIE) of
+# objects for libraries (-fPIC), and such a program takes copies of the toolkit's data, which the toolkit does not know
+# of: it crashes at its start. This has it look the data up instead, for TARGET and all that is linked with it; it is at
+# the link that the code is made.
+check_cxx_compiler_flag(-mno-direct-extern-access QUILLMETER_HAS_mno_direct_extern_access)
+function(quillmeter_use_toolkits_data_in_place target)
+  if(QUILLMETER_HAS_mno_direct_extern_access AND CMAKE_INTERPROCEDURAL_OPTIMIZATION)
+    target_link_options(${target} PUBLIC -mno-direct-extern-access)
+  endif()
+endfunction()
+
 set(QUILLMETER_HARDENED OFF)
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT QUILLMETER_SANITIZE)
   set(QUILLMETER_HARDENED ON)

@@ -20,6 +20,7 @@ function(quillmeter_use_qt name)
   set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON AUTOUIC_SEARCH_PATHS ${CMAKE_SOURCE_DIR}/src/resources)
   target_compile_definitions(${name} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
   target_link_libraries(${name} PUBLIC Qt6::Widgets)
+  quillmeter_use_toolkits_data_in_place(${name})
 endfunction()
 
 # quillmeter_test(NAME LABELS core|cli|ui|slow|threads … SOURCES a_test.cpp … LIBS lib … [QT] [ARGUMENTS …])

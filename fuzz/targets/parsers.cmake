@@ -1,3 +1,3 @@
 quillmeter_fuzzer(quillmeter_parsers_fuzz
   SOURCES ParsersFuzzer.cpp
-  LIBS quillmeter_parsers quillmeter_icu)
+  LIBS quillmeter_parsers ICU::i18n ICU::uc)

@@ -9,6 +9,7 @@
 #include "analysis/LinkedReference.h"
 #include "analysis/PathIndex.h"
 #include "analysis/ReferenceSection.h"
+#include "analysis/ReferencedFolders.h"
 #include "files/FolderWalk.h"
 #include "files/ReadingFiles.h"
 #include "files/StoppableFileSystem.h"
@@ -34,17 +35,6 @@ std::string parentFolder(const std::string& path) {
   return folder.empty() ? "/" : folder;
 }
 
-/// `found.other` is short: a project references few kinds of files.
-void countOther(ProjectFindings& found, const std::string& extension) {
-  const auto known = std::find_if(found.other.begin(), found.other.end(),
-                                  [&extension](const auto& entry) { return entry.first == extension; });
-  if (known != found.other.end()) {
-    ++known->second;
-  } else {
-    found.other.emplace_back(extension, 1);
-  }
-}
-
 }  // namespace
 
 struct ParseProject::Line {
@@ -67,7 +57,7 @@ FileList ParseProject::filesOfProject(const std::string& bundle, ProjectFindings
   reportStarted();
   found.folder = parentFolder(bundle);
   const bool isText = project && isValidUtf8(*project);
-  found.refersToFolders = isText && refersToFolders(*project);
+  found.hasOtherFolders = isText && hasOtherFolders(*project);
   const auto section = isText ? referenceSection(*project) : std::nullopt;
   return section ? filesOf(*section, found) : FileList();
 }
@@ -86,13 +76,14 @@ FileList ParseProject::filesOf(std::string_view section, ProjectFindings& found)
 FileList ParseProject::filesOf(std::string_view section, OrderedMeasuring& measuring,
                                ProjectFindings& found) {
   FileList files;
+  ReferencedFolders folders(*allAvailableFilesPaths_);
   std::deque<Line> ahead;
   const auto lines = static_cast<std::uint32_t>(std::count(section.begin(), section.end(), '\n')) + 1U;
   std::uint32_t next = 0;
   for (std::uint32_t i = 0; i < lines; ++i) {
     for (; next < lines && ahead.size() < kLinesAhead && measuring.hasRoom(); ++next) {
       const std::size_t end = section.find('\n');
-      ahead.push_back(lineAhead(section.substr(0, end), measuring, found));
+      ahead.push_back(lineAhead(section.substr(0, end), measuring, folders, found));
       if (end != std::string_view::npos) section.remove_prefix(end + 1);
     }
     if (isStopped()) return {};
@@ -101,18 +92,20 @@ FileList ParseProject::filesOf(std::string_view section, OrderedMeasuring& measu
     // A section of a single line divides 0 by 0; the not-a-number is passed on as it is.
     reportProgress(static_cast<double>(i) / (lines - 1U));
   }
+  found.inFolders = folders.files();
+  found.hasOtherFolders |= folders.hasOthers();
   return files;
 }
 
 /// Reads a line and lets the first file that it may stand for be measured. That is nearly always the one;
 /// what is to be done where nothing is there waits for the line's turn.
 ParseProject::Line ParseProject::lineAhead(std::string_view text, OrderedMeasuring& measuring,
-                                           ProjectFindings& found) {
-  Line line{{}, parseLineFileReference(text), false};
-  if (!line.reference) {
-    if (const auto extension = extensionOfOtherReference(text)) countOther(found, *extension);
-    return line;
+                                           ReferencedFolders& folders, ProjectFindings& found) {
+  Line line{{}, referencedPathOfAnyKind(text), false};
+  if (line.reference && kinds().kindOfPath(*line.reference) == FileKind::none) {
+    noteOther(text, *std::exchange(line.reference, std::nullopt), folders, found);
   }
+  if (!line.reference) return line;
   line.identifier = referenceIdentifier(text);
   const auto measure = [&](const std::string& candidate, FolderWalk::Type type) {
     measuring.add(candidate, knownOf(type));
@@ -124,6 +117,13 @@ ParseProject::Line ParseProject::lineAhead(std::string_view text, OrderedMeasuri
     // It fails in its turn again.
   }
   return line;
+}
+
+/// Counts the path of a line that names no file of a known kind.
+void ParseProject::noteOther(std::string_view line, const std::string& path, ReferencedFolders& folders,
+                             ProjectFindings& found) {
+  found.other.add(lowerCased(pathExtension(path)));
+  if (isFolderReference(line)) folders.add(path);
 }
 
 std::shared_ptr<FileObject> ParseProject::fileOf(const Line& line, OrderedMeasuring& measuring,

@@ -13,6 +13,7 @@ namespace quillmeter {
 class OrderedMeasuring;
 class LinkedReferences;
 class PathIndex;
+class ReferencedFolders;
 
 /// Reads a project bundle (a folder named *.xcodeproj) by the classic rules.
 ///
@@ -69,7 +70,10 @@ class ParseProject final : public ProjectReader {
   [[nodiscard]] FileList filesOf(std::string_view section, ProjectFindings& found);
   [[nodiscard]] FileList filesOf(std::string_view section, OrderedMeasuring& measuring,
                                  ProjectFindings& found);
-  [[nodiscard]] Line lineAhead(std::string_view line, OrderedMeasuring& measuring, ProjectFindings& found);
+  [[nodiscard]] Line lineAhead(std::string_view line, OrderedMeasuring& measuring, ReferencedFolders& folders,
+                               ProjectFindings& found);
+  static void noteOther(std::string_view line, const std::string& path, ReferencedFolders& folders,
+                        ProjectFindings& found);
   [[nodiscard]] std::shared_ptr<FileObject> fileOf(const Line& line, OrderedMeasuring& measuring,
                                                    ProjectFindings& found);
   [[nodiscard]] std::shared_ptr<FileObject> fileAt(const std::string& reference, const std::string& path,

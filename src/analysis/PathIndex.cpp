@@ -1,7 +1,6 @@
 #include "analysis/PathIndex.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 #include "support/Text.h"
@@ -38,18 +37,11 @@ std::uint32_t hashOf(std::string_view text) {
   return static_cast<std::uint32_t>(std::hash<std::string_view>()(text));
 }
 
-/// string_view::find in time linear in the text, however often the piece nearly occurs.
-std::size_t findIn(std::string_view text, std::string_view piece) {
-  const void* found = ::memmem(text.data(), text.size(), piece.data(), piece.size());
-  if (found == nullptr) return std::string_view::npos;
-  return static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
-}
-
 /// Whether `path`, with every occurrence of `reference` removed, is empty or ends with "/".
 bool isFolderWithout(std::string_view path, std::string_view reference) {
   char last = '/';
   for (;;) {
-    const std::size_t found = findIn(path, reference);
+    const std::size_t found = findPiece(path, reference);
     const std::string_view kept = path.substr(0, found);
     if (!kept.empty()) last = kept.back();
     if (found == std::string_view::npos) return last == '/';

@@ -58,6 +58,8 @@ class PathIndex {
 
   class Candidates;
 
+  [[nodiscard]] const FolderWalk& walk() const { return walk_; }
+
   /// The candidates of `reference`, none for the empty one. The index must outlive them.
   [[nodiscard]] Candidates candidatesOf(std::string_view reference);
 

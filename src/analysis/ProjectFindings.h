@@ -3,8 +3,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <utility>
 #include <vector>
+
+#include "analysis/ExtensionCounts.h"
 
 namespace quillmeter {
 
@@ -42,16 +43,17 @@ struct ProjectFindings {
   std::string error;
   /// Under the current rules the targets that have build phases, in the project's order.
   std::vector<ProjectTarget> targets;
-  /// How many files of no known kind the project has, by extension, in the order of their first appearance.
-  /// Under the classic rules that many references.
-  std::vector<std::pair<std::string, std::size_t>> other;
+  /// The project's files of no known kind. Under the classic rules that many references.
+  ExtensionCounts other;
   std::vector<MissingReference> missing;  ///< in order
   std::vector<OtherCase> otherCase;       ///< in order
   /// Under the current rules how many references lead to what is at home on the machine that builds.
   std::size_t foreign = 0;
-  /// Under the classic rules whether the description refers to whole folders of files, which these rules do
-  /// not look into.
-  bool refersToFolders = false;
+  /// Under the classic rules the files in folders that the description refers to as wholes, which these rules
+  /// do not look into.
+  ExtensionCounts inFolders;
+  /// Under the classic rules whether there are such folders besides those that `inFolders` counts.
+  bool hasOtherFolders = false;
 };
 
 }  // namespace quillmeter

@@ -1,7 +1,6 @@
 #include "analysis/ReferenceSection.h"
 
 #include <algorithm>
-#include <array>
 
 #include "measuring/FileKinds.h"
 #include "support/Paths.h"
@@ -35,9 +34,7 @@ std::optional<std::string_view> referenceSection(std::string_view project) {
   return trimmed(project.substr(0, last));
 }
 
-namespace {
-
-std::optional<std::string> pathOfAnyKind(std::string_view line) {
+std::optional<std::string> referencedPathOfAnyKind(std::string_view line) {
   const auto entries = secondPiece(line, "*/ = {");
   if (!entries) return std::nullopt;
   const auto value = secondPiece(trimmed(firstPiece(*entries, "}")), "path =");
@@ -47,25 +44,19 @@ std::optional<std::string> pathOfAnyKind(std::string_view line) {
   return path;
 }
 
-}  // namespace
-
 std::optional<std::string> referencedPath(std::string_view line, const FileKindTable& kinds) {
-  auto path = pathOfAnyKind(line);
+  auto path = referencedPathOfAnyKind(line);
   if (path && kinds.kindOfPath(*path) == FileKind::none) path.reset();
   return path;
 }
 
-std::optional<std::string> extensionOfOtherReference(std::string_view line) {
-  const auto path = pathOfAnyKind(line);
-  return path ? std::optional(lowerCased(pathExtension(*path))) : std::nullopt;
+bool isFolderReference(std::string_view line) {
+  return findPiece(line, "FileType = folder;") != std::string_view::npos;
 }
 
-bool refersToFolders(std::string_view project) {
-  constexpr std::array<std::string_view, 3> words = {
-      "PBXFileSystemSynchronizedRootGroup", "XCLocalSwiftPackageReference", "lastKnownFileType = folder;"};
-  return std::any_of(words.begin(), words.end(), [project](std::string_view word) {
-    return project.find(word) != std::string_view::npos;
-  });
+bool hasOtherFolders(std::string_view project) {
+  return findPiece(project, "PBXFileSystemSynchronizedRootGroup") != std::string_view::npos ||
+         findPiece(project, "XCLocalSwiftPackageReference") != std::string_view::npos;
 }
 
 std::string referenceIdentifier(std::string_view line) {

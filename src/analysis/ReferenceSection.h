@@ -18,12 +18,15 @@ class FileKindTable;
 /// loses all its double quotes. Absent for a line of any other form.
 [[nodiscard]] std::optional<std::string> referencedPath(std::string_view line, const FileKindTable& kinds);
 
-/// The lower-cased extension, perhaps empty, of the path in a line that `referencedPath` gives none for
-/// because of its kind; absent when the line has no path.
-[[nodiscard]] std::optional<std::string> extensionOfOtherReference(std::string_view line);
+/// The same whatever the path's kind.
+[[nodiscard]] std::optional<std::string> referencedPathOfAnyKind(std::string_view line);
 
-/// Whether a description refers to folders whose files it does not list one by one.
-[[nodiscard]] bool refersToFolders(std::string_view project);
+/// Whether a line refers to a folder as a whole.
+[[nodiscard]] bool isFolderReference(std::string_view line);
+
+/// Whether a description refers to folders in other ways than by lines of the section: synchronised groups
+/// and packages.
+[[nodiscard]] bool hasOtherFolders(std::string_view project);
 
 /// The identifier that a line begins with; empty when it has none.
 [[nodiscard]] std::string referenceIdentifier(std::string_view line);

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QSettings>
+#include <QWindow>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -31,11 +32,20 @@ constexpr int kNoDisplay = 1;
 constexpr int kWrongUsage = 2;
 constexpr int kOutputFailed = 4;
 
+/// X servers know windows by their class, which the toolkit takes from the application's name, once, for its
+/// first window. To people and to assistive technology the application has a name that can be read.
+void nameWindowsForTheDesktop() {
+  QApplication::setApplicationName(QString::fromUtf8(kApplicationId));
+  QApplication::setQuitOnLastWindowClosed(false);  // of this one's end nobody is to hear
+  QWindow().create();
+}
+
 void setUpToolkit() {
+  nameWindowsForTheDesktop();
   QApplication::setApplicationName(QStringLiteral("Quillmeter"));
   QApplication::setOrganizationName(QStringLiteral("Quillmeter"));
   QApplication::setApplicationVersion(QString::fromUtf8(kVersion));
-  QApplication::setDesktopFileName(QStringLiteral("quillmeter"));
+  QApplication::setDesktopFileName(QString::fromUtf8(kApplicationId));
   QApplication::setWindowIcon(namedIcon(QStringLiteral("quillmeter")));
   // The toolkit's file dialogs remember folders in a file of their own; this program writes no file but its
   // defaults.

@@ -42,6 +42,7 @@ std::optional<Snapshot> snapshotAt(const std::string& path, ReadOptions read) {
   read.project = path;
   const auto project = readProject(read);
   if (!project) return std::nullopt;
+  tellOfFaults(project->faults());
   return snapshotOf(*project);
 }
 

@@ -84,12 +84,13 @@ void writeComparisonMarkdown(const Comparison& comparison, Output& output) {
   const std::int64_t lines =
       comparison.differences.after[kLinesCounter] - comparison.differences.before[kLinesCounter];
   output.write("### " + markdownName(comparison.after.projectTitle) + ": " + signedCount(lines, formatter) +
-               " lines\n\n");
+               (lines == 1 || lines == -1 ? " line\n\n" : " lines\n\n"));
   writeTotals(comparison, formatter, output);
   output.write("\n" + changesSentence(comparison.differences, formatter) + "\n");
   writeFiles(comparison, formatter, output);
   const std::string omission = omissionSentence(comparison, formatter);
   if (!omission.empty()) output.write("\n" + omission + "\n");
+  if (const std::string rules = rulesLine(comparison); !rules.empty()) output.write("\n" + rules);
 }
 
 }  // namespace quillmeter

@@ -38,7 +38,7 @@ void writeComparisonTable(const Comparison& comparison, Output& output) {
   const DecimalFormatter formatter = overviewFormatter();
   output.write(onOneLine(comparison.after.projectTitle) + "\n");
   output.write("before: " + onOneLine(comparison.before.initialPath) + "\n");
-  output.write("after:  " + onOneLine(comparison.after.initialPath) + "\n\n");
+  output.write("after:  " + onOneLine(comparison.after.initialPath) + "\n" + rulesLine(comparison) + "\n");
   writeTotals(comparison, formatter, output);
   output.write("\n" + changesSentence(comparison.differences, formatter) + "\n");
   writeFiles(comparison, formatter, output);

@@ -70,6 +70,10 @@ std::string omissionSentence(const Comparison& comparison, const DecimalFormatte
   return "and " + formatter.format(static_cast<std::uint64_t>(left)) + " more";
 }
 
+std::string rulesLine(const Comparison& comparison) {
+  return comparison.after.rules == "current" ? "Measured by the current rules\n" : "";
+}
+
 std::string signedCount(std::int64_t number, const DecimalFormatter& formatter) {
   return (number > 0 ? "+" : "") + formatter.format(number);
 }

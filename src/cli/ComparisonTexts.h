@@ -25,6 +25,10 @@ using TotalRow = std::array<std::string, 5>;
 /// "and 14 more"; empty when `top` leaves nothing out.
 [[nodiscard]] std::string omissionSentence(const Comparison& comparison, const DecimalFormatter& formatter);
 
+/// That both measurements are by the current rules, as a line; empty for the classic ones, which go without
+/// saying.
+[[nodiscard]] std::string rulesLine(const Comparison& comparison);
+
 /// "+1,234", "-5", "0".
 [[nodiscard]] std::string signedCount(std::int64_t number, const DecimalFormatter& formatter);
 /// "+1.5 KB".

@@ -12,6 +12,7 @@
 #include "cli/ReadingReport.h"
 #include "cli/Suggestions.h"
 #include "files/FileSystem.h"
+#include "support/Paths.h"
 #include "support/Text.h"
 #include "xcode/ProjectReaders.h"
 
@@ -74,7 +75,9 @@ std::unique_ptr<ProjectReader> projectRead(const ReadOptions& options) {
 }
 
 std::unique_ptr<ProjectReader> refused(const ProjectReader& project) {
-  tellOfFaults(project.faults());
+  // That the description cannot be read is the reason already.
+  const std::string description = joinedPath(project.initialPath(), "project.pbxproj");
+  if (project.faults().firstPath != description || project.faults().count > 1) tellOfFaults(project.faults());
   complain(whyNothingIsMeasured(project));
   return nullptr;
 }

@@ -1,12 +1,14 @@
 #include "cli/ReadingReport.h"
 
 #include <algorithm>
+#include <numeric>
 #include <system_error>
 #include <utility>
 #include <vector>
 
 #include "analysis/ProjectChooser.h"
 #include "cli/Measurement.h"
+#include "cli/NearbyProject.h"
 #include "files/ReadingFiles.h"
 #include "support/Paths.h"
 #include "support/Text.h"
@@ -17,15 +19,24 @@ namespace {
 
 using Counts = std::vector<std::pair<std::string, std::size_t>>;
 
-/// "12 .swift, 3 .plist and 1 without extension"
+/// More extensions than this make no line that anybody reads.
+constexpr std::size_t kMostExtensions = 8;
+
+/// "12 .swift, 3 .plist and 1 without extension"; from a certain number of extensions on, all the rest as
+/// one.
 std::string countsText(const Counts& counts) {
+  const std::size_t shown = counts.size() > kMostExtensions ? kMostExtensions - 1 : counts.size();
   std::string text;
-  for (std::size_t i = 0; i < counts.size(); ++i) {
+  for (std::size_t i = 0; i < shown; ++i) {
     if (i > 0) text += i + 1 < counts.size() ? ", " : " and ";
     text += std::to_string(counts[i].second) + " " +
             (counts[i].first.empty() ? "without extension" : "." + counts[i].first);
   }
-  return text;
+  if (shown == counts.size()) return text;
+  const std::size_t others =
+      std::accumulate(counts.begin() + static_cast<std::ptrdiff_t>(shown), counts.end(), std::size_t{0},
+                      [](std::size_t sum, const auto& count) { return sum + count.second; });
+  return text + " and " + std::to_string(others) + " others";
 }
 
 bool isBundle(const std::string& path) {
@@ -45,9 +56,19 @@ std::string obstacleTo(const std::string& bundle) {
   return {};
 }
 
+/// Why a path that exists and is no bundle is no project either.
+std::string noProjectIn(const std::string& path, bool isFolder) {
+  if (isFolder) {
+    const auto names = listFolder(FileSystem::real(), path);
+    if (!names) return path + ": " + std::generic_category().message(names.error().number);
+  }
+  return path + (isFolder ? " holds" : " is no folder, so it holds") + " no .xcodeproj bundle" +
+         questionForNearbyProject(path);
+}
+
 std::string nothingKnown(const ProjectFindings& findings) {
   std::string text = "the project references no file of a known kind that is there";
-  if (!findings.other.empty()) text += "; it references " + countsText(findings.other);
+  if (!findings.other.empty()) text += "; it references " + countsText(findings.other.counts());
   if (!findings.missing.empty()) {
     text += "; nothing is found for " + std::to_string(findings.missing.size()) +
             (findings.missing.size() == 1 ? " reference" : " references");
@@ -62,10 +83,10 @@ std::string whyNothingIsMeasured(const MeasuredProject& project) {
   const auto status = FileSystem::real().status(path);
   if (!status) {
     return path + (status.error().kind() == DiskError::Kind::missing
-                       ? ": no such file or folder"
+                       ? ": no such file or folder" + questionForNearbyProject(path)
                        : ": " + std::generic_category().message(status.error().number));
   }
-  if (!isBundle(path)) return path + " holds no .xcodeproj bundle";
+  if (!isBundle(path)) return noProjectIn(path, status->type == FileStatus::Type::folder);
   if (const std::string obstacle = obstacleTo(path); !obstacle.empty()) return obstacle;
   if (!project.findings().error.empty()) return joinedPath(path, project.findings().error);
   return path + ": " + nothingKnown(project.findings());

@@ -61,9 +61,42 @@ std::optional<std::string> leftOver(const CLI::App& app) {
   return option != words.end() ? *option : words.front();
 }
 
-std::string unknownOption(const std::string& word, const CLI::App& command) {
+/// The words that an option takes, which its type shows as "{table,json}"; none where it takes any.
+std::vector<std::string> valuesOf(const CLI::Option& option) {
+  const std::string type = option.get_type_name();
+  const std::size_t begin = type.find('{');
+  const std::size_t end = type.find('}');
+  if (begin == std::string::npos || end == std::string::npos) return {};
+  return CLI::detail::split(type.substr(begin + 1, end - begin - 1), ',');
+}
+
+/// What somebody meant who wrote a value or the first letter of an option as an option of its own: "--json"
+/// for "--format json", "-v" for "--version". Empty when it is neither.
+std::string meantBy(const std::string& name, const CLI::App& command) {
+  std::string meant;
+  for (const CLI::Option* option : command.get_options()) {
+    const std::string longName = option->get_lnames().empty() ? "" : option->get_lnames().front();
+    if (longName.empty()) continue;
+    const std::vector<std::string> values = valuesOf(*option);
+    const bool isFirstLetter =
+        name.size() == 2 && name[1] != '-' && lowerCased(longName).starts_with(lowerCased(name.substr(1)));
+    const bool isValue =
+        name.starts_with("--") && std::find(values.begin(), values.end(), name.substr(2)) != values.end();
+    if (!isFirstLetter && !isValue) continue;
+    meant += (meant.empty() ? "--" : " or --") + longName + (isValue ? " " + name.substr(2) : "");
+  }
+  return meant;
+}
+
+/// What is wrong with an option that nothing takes where it stands.
+std::string misplacedOption(const std::string& word, const CLI::App& command) {
   const std::string name = word.substr(0, word.find('='));
-  return "there is no option " + onOneLine(name) + question(name, optionNames(command), "");
+  const std::vector<std::string> known = optionNames(command);
+  if (std::find(known.begin(), known.end(), name) != known.end())
+    return name + " belongs behind the command: '" + command.get_name() + " " + name + "'";
+  const std::string meant = meantBy(name, command);
+  return "there is no option " + onOneLine(name) +
+         (meant.empty() ? question(name, known, "") : ", did you mean " + meant + "?");
 }
 
 std::string noCommand(const std::string& word, const CLI::App& app) {
@@ -96,8 +129,10 @@ std::string libraryMessage(const CLI::Error& error, const CLI::App& command) {
 std::string mistake(const CLI::App& app, const CLI::App& command, const CLI::Error& error) {
   const bool hasCommand = &command != &app;
   if (const auto word = leftOver(app)) {
-    if (word->size() > 1 && word->front() == '-') return unknownOption(*word, command);
+    if (word->size() > 1 && word->front() == '-') return misplacedOption(*word, command);
     if (!hasCommand) return noCommand(*word, app);
+    if (*word == "help")
+      return "there is no command 'help', did you mean '" + command.get_name() + " --help'?";
     if (isError(error, CLI::ExitCodes::ExtrasError)) return inQuotes(*word) + " is one argument too many";
   }
   if (!hasCommand && isError(error, CLI::ExitCodes::RequiredError)) {

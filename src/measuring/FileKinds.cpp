@@ -30,8 +30,9 @@ FileKindTable::FileKindTable(std::vector<FileGroupEntry> groups, std::vector<Fil
   for (const FileGroupEntry& entry : groups_)
     kindOfGroup_.at(static_cast<std::size_t>(entry.group)) = entry.kind;
   firstOfSlot_.fill(entries_.size());
+  nextOfSlot_.resize(entries_.size());
   for (std::size_t i = entries_.size(); i-- > 0;)
-    firstOfSlot_.at(slot(entries_[i].extension)) = i;
+    nextOfSlot_[i] = std::exchange(firstOfSlot_.at(slot(entries_[i].extension)), i);
   for (const FileKindEntry& entry : entries_) {
     longest_ = std::max(longest_, entry.extension.size());
     if (find(entry.extension) == &entry && !entry.isOnlyListed)
@@ -66,7 +67,7 @@ std::size_t FileKindTable::slot(std::string_view extension) {
 }
 
 const FileKindEntry* FileKindTable::find(std::string_view lowerCasedExtension) const {
-  for (std::size_t i = firstOfSlot_[slot(lowerCasedExtension)]; i < entries_.size(); ++i) {
+  for (std::size_t i = firstOfSlot_[slot(lowerCasedExtension)]; i < entries_.size(); i = nextOfSlot_[i]) {
     // Letter by letter: these texts are too short for a call of the library's comparison to pay.
     const std::string_view known = entries_[i].extension;
     if (std::equal(known.begin(), known.end(), lowerCasedExtension.begin(), lowerCasedExtension.end()))

@@ -103,6 +103,7 @@ class FileKindTable {
   std::array<std::vector<std::string_view>, kFileKinds> extensions_;
   std::array<FileKind, FileGroups::kMost> kindOfGroup_{};
   std::array<std::size_t, kSlots> firstOfSlot_{};  ///< where the search for an extension begins
+  std::vector<std::size_t> nextOfSlot_;            ///< where it goes on, by entry
   std::size_t longest_ = 0;                        ///< length of the longest extension
 };
 

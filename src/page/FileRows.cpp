@@ -1,6 +1,7 @@
 #include "page/FileRows.h"
 
 #include <array>
+#include <set>
 #include <string_view>
 
 #include "analysis/MeasuredProject.h"
@@ -9,6 +10,7 @@
 #include "page/HtmlText.h"
 #include "support/NumberFormat.h"
 #include "support/Paths.h"
+#include "support/Text.h"
 
 namespace quillmeter {
 namespace {
@@ -49,6 +51,20 @@ std::string fileTableHtml(const MeasuredProject& project, const DecimalFormatter
     html += "</tr>\n";
   }
   return html + "</tbody>\n</table>\n";
+}
+
+std::string kindChoiceHtml(const MeasuredProject& project) {
+  std::set<std::string> extensions;
+  for (const auto& file : project.files())
+    extensions.insert(lowerCased(textAfterLastDot(file->fileName().value_or(""))));
+  std::string html =
+      "<select aria-label=\"Kind of files\"><option value=\"\">All kinds</option><option>Code</option>"
+      "<option>Interface</option><option>Image</option>";
+  if (!extensions.empty()) html += "<optgroup label=\"By extension\">";
+  for (const std::string& extension : extensions)
+    html += "<option>." + htmlText(extension) + "</option>";
+  if (!extensions.empty()) html += "</optgroup>";
+  return html + "</select>\n";
 }
 
 }  // namespace quillmeter

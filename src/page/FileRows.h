@@ -12,4 +12,8 @@ class MeasuredProject;
 /// an absent one has a dash and no `data-v`.
 [[nodiscard]] std::string fileTableHtml(const MeasuredProject& project, const DecimalFormatter& formatter);
 
+/// The choice of which files the table shows: a kind, or one of the extensions that occur (in lower case, in
+/// ascending order), whose values begin with a dot.
+[[nodiscard]] std::string kindChoiceHtml(const MeasuredProject& project);
+
 }  // namespace quillmeter

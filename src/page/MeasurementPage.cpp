@@ -56,13 +56,18 @@ std::string totals(const OverviewFigures& figures, const OverviewCaptions& capti
 }
 
 /// Stays hidden where no script makes it work.
-constexpr std::string_view kFinding =
-    "<div class=\"finding\" role=\"search\" hidden>\n"
-    "<input type=\"search\" placeholder=\"Find a file\" aria-label=\"Find a file by its path\" "
-    "autocomplete=\"off\" spellcheck=\"false\">\n"
-    "<select aria-label=\"Kind of files\"><option value=\"\">All kinds</option><option>Code</option>"
-    "<option>Interface</option><option>Image</option></select>\n"
-    "<output aria-live=\"polite\"></output>\n</div>\n";
+std::string finding(const MeasuredProject& project) {
+  return "<div class=\"finding\" role=\"search\" hidden>\n"
+         "<input type=\"search\" placeholder=\"Find a file\" aria-label=\"Find a file by its path\" "
+         "autocomplete=\"off\" spellcheck=\"false\">\n" +
+         kindChoiceHtml(project) + "<output aria-live=\"polite\"></output>\n</div>\n";
+}
+
+/// The classic rules go without saying, as everywhere.
+std::string_view rulesNote(const MeasuredProject& project) {
+  return project.rules() == ProjectRules::current ? "<p class=\"path\">Measured by the current rules</p>\n"
+                                                  : "";
+}
 
 }  // namespace
 
@@ -72,10 +77,12 @@ std::string measurementPage(const MeasuredProject& project) {
   const std::string title = htmlText(project.projectTitle());
   std::string html = head(title);
   html += "<body>\n<header>\n<h1>" + title + "</h1>\n<p class=\"path\">" + htmlText(project.initialPath()) +
-          "</p>\n" + totals(figures, overviewCaptions(project.kinds()), formatter) +
+          "</p>\n" + std::string(rulesNote(project)) +
+          totals(figures, overviewCaptions(project.kinds()), formatter) +
           "</header>\n<main>\n<h2>Charts</h2>\n<div class=\"charts\">\n" + pageCharts(project, figures) +
           "</div>\n<h2>Files</h2>\n";
-  html.append(kFinding).append("<div class=\"files\" tabindex=\"0\" role=\"region\" aria-label=\"Files\">\n");
+  html += finding(project);
+  html.append("<div class=\"files\" tabindex=\"0\" role=\"region\" aria-label=\"Files\">\n");
   html += fileTableHtml(project, formatter);
   html += "</div>\n</main>\n<footer>Measured by Quillmeter.</footer>\n<script>\n";
   return html.append(kPageScript).append("</script>\n</body>\n</html>\n");

@@ -50,11 +50,18 @@
   const shown = finding.querySelector("output");
   const texts = new Map(rows.map((row) => [row, row.cells[0].textContent.toLowerCase()]));
 
+  // ".swift" is an extension, anything else a kind. A name without a dot is its own extension.
+  function isWanted(row) {
+    if (!kind.value) return true;
+    if (!kind.value.startsWith(".")) return row.cells[1].textContent === kind.value;
+    return texts.get(row).split("/").pop().split(".").pop() === kind.value.slice(1);
+  }
+
   function filter() {
     const wanted = name.value.trim().toLowerCase();
     let count = 0;
     for (const row of rows) {
-      const isShown = texts.get(row).includes(wanted) && (!kind.value || row.cells[1].textContent === kind.value);
+      const isShown = texts.get(row).includes(wanted) && isWanted(row);
       row.hidden = !isShown;
       if (isShown) ++count;
     }

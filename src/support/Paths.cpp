@@ -1,14 +1,18 @@
 #include "support/Paths.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace quillmeter {
 
 std::string_view lastPathComponent(std::string_view path) {
-  const std::size_t last = path.find_last_not_of('/');
-  if (last == std::string_view::npos) return path.substr(0, 1);
-  path = path.substr(0, last + 1);
-  return path.substr(path.rfind('/') + 1);
+  if (path.empty()) return path;
+  path = withoutTrailingSlashes(path);
+  if (path == "/") return path;
+  // Asked of every path several times; text.rfind would look at one letter at a time.
+  const void* slash = ::memrchr(path.data(), '/', path.size());
+  if (slash == nullptr) return path;
+  return path.substr(static_cast<std::size_t>(static_cast<const char*>(slash) - path.data()) + 1);
 }
 
 std::string joinedPath(std::string_view folder, std::string_view name) {

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 #include "support/Utf8.h"
 
@@ -146,6 +147,12 @@ std::string removingOccurrences(std::string_view text, std::string_view piece) {
     if (found == std::string_view::npos) return result;
     text.remove_prefix(found + piece.size());
   }
+}
+
+std::size_t findPiece(std::string_view text, std::string_view piece) {
+  const void* found = ::memmem(text.data(), text.size(), piece.data(), piece.size());
+  if (found == nullptr) return std::string_view::npos;
+  return static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
 }
 
 std::string onOneLine(std::string_view text) {

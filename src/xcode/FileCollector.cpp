@@ -108,10 +108,7 @@ void FileCollector::add(const std::string& path) {
       known->second = static_cast<std::uint32_t>(result_.files.size());
       result_.files.push_back(path);
     } else {
-      std::string extension = locationExtension(path);
-      const auto entry = otherIndices_.try_emplace(extension, result_.other.size());
-      if (entry.second) result_.other.emplace_back(std::move(extension), 0);
-      ++result_.other[entry.first->second].second;
+      result_.other.add(locationExtension(path));
     }
   }
   if (known->second != kOther) result_.appearances.push_back(known->second);

@@ -49,7 +49,6 @@ class FileCollector final : public ReferenceSink {
   CaseLookup lookup_;
   ProjectFiles result_;
   std::unordered_map<std::string, std::uint32_t> indices_;           ///< of files, by path
-  std::unordered_map<std::string, std::size_t> otherIndices_;        ///< into `result_.other`, by extension
   std::unordered_map<std::string, Origin> contents_;                 ///< of folders
   std::unordered_map<std::string, std::optional<Origin>> packages_;  ///< by folder
 };

@@ -17,12 +17,19 @@
 namespace quillmeter {
 namespace {
 
-/// Whether a look at the references can find anything that the classic rules left out on purpose.
-bool mayLeaveOut(const MeasuredProject& project) {
-  const auto& other = project.findings().other;
-  return project.files().empty() || project.findings().refersToFolders ||
-         std::any_of(other.begin(), other.end(),
-                     [](const auto& entry) { return currentKinds().kind(entry.first) == FileKind::code; });
+std::size_t sourcesIn(const ExtensionCounts& files) {
+  return std::accumulate(files.begin(), files.end(), std::size_t{0}, [](std::size_t sum, const auto& entry) {
+    return sum + (currentKinds().kind(entry.first) == FileKind::code ? entry.second : 0);
+  });
+}
+
+/// Whether a closer look may find more source files than the classic rules measured. They may be what the
+/// references name, what lies in folders, and what the classic rules look for in the wrong place.
+bool mayBeMuch(const MeasuredProject& project) {
+  const ProjectFindings& found = project.findings();
+  return project.files().empty() || found.hasOtherFolders ||
+         sourcesIn(found.other) + sourcesIn(found.inFolders) + found.missing.size() >
+             project.getNumberCodeFiles();
 }
 
 std::vector<std::pair<std::string, std::size_t>> mostFirst(const std::map<std::string, std::size_t>& counts) {
@@ -42,7 +49,7 @@ std::size_t LeftOut::count() const {
 LeftOut leftOutByClassic(const MeasuredProject& classic, const FileSystem& fileSystem) {
   LeftOut result;
   if (classic.rules() != ProjectRules::classic || classic.findings().folder.empty()) return result;
-  if (!mayLeaveOut(classic)) return result;
+  if (!mayBeMuch(classic)) return result;
   const auto description = readDescription(fileSystem, classic.initialPath());
   const auto* graph = std::get_if<ObjectGraph>(&description);
   if (graph == nullptr) return result;
@@ -52,7 +59,8 @@ LeftOut leftOutByClassic(const MeasuredProject& classic, const FileSystem& fileS
   DiskView disk(fileSystem);
   const std::string folder = projectFolderOf(*graph, normalisedLocation(classic.findings().folder));
   std::map<std::string, std::size_t> counts;
-  for (const std::string& path : projectFilesOf(*graph, folder, disk).files) {
+  const ProjectFiles current = projectFilesOf(*graph, folder, disk);
+  for (const std::string& path : current.files) {
     if (currentKind(path) == FileKind::code && !measured.contains(path)) ++counts[locationExtension(path)];
   }
   result.sources = mostFirst(counts);

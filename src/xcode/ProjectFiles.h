@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "analysis/ProjectFindings.h"
@@ -30,8 +29,7 @@ struct ProjectFiles {
   std::vector<std::uint32_t> appearances;  ///< indices into `files`
   std::vector<Origin> references;          ///< what came from a file reference, by its index in the graph
   std::vector<SynchronisedFolder> synchronisedFolders;
-  /// Files of no known kind by extension, in the order of their first appearance; each file counts once.
-  std::vector<std::pair<std::string, std::size_t>> other;
+  ExtensionCounts other;  ///< files of no known kind; each counts once
   std::vector<MissingReference> missing;
   std::size_t foreign = 0;  ///< references that are at home on the machine that builds
   std::vector<OtherCase> otherCase;

@@ -117,6 +117,15 @@ TEST(CurrentRules, TheToolHintsAtThemWhenMuchIsLeftOut) {
   EXPECT_EQ(runTool({"measure", "--rules", "current", kWeather}).errors, "");
 }
 
+TEST(CurrentRules, ReasonsNameAFewExtensionsAlone) {
+  const TemporaryFolder folder;
+  std::vector<std::string> paths;
+  for (int i = 0; i < 20; ++i)
+    paths.push_back("a.x" + std::to_string(i));
+  EXPECT_THAT(runTool({"measure", testing::writeProject(folder, paths)}).errors,
+              HasSubstr("it references 1 .x0, 1 .x1, 1 .x2, 1 .x3, 1 .x4, 1 .x5, 1 .x6 and 13 others\n"));
+}
+
 TEST(CurrentRules, AFaultOfTheDescriptionIsNamedWithItsLine) {
   const TemporaryFolder folder;
   std::filesystem::create_directories(folder / "App.xcodeproj");
@@ -156,6 +165,20 @@ TEST(CurrentRules, AreComparedWithThemselvesOnly) {
   EXPECT_EQ(json::parse(same.output)["files"], json::array());
   EXPECT_EQ(runTool({"compare", baseline, kWeather}).status, 2);
   EXPECT_EQ(runTool({"measure", "--baseline", baseline, kWeather}).status, 2);
+}
+
+TEST(CurrentRules, AreNamedInEveryComparison) {
+  const TemporaryFolder folder;
+  const std::string baseline = folder / "current.json";
+  for (const std::string rules : {"current", "classic"}) {
+    ASSERT_EQ(runTool({"measure", "--rules", rules, "--format", "json", "-o", baseline, kWeather}).status, 0);
+    for (const std::string format : {"table", "markdown"}) {
+      const std::string output =
+          runTool({"compare", "--rules", rules, "--format", format, baseline, kWeather}).output;
+      const bool isNamed = output.find("\nMeasured by the current rules\n") != std::string::npos;
+      EXPECT_EQ(isNamed, rules == "current") << output;
+    }
+  }
 }
 
 TEST(CurrentRules, TargetsNeedThem) {

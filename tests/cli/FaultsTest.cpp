@@ -73,12 +73,14 @@ class FaultsOfPermission : public ::testing::Test {
     folder.file("closed/other.c", "int x;\n");
     bundle = writeProject(folder, {"main.c", "secret.c"});
     EXPECT_EQ(::chmod(folder.path().c_str(), 0755), 0);
+    EXPECT_EQ(::chmod(outputs.path().c_str(), 0755), 0);
     EXPECT_EQ(::chmod((folder / "secret.c").c_str(), 0), 0);
     EXPECT_EQ(::chmod((folder / "closed").c_str(), 0), 0);
   }
   ~FaultsOfPermission() override { ::chmod((folder / "closed").c_str(), 0755); }
 
   TemporaryFolder folder;
+  TemporaryFolder outputs;
   std::string bundle;
 };
 
@@ -94,13 +96,21 @@ TEST_F(FaultsOfPermission, AreToldOnceWithTheirNumberAndTheFirst) {
 }
 
 TEST_F(FaultsOfPermission, AreToldByEveryCommandThatReadsAProject) {
+  const std::string before =
+      outputs.file("before.json", runTool({"measure", "--format", "json", bundle}).output);
   const testing::Unprivileged unprivileged;
-  for (const std::vector<std::string>& arguments :
-       {std::vector<std::string>{"cleanup", bundle}, {"export", "--csv", "-", bundle}}) {
+  for (const std::vector<std::string>& arguments : {std::vector<std::string>{"cleanup", bundle},
+                                                    {"export", "--csv", "-", bundle},
+                                                    {"report", "--html", "-", bundle},
+                                                    {"references", bundle},
+                                                    {"compare", before, bundle},
+                                                    {"compare", bundle, before}}) {
     const ToolResult result = runTool(arguments);
-    EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1) << result.errors;
-    EXPECT_NE(result.errors.find("2 files or folders could not be read"), std::string::npos) << result.errors;
+    EXPECT_EQ(result.status, 0) << arguments.front();
+    EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1)
+        << arguments.front() << ": " << result.errors;
+    EXPECT_NE(result.errors.find("2 files or folders could not be read"), std::string::npos)
+        << arguments.front() << ": " << result.errors;
   }
 }
 

@@ -55,6 +55,30 @@ TEST(Suggestions, AnUnknownOptionNamesTheNearestOfItsCommand) {
   EXPECT_EQ(mistake({"--versoin"}, "--help"), "there is no option --versoin, did you mean --version?");
 }
 
+TEST(Suggestions, AnOptionBeforeItsCommandIsSentBehindIt) {
+  EXPECT_EQ(mistake({"--format", "json", "measure", "/"}, "measure --help"),
+            "measure: --format belongs behind the command: 'measure --format'");
+}
+
+TEST(Suggestions, AValueInPlaceOfItsOptionNamesBoth) {
+  EXPECT_EQ(mistake({"measure", "--json", "/"}, "measure --help"),
+            "measure: there is no option --json, did you mean --format json?");
+  EXPECT_EQ(mistake({"cleanup", "--current", "/"}, "cleanup --help"),
+            "cleanup: there is no option --current, did you mean --rules current?");
+}
+
+TEST(Suggestions, ALetterNamesTheOptionsThatBeginSo) {
+  EXPECT_EQ(mistake({"-V"}, "--help"), "there is no option -V, did you mean --verbose or --version?");
+  EXPECT_EQ(mistake({"measure", "-f", "json", "/"}, "measure --help"),
+            "measure: there is no option -f, did you mean --format or --fail-if?");
+  EXPECT_EQ(mistake({"measure", "-z", "/"}, "measure --help"), "measure: there is no option -z");
+}
+
+TEST(Suggestions, HelpForACommandIsAnOptionOfIt) {
+  EXPECT_EQ(mistake({"help", "measure"}, "measure --help"),
+            "measure: there is no command 'help', did you mean 'measure --help'?");
+}
+
 TEST(Suggestions, AMissingArgumentIsNamedAndExplained) {
   EXPECT_EQ(mistake({"measure"}, "measure --help"),
             "measure: PROJECT is missing: A folder that holds an .xcodeproj bundle, or the bundle");

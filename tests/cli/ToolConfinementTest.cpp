@@ -1,7 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <set>
+#include <sstream>
+#include <string>
 #include <thread>
+#include <vector>
 
 #include "cli/RunTool.h"
 #include "helpers/ProjectFixture.h"
@@ -30,26 +34,68 @@ TEST(ToolConfinement, SaysWhatIsInForce) {
 
 #ifdef QUILLMETER_TRY_FORBIDDEN
 
-TEST(ToolConfinement, EveryCommandCanOnlyReadAndWriteItsOutputs) {
+/// The names under "Subcommands:" in the help.
+std::set<std::string> commandsOfTheTool() {
+  std::istringstream help(runTool({"--help"}).output);
+  std::set<std::string> names;
+  bool isList = false;
+  for (std::string line; std::getline(help, line);) {
+    if (isList && line.starts_with("  ")) names.insert(line.substr(2, line.find(' ', 2) - 2));
+    isList = line == "Subcommands:" || (isList && line.starts_with(" "));
+  }
+  return names;
+}
+
+/// Everything that the tool can be asked for, with an output of its own where it has one.
+class ConfinedCommands : public ::testing::Test {
+ protected:
+  ConfinedCommands() {
+    source.file("a.m", "int a;\n");
+    source.file("left.m", "int a;\n");
+    bundle = testing::writeProject(source, {"a.m"});
+    const std::string out = outputs / "out";
+    EXPECT_EQ(runTool({"measure", "--format", "json", "-o", outputs / "before.json", bundle}).status, 0);
+    commands = {{"measure", bundle},
+                {"measure", "-o", out, bundle},
+                {"measure", "--rules", "current", QUILLMETER_SOURCE_DIR "/samples/Weather"},
+                {"measure", "--baseline", outputs / "before.json", bundle},
+                {"cleanup", bundle},
+                {"references", bundle},
+                {"methods", source / "a.m"},
+                {"report", "--html", out, bundle},
+                {"report", "--html", "-", bundle},
+                {"compare", bundle, bundle},
+                {"compare", "-o", out, outputs / "before.json", bundle},
+                {"compare", outputs / "before.json", outputs / "before.json"},
+                {"export", "--csv", out, bundle},
+                {"export", "--csv", "-", bundle}};
+  }
+
+  TemporaryFolder source;
+  TemporaryFolder outputs;
+  std::string bundle;
+  std::vector<std::vector<std::string>> commands;
+};
+
+TEST_F(ConfinedCommands, AreAllOfTheTool) {
+  std::set<std::string> tried;
+  for (const auto& arguments : commands)
+    tried.insert(arguments.front());
+  EXPECT_EQ(tried, commandsOfTheTool()) << "a new command belongs into the list of this test";
+}
+
+TEST_F(ConfinedCommands, CanOnlyReadAndWriteTheirOutputs) {
   const Confinement inForce = inForceHere();
   if (inForce.files == 0 || !inForce.network) GTEST_SKIP() << "this kernel cannot confine all of it";
-  const TemporaryFolder project;
-  const TemporaryFolder outputs;
-  project.file("a.m", "int a;\n");
-  project.file("left.m", "int a;\n");
-  const std::string bundle = testing::writeProject(project, {"a.m"});
-  const std::string forbidden = project / "forbidden";
+  const std::string forbidden = source / "forbidden";
   const testing::ToolSurroundings surroundings{
       .variables = {"LD_PRELOAD=" QUILLMETER_TRY_FORBIDDEN, "QUILLMETER_FORBIDDEN_FILE=" + forbidden}};
-  for (const std::vector<std::string>& arguments : {std::vector<std::string>{"measure", bundle},
-                                                    {"measure", "-o", outputs / "out", bundle},
-                                                    {"cleanup", bundle},
-                                                    {"methods", project / "a.m"},
-                                                    {"export", "--csv", outputs / "out", bundle}}) {
+  for (const auto& arguments : commands) {
     const ToolResult result = runTool(arguments, surroundings);
-    EXPECT_EQ(result.status, 0) << arguments.front();
-    EXPECT_EQ(result.errors, "[cannot write][cannot connect][read]") << arguments.front();
-    EXPECT_FALSE(std::filesystem::exists(forbidden)) << arguments.front();
+    const std::string said = ::testing::PrintToString(arguments);
+    EXPECT_EQ(result.status, 0) << said;
+    EXPECT_EQ(result.errors, "[cannot write][cannot connect][read]") << said;
+    EXPECT_FALSE(std::filesystem::exists(forbidden)) << said;
   }
 }
 

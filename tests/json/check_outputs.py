@@ -59,6 +59,40 @@ def run(tool, *arguments):
     return json.loads(done.stdout)
 
 
+def compared_by_current_rules(tool, before, after):
+    """The comparison of two states of a project of today, as projects and as JSON files."""
+    views = after / "Weather/Views"
+    (views / "Rain.swift").write_text("let rain = 1\n" * 9)
+    (views / "ForecastRow.swift").unlink()
+    (after / "Units/Sources/Units/Speed.swift").rename(after / "Weather/Model/Speed.swift")
+    store = after / "Weather/Model/ForecastStore.swift"
+    store.write_text(store.read_text() + "// Stores.\n")
+    rules = ["--rules", "current"]
+    comparison = run(tool, "compare", "--format", "json", *rules, before, after)
+    changes = {(file["change"], file["filePathBefore"], file["filePath"]) for file in comparison["files"]}
+    assert changes == {
+        ("added", "Weather/Views/Rain.swift", "Weather/Views/Rain.swift"),
+        ("removed", "Weather/Views/ForecastRow.swift", "Weather/Views/ForecastRow.swift"),
+        ("moved", "Units/Sources/Units/Speed.swift", "Weather/Model/Speed.swift"),
+        ("grown", "Weather/Model/ForecastStore.swift", "Weather/Model/ForecastStore.swift")}, changes
+    states = []
+    for state in (before, after):
+        states.append(state / "numbers.json")
+        subprocess.run([tool, "measure", "--format", "json", "-o", states[-1], *rules, state], check=True)
+    assert run(tool, "compare", "--format", "json", *states) == comparison
+    lines = [sum(f["noLinesTotal"] for f in json.loads(s.read_text())["files"] if f["fileName"].endswith((".swift", ".h")))
+             for s in states]
+    total = comparison["totals"]["noLinesTotal"]
+    assert [total["before"], total["after"], total["difference"]] == [*lines, lines[1] - lines[0]], total
+    assert comparison["rules"] == "current"
+    refused = subprocess.run([tool, "compare", states[0], after], stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False)
+    said = refused.stderr.decode().splitlines()[-1]
+    assert (refused.returncode, refused.stdout) == (2, b"") and said == (
+        "quillmeter-cli: these numbers cannot be compared: the earlier ones are by the current rules, the later ones by "
+        "the classic rules"), (refused, said)
+    return comparison
+
+
 def outputs(tool, samples, folder):
     before = folder / "before"
     after = folder / "after"
@@ -80,6 +114,7 @@ def outputs(tool, samples, folder):
     yield "measure", run(tool, *run_json, *current)
     yield "measure", run(tool, *run_json, "--by", "target", *current)
     yield "references", run(tool, "references", "--format", "json", *current)
+    yield "compare", compared_by_current_rules(tool, before / "Weather", after / "Weather")
     misspelt = folder / "Misspelt"
     (misspelt / "App.xcodeproj").mkdir(parents=True)
     (misspelt / "Main.m").touch()

@@ -210,7 +210,8 @@ TEST(FileStats, AreZeroForAFileWithoutEndThatTheKernelMakesUp) {
   const TemporaryFolder folder;
   ASSERT_EQ(::symlink("/proc/self/status", (folder / "a.m").c_str()), 0);
   for (const Beforehand beforehand : {Beforehand::nothing, Beforehand::regular}) {
-    const MeasuredFile measured = measuredFile(FileSystem::real(), classicKinds(), folder / "a.m", beforehand);
+    const MeasuredFile measured =
+        measuredFile(FileSystem::real(), classicKinds(), folder / "a.m", beforehand);
     expectAllCountersZero(measured.file);
     EXPECT_EQ(measured.error.kind(), DiskError::Kind::noPermission);
   }
@@ -234,10 +235,10 @@ TEST(FileStats, AreThoseOfTheFileThatWasOpened) {
   const SwappingFileSystem larger(folder.file("b.m", "int a;\nint b;\n"));
   const SwappingFileSystem device("/dev/zero");
   for (const Beforehand beforehand : {Beforehand::nothing, Beforehand::regular}) {
-    const auto file = measuredFile(larger, path, beforehand).file;
+    const auto file = measuredFile(larger, classicKinds(), path, beforehand).file;
     EXPECT_EQ(integerValue(file->fileSize()), 14);
     EXPECT_EQ(integerValue(file->noLinesTotal()), 3);
-    expectAllCountersZero(measuredFile(device, path, beforehand).file);
+    expectAllCountersZero(measuredFile(device, classicKinds(), path, beforehand).file);
   }
 }
 
@@ -251,7 +252,7 @@ class GrowingFileSystem final : public FileSystem {
 
 TEST(FileStats, LeaveOutWhatIsAppendedWhileTheFileIsRead) {
   const TemporaryFolder folder;
-  const auto file = fileStats(GrowingFileSystem(), folder.file("a.m", "int a;\n"));
+  const auto file = fileStats(GrowingFileSystem(), classicKinds(), folder.file("a.m", "int a;\n"));
   EXPECT_EQ(integerValue(file->noLinesTotal()), 8);
 }
 
@@ -260,9 +261,11 @@ TEST(FileStats, SayWhyAFileCouldNotBeRead) {
   FlakyFileSystem disk;
   disk.failsAtCall = 1;
   const std::string path = folder.file("a.m", "int a;");
-  EXPECT_EQ(measuredFile(disk, path, Beforehand::regular).error.number, EIO);
-  EXPECT_EQ(measuredFile(FileSystem::real(), path, Beforehand::regular).error.number, 0);
-  EXPECT_EQ(measuredFile(FileSystem::real(), folder / "b.m", Beforehand::regular).error.number, ENOENT);
+  EXPECT_EQ(measuredFile(disk, classicKinds(), path, Beforehand::regular).error.number, EIO);
+  EXPECT_EQ(measuredFile(FileSystem::real(), classicKinds(), path, Beforehand::regular).error.number, 0);
+  EXPECT_EQ(
+      measuredFile(FileSystem::real(), classicKinds(), folder / "b.m", Beforehand::regular).error.number,
+      ENOENT);
 }
 
 TEST(FileStats, LeakNoDescriptors) {

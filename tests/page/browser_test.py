@@ -7,6 +7,7 @@ usage: browser_test.py TOOL SAMPLES_DIR
 import json
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -39,6 +40,13 @@ const kind = document.querySelector("select");
 kind.value = "Image";
 kind.dispatchEvent(new Event("input"));
 seen.images = names();
+seen.choices = Array.from(kind.options).map((option) => option.value);
+seen.byExtension = {};
+for (const choice of seen.choices.filter((value) => value.startsWith("."))) {
+  kind.value = choice;
+  kind.dispatchEvent(new Event("input"));
+  seen.byExtension[choice] = names();
+}
 seen.hacked = document.body.dataset.hacked || null;
 seen.paper = getComputedStyle(document.body).backgroundColor;
 seen.requests = performance.getEntriesByType("resource").length;
@@ -79,6 +87,28 @@ def check_sample(browser, tool, samples, folder):
     assert not look(browser, page, "--window-size=500,800")["wide"], "a narrow window scrolls sideways"
 
 
+def printed(browser, page):
+    """The texts of the page's pages on paper."""
+    paper = page.with_suffix(".pdf")
+    subprocess.run([browser, "--headless=new", "--no-sandbox", "--disable-gpu", f"--user-data-dir={page.parent}/profile",
+                    "--no-pdf-header-footer", f"--print-to-pdf={paper}", page.as_uri()],
+                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=300, check=True)
+    text = subprocess.run(["pdftotext", "-layout", paper, "-"], stdout=subprocess.PIPE, check=True).stdout.decode("utf-8")
+    return text.split("\f")
+
+
+def check_current_rules(browser, tool, weather, folder):
+    page = folder / "weather.html"
+    pages.report(tool, weather, page, "current")
+    names = [file["fileName"] for file in pages.measure(tool, weather, "current")["files"]]
+    found = look(browser, page)["byExtension"]
+    assert set(found) == {".h", ".pdf", ".storyboard", ".svg", ".swift"}, found
+    (heading,) = [text for text in printed(browser, page) if re.search("^Files$", text, re.MULTILINE)]
+    assert "Non-empty" in re.split("^Files$", heading, flags=re.MULTILINE)[1], "a heading stands alone at the end of its page"
+    for extension, files in found.items():
+        assert sorted(map(os.path.basename, files)) == sorted(n for n in names if n.endswith(extension)), found
+
+
 def check_hostile(browser, tool, folder):
     project = folder / "hostile"
     project.mkdir()
@@ -97,6 +127,7 @@ def main():
     tool, samples = sys.argv[1], pathlib.Path(sys.argv[2])
     with tempfile.TemporaryDirectory() as name:
         check_sample(browser, tool, samples, pathlib.Path(name))
+        check_current_rules(browser, tool, samples / "Weather", pathlib.Path(name))
         check_hostile(browser, tool, pathlib.Path(name))
     print("the page works in a browser")
     return 0

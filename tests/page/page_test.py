@@ -13,7 +13,7 @@ import pages
 
 COUNTERS = ["fileSize", "noLinesTotal", "noLinesComments", "noLinesWithoutSpaces", "noWords",
             "noCharactersWithoutSpaces", "noCharactersTotal"]
-CODE = ("c", "cpp", "h", "hh", "m", "mm", "pch")
+CODE = ("c", "cpp", "h", "hh", "m", "mm", "pch", "swift")
 
 
 def shown(name):
@@ -49,12 +49,12 @@ def check_rows(page, measured):
         assert numbers == [file[counter] for counter in COUNTERS], (row, file)
 
 
-def check(tool, project, folder):
+def check(tool, project, folder, rules="classic"):
     path = folder / "page.html"
-    pages.report(tool, project, path)
+    pages.report(tool, project, path, rules)
     text = path.read_text(encoding="utf-8")
     page = pages.Page(text)
-    measured = pages.measure(tool, project)
+    measured = pages.measure(tool, project, rules)
     assert page.heading == shown(measured["projectTitle"]), page.heading
     check_figures(page, measured)
     check_rows(page, measured)
@@ -66,12 +66,25 @@ def check(tool, project, folder):
     return page
 
 
+def check_current_rules(tool, weather, folder):
+    """A project of today: Swift, a storyboard, an image set and a package."""
+    page = check(tool, weather, folder, "current")
+    assert page.notes[1] == "Measured by the current rules", page.notes
+    assert page.choices == ["All kinds", "Code", "Interface", "Image", ".h", ".pdf", ".storyboard", ".svg", ".swift"], \
+        page.choices
+    kinds = {pathlib.PurePath(row[0][1]).suffix: row[1][1] for row in page.rows if row}
+    assert kinds == {".swift": "Code", ".h": "Code", ".storyboard": "Interface", ".pdf": "Image", ".svg": "Image"}, kinds
+    classic = check(tool, weather, folder)
+    assert len(classic.notes) == 1 and classic.choices[4:] == [".h"], (classic.notes, classic.choices)
+
+
 def main():
     tool, samples = sys.argv[1], pathlib.Path(sys.argv[2])
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
         page = check(tool, samples / "Notebook", folder)
         assert page.elements.count("svg") == 5
+        check_current_rules(tool, samples / "Weather", folder)
         hostile = folder / "hostile"
         hostile.mkdir()
         page = check(tool, pages.write_project(hostile, pages.HOSTILE), folder)

@@ -32,17 +32,19 @@ def write_project(folder, names):
     return bundle
 
 
-def measure(tool, project):
-    done = subprocess.run([tool, "measure", "--format", "json", project], stdout=subprocess.PIPE, check=True)
+def measure(tool, project, rules="classic"):
+    done = subprocess.run([tool, "measure", "--format", "json", "--rules", rules, project], stdout=subprocess.PIPE,
+                          check=True)
     return json.loads(done.stdout)
 
 
-def report(tool, project, page):
-    subprocess.run([tool, "report", "--html", page, project], check=True)
+def report(tool, project, page, rules="classic"):
+    subprocess.run([tool, "report", "--html", page, "--rules", rules, project], check=True)
 
 
 class Page(html.parser.HTMLParser):
-    """What a page shows: its title, its figures by key, and the rows of its table."""
+    """What a page shows: its title, the lines below it, its figures by key, the kinds to choose from, and the rows of its
+    table."""
 
     def __init__(self, text):
         super().__init__(convert_charrefs=True)
@@ -52,6 +54,8 @@ class Page(html.parser.HTMLParser):
         self.elements = []
         self.attributes = []
         self.heading = ""
+        self.notes = []
+        self.choices = []
         self._open = []
         self.feed(text)
 
@@ -66,6 +70,8 @@ class Page(html.parser.HTMLParser):
             self.rows.append([])
         if tag == "td":
             self.rows[-1].append([values.get("data-v"), ""])
+        if tag == "option":
+            self.choices.append("")
 
     def handle_endtag(self, tag):
         while self._open and self._open.pop() != tag:
@@ -76,3 +82,7 @@ class Page(html.parser.HTMLParser):
             self.rows[-1][-1][1] += text
         if self._open and self._open[-1] == "h1":
             self.heading += text
+        if self._open and self._open[-1] == "option":
+            self.choices[-1] += text
+        if self._open and self._open[-1] == "p":
+            self.notes.append(text)

@@ -18,7 +18,7 @@ LARGEST_TREE = 4000
 
 
 def application():
-    for attempt in range(200):
+    for attempt in range(600):
         desktop = Atspi.get_desktop(0)
         for index in range(desktop.get_child_count()):
             child = desktop.get_child_at_index(index)
@@ -50,7 +50,8 @@ def walk(node, depth=0, nodes=None):
 
 def find(node, name):
     """The first control of that name that is on the screen."""
-    if node.get_name() == name and node.get_n_actions() > 0:
+    shown = node.get_state_set().contains(Atspi.StateType.SHOWING)
+    if shown and node.get_name() == name and node.get_n_actions() > 0:
         return node
     for index in range(node.get_child_count()):
         child = node.get_child_at_index(index)

@@ -42,7 +42,7 @@ TEST_F(References, CountFilesOfOtherKindsOnceByExtension) {
        {fileReference("i", "Info.plist"), fileReference("S", "S"), fileReference("again", "Info.plist")});
   EXPECT_THAT(files(), ElementsAre("S/A.xcassets/i.pdf"));
   EXPECT_THAT(other(), UnorderedElementsAre(Pair("plist", 2), Pair("", 1), Pair("pdf", 1)));
-  EXPECT_EQ(project_.findings().other.front().first, "plist");
+  EXPECT_EQ(project_.findings().other.begin()->first, "plist");
 }
 
 TEST_F(References, ToFoldersBringTheirContentsInByteOrder) {

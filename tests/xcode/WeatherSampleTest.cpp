@@ -95,7 +95,7 @@ TEST_F(WeatherSample, LeavesOutWhatIsMissingOrOfOtherKinds) {
   EXPECT_EQ(current_.findings().missing[0].identifier, "4A2000042E10000100A1B2C3");
   EXPECT_EQ(current_.findings().foreign, 0U);
   EXPECT_THAT(current_.findings().otherCase, IsEmpty());
-  EXPECT_THAT(current_.findings().other, ElementsAre(Pair("json", 3), Pair("plist", 1)));
+  EXPECT_THAT(current_.findings().other.counts(), ElementsAre(Pair("json", 3), Pair("plist", 1)));
 }
 
 TEST_F(WeatherSample, HasOneLeftoverOnDisk) {
