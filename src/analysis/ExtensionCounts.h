@@ -13,10 +13,10 @@ class ExtensionCounts {
  public:
   using Count = std::pair<std::string, std::size_t>;
 
-  void add(const std::string& extension, std::size_t files = 1) {
+  void add(const std::string& extension) {
     const auto [known, isNew] = places_.try_emplace(extension, counts_.size());
     if (isNew) counts_.emplace_back(extension, 0);
-    counts_[known->second].second += files;
+    ++counts_[known->second].second;
   }
 
   [[nodiscard]] const std::vector<Count>& counts() const { return counts_; }
