@@ -11,9 +11,9 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "charts/AccessibleChart.h"
 #include "charts/ChartAdvice.h"
 #include "charts/ChartPainter.h"
-#include "controls/AccessibleWidgets.h"
 #include "controls/NamedImage.h"
 #include "controls/Theme.h"
 #include "controls/ToolTipText.h"
@@ -33,10 +33,14 @@ ChartSize toChartSize(QSizeF size) {
   return {size.width(), size.height()};
 }
 
+QRectF toRectF(const ChartRect& rectangle) {
+  return {rectangle.x, rectangle.y, rectangle.width, rectangle.height};
+}
+
 }  // namespace
 
 DrawingCanvasView::DrawingCanvasView(QWidget* parent) : QWidget(parent), axisColor_(toColor(kAxisColor)) {
-  setAccessibleKind(this, AccessibleKind::chart);
+  AccessibleChart::install();
   setAttribute(Qt::WA_OpaquePaintEvent);
   setMouseTracking(true);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -105,8 +109,7 @@ void DrawingCanvasView::drawBarCharts(QPainter& painter, const BarChartDrawing& 
   const QPixmap& icon = lense(deviceScale(painter));
   for (const ChartBar& bar : drawing.bars) {
     if (bar.rectangle) paintBar(painter, *bar.rectangle, axisColor_);
-    const QRectF target(bar.lense.x, bar.lense.y, bar.lense.width, bar.lense.height);
-    painter.drawPixmap(target, icon, QRectF(icon.rect()));
+    painter.drawPixmap(toRectF(bar.lense), icon, QRectF(icon.rect()));
   }
   lensesDetailsPoints_ = drawing.bars;
 }
@@ -178,6 +181,11 @@ void DrawingCanvasView::mousePressEvent(QMouseEvent* event) {
   if (!lensesDetailsPoints_) return;
   const auto bar = lenseAt(*lensesDetailsPoints_, toChart(event->position()));
   if (bar) openDetails(*bar);
+}
+
+void DrawingCanvasView::pressBar(std::size_t bar) {
+  if (delegate_ != nullptr) delegate_->dismissInfoForItem();
+  openDetails(bar);
 }
 
 void DrawingCanvasView::openDetails(std::size_t bar) {
@@ -275,18 +283,25 @@ QString DrawingCanvasView::descriptionAt(QPointF point) const {
 void DrawingCanvasView::updateAccessibleTexts() {
   const std::string_view title = chartKindOf(graphType_) ? chartTitle(contents_.kind) : std::string_view();
   setAccessibleName(QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size())));
+  parts_ = chartKindOf(graphType_) ? chartParts(contents_) : std::vector<ChartPart>();
   QStringList items;
-  if (showsPie()) {
-    for (const ChartLegendRow& row : pieChartDrawing(contents_, toChartSize(bounds())).legend) {
-      items << QString::fromStdString(row.label.text);
-    }
-  } else if (contents_.arrayValues) {
-    for (const auto& file : *contents_.arrayValues) {
-      items << QString::fromStdString(file->fileName().value_or(std::string()) + ": " +
-                                      barValueText(contents_.kind, *file));
-    }
+  for (const ChartPart& part : parts_) {
+    items << QString::fromStdString(part.value.empty() ? part.name : part.name + ": " + part.value);
   }
   setAccessibleDescription(items.join(QStringLiteral("; ")));
+  AccessibleChart::partsChanged(*this);
+}
+
+QRect DrawingCanvasView::partRect(std::size_t part) const {
+  QRectF place;
+  if (showsPie()) {
+    const ChartLegendRow row = pieChartDrawing(contents_, toChartSize(bounds())).legend.at(part);
+    place = toRectF(row.box).united(toRectF(row.label.frame));
+  } else if (lensesDetailsPoints_ && part < lensesDetailsPoints_->size()) {
+    const ChartBar& bar = (*lensesDetailsPoints_)[part];
+    place = toRectF(bar.lense).united(bar.rectangle ? toRectF(*bar.rectangle) : QRectF());
+  }
+  return QRectF(place.topLeft() * scale_, place.size() * scale_).toAlignedRect();
 }
 
 bool DrawingCanvasView::event(QEvent* event) {

@@ -10,6 +10,7 @@
 
 #include "charts/ChartContents.h"
 #include "charts/ChartGeometry.h"
+#include "charts/ChartParts.h"
 
 class QPainter;
 
@@ -99,6 +100,14 @@ class DrawingCanvasView : public QWidget {
   /// value.
   void updateAccessibleTexts();
 
+  /// The slices or bars when the texts were last updated, and where one of them, or the legend of a slice, is
+  /// in the widget. A place is empty until it has been drawn.
+  [[nodiscard]] const std::vector<ChartPart>& parts() const { return parts_; }
+  [[nodiscard]] QRect partRect(std::size_t part) const;
+  [[nodiscard]] bool showsBars() const { return chartKindOf(graphType_) && isBarChart(contents_.kind); }
+  /// What a click on the bar's magnifier does. Does nothing for a bar that is not drawn.
+  void pressBar(std::size_t bar);
+
   /// The bar that the arrow keys have reached; absent until one was used since the bars last changed.
   [[nodiscard]] std::optional<std::size_t> currentBar() const { return currentBar_; }
 
@@ -115,7 +124,6 @@ class DrawingCanvasView : public QWidget {
 
  private:
   [[nodiscard]] bool showsPie() const { return chartKindOf(graphType_) && isPieChart(contents_.kind); }
-  [[nodiscard]] bool showsBars() const { return chartKindOf(graphType_) && isBarChart(contents_.kind); }
   void drawBarChartTypeGraphs(QPainter& painter);
   void drawAxis(QPainter& painter, const BarChartDrawing& drawing) const;
   void drawBarCharts(QPainter& painter, const BarChartDrawing& drawing);
@@ -134,6 +142,7 @@ class DrawingCanvasView : public QWidget {
   ChartContents contents_;  ///< of the last graph type that is a chart
   QColor axisColor_;
   std::optional<std::vector<ChartBar>> lensesDetailsPoints_;
+  std::vector<ChartPart> parts_;
   DrawingCanvasViewDelegate* delegate_ = nullptr;
   QPixmap lense_;  ///< the magnifier at the scale it was last drawn at
   std::optional<std::size_t> currentBar_;

@@ -22,11 +22,15 @@ struct KindRow {
   bool isText;  ///< images have no lines to show
 };
 
-constexpr std::array<KindRow, 3> kKinds = {{
-    {"Code", FileKind::code, true},
-    {"Interface files (XIB)", FileKind::interface, true},
-    {"Images", FileKind::image, false},
-}};
+/// Interface files have the name that the overview gives them.
+std::array<KindRow, 3> kindRows(const OverviewCaptions& captions) {
+  constexpr std::size_t interfaceFiles = 8;
+  return {{
+      {"Code", FileKind::code, true},
+      {captions[interfaceFiles].caption, FileKind::interface, true},
+      {"Images", FileKind::image, false},
+  }};
+}
 
 using Row = std::vector<std::string>;
 
@@ -112,7 +116,7 @@ void writeTable(const MeasuredProject& project, std::optional<Grouping> grouping
 
   if (grouping) return writeGroups(groupedTotals(project, *grouping), *grouping, output);
   std::vector<Row> kinds{{"Kind", "Files", "Lines", "Non-empty", "Comments", "Words", "Characters", "Size"}};
-  for (const KindRow& kind : kKinds)
+  for (const KindRow& kind : kindRows(captions))
     kinds.push_back(rowOf(kind, project, formatter));
   writeColumns(kinds, output);
 }

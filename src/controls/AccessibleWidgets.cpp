@@ -33,8 +33,6 @@ QAccessible::Role roleOf(AccessibleKind kind) {
       return QAccessible::StaticText;
     case AccessibleKind::notice:
       return QAccessible::AlertMessage;
-    case AccessibleKind::chart:
-      return QAccessible::Chart;
   }
   return QAccessible::NoRole;
 }
@@ -93,7 +91,6 @@ QAccessible::State AccessibleWidget::state() const {
       state.collapsed = !state.expanded;
       break;
     case AccessibleKind::label:
-    case AccessibleKind::chart:
       state.readOnly = true;
       break;
     case AccessibleKind::silent:

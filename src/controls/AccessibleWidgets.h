@@ -16,7 +16,6 @@ enum class AccessibleKind {
   label,        ///< a text that is read as it stands, without its tool tip
   silent,       ///< a text that is read as a part of another one
   notice,       ///< a panel that is read when it appears
-  chart,        ///< a drawing with a name and a description
 };
 
 /// Tells assistive technology what `widget` is, where the toolkit's own guess would mislead. Names and

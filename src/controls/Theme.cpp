@@ -109,7 +109,8 @@ QMenu { background: @card; color: @text; border: 1px solid @line; padding: 4px; 
 QMenu::item { padding: 8px 16px; border-radius: 6px; background: transparent; }
 QMenu::item:selected { background: @accent; color: white; }
 QMenu::item:disabled { color: @mutedText; }
-QCheckBox { spacing: 8px; padding: 3px; border: 2px solid transparent; border-radius: 6px; background: transparent; }
+QCheckBox { spacing: 8px; padding: 3px; border: 2px solid transparent; border-radius: 6px; background: transparent;
+  outline: none; }
 QCheckBox[focusRing="true"] { border-color: @accent; }
 QCheckBox::indicator { width: 16px; height: 16px; border: 1px solid @mutedText; border-radius: 4px; background: @card; }
 QCheckBox::indicator:hover { border-color: @accent; }

@@ -246,7 +246,8 @@ Result<Descriptor> FileSystem::doOpenListingIn(const Descriptor& parent, const c
 Result<bool> FileSystem::doListSome(const Descriptor& folder, FolderListing& listing) const {
   alignas(dirent64) std::array<char, std::size_t{1} << 15> buffer;  // NOLINT: filled by the call
   const ssize_t count = ::getdents64(folder.value(), buffer.data(), buffer.size());
-  if (count < 0) return lastError();
+  // Of a folder that is removed meanwhile: it is not missing, its list is.
+  if (count < 0) return errno == ENOENT ? DiskError{ESTALE} : lastError();
   const std::span<const char> filled = std::span(buffer).first(static_cast<std::size_t>(count));
   std::size_t entries = 0;
   std::size_t bytes = 0;

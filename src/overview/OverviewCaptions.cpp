@@ -15,6 +15,12 @@ std::string filesOfKind(const FileKindTable& kinds, FileKind kind) {
   return "Files of the project that end in " + extensionsText(kinds.extensions(kind), " or ");
 }
 
+/// Names the formats, as the classic caption does.
+std::string_view interfaceFilesCaption(const FileKindTable& kinds) {
+  return kinds.extensions(FileGroup::storyboards).empty() ? "Interface files (XIB)"
+                                                          : "Interface files (XIB, storyboard)";
+}
+
 }  // namespace
 
 OverviewCaptions overviewCaptions(const FileKindTable& kinds) {
@@ -37,7 +43,7 @@ OverviewCaptions overviewCaptions(const FileKindTable& kinds) {
        filesOfKind(kinds, FileKind::code) +
            ", headers included. A file that is referenced twice counts twice."},
       {"imageFiles", "Image files", filesOfKind(kinds, FileKind::image) + "."},
-      {"xibFiles", "Interface files (XIB)", filesOfKind(kinds, FileKind::interface) + "."},
+      {"xibFiles", interfaceFilesCaption(kinds), filesOfKind(kinds, FileKind::interface) + "."},
       {"averageCommentLines", "Comment lines per code file",
        "Comment lines divided by the number of code files, rounded down; 0 when there is no code file."},
   }};

@@ -1,5 +1,6 @@
 #include "overview/OverviewViewController.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QPushButton>
 
@@ -55,10 +56,12 @@ OverviewViewController::OverviewViewController(ProjectHost& host)
   for (std::size_t index = 0; index < kOverviewMetrics; ++index) {
     const auto name = QStringLiteral("lblCaption%1").arg(index + 1);
     auto* const caption = findChild<QLabel*>(name);
+    caption->setText(fromUtf8(captions_.at(index).caption));
     caption->setToolTip(toolTipFor(captions_.at(index)));
     setAccessibleKind(caption, AccessibleKind::silent);
   }
   setAccessibleKind(ui_->lblCaptionTotal, AccessibleKind::silent);
+  ui_->cardAverages->installEventFilter(this);
 }
 
 OverviewViewController::~OverviewViewController() = default;
@@ -100,6 +103,20 @@ void OverviewViewController::initViewCustom() {
   for (QLabel* const heading : {ui_->lblTextTitle1, ui_->lblTextTitle2, ui_->lblTextTitle3}) {
     setRaisedBackgroundStyle(heading);
   }
+}
+
+bool OverviewViewController::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == ui_->cardAverages && event->type() == QEvent::Resize) alignCards();
+  return QWidget::eventFilter(watched, event);
+}
+
+/// On narrow cards the longest heading takes two lines; the figures below stay on one line with each other.
+void OverviewViewController::alignCards() {
+  const QMargins margins = ui_->cardAveragesLayout->contentsMargins();
+  const int width = ui_->cardAverages->width() - margins.left() - margins.right();
+  const int height = ui_->lblTextTitle3->heightForWidth(width);
+  for (QLabel* const heading : {ui_->lblTextTitle1, ui_->lblTextTitle2, ui_->lblTextTitle3})
+    heading->setFixedHeight(height);
 }
 
 void OverviewViewController::offerCurrentRules(const std::string& sentence) {

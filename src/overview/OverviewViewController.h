@@ -63,12 +63,16 @@ class OverviewViewController final : public QWidget {
   /// The user took the offer.
   void currentRulesRequested();
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   explicit OverviewViewController(ProjectHost& host);
 
   void describeGroups();
   void showShares();
   void showFigure(std::size_t number, const std::string& text);
+  void alignCards();
 
   ProjectHost& host_;
   std::unique_ptr<Ui::OverviewViewController> ui_;

@@ -20,7 +20,6 @@
 #include "controls/LabelSides.h"
 #include "controls/NamedImage.h"
 #include "controls/ReturnPresses.h"
-#include "controls/Theme.h"
 #include "export/ExportViewController.h"
 #include "overview/OverviewViewController.h"
 #include "reminder/DesktopReminder.h"
@@ -79,7 +78,6 @@ StatsWindowController::StatsWindowController(StatsHost& host, const Services& se
   setWindowTitle(windowTitleFor(QStringLiteral("Quillmeter"), *project_));
   describeControls();
   connectControls();
-  applyTheme();
   openInsideScreen();
 }
 
@@ -290,21 +288,6 @@ void StatsWindowController::closeEvent(QCloseEvent* event) {
 void StatsWindowController::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
   if (cleanUpTool_ != nullptr && !event->spontaneous()) cleanUpTool_->hide();
-}
-
-void StatsWindowController::changeEvent(QEvent* event) {
-  QWidget::changeEvent(event);
-  if (event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::PaletteChange) {
-    applyTheme();
-  }
-}
-
-void StatsWindowController::applyTheme() {
-  const ThemeColors& theme = themeFor(QGuiApplication::palette());
-  // Setting a style sheet changes palettes in its turn.
-  if (theme_ == &theme) return;
-  theme_ = &theme;
-  setStyleSheet(styleSheetFor(theme));
 }
 
 void StatsWindowController::tapCleanUpTool() {

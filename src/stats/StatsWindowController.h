@@ -20,7 +20,6 @@ class DetailsViewController;
 class ExportViewController;
 class OverviewViewController;
 class StatsHost;
-struct ThemeColors;
 
 namespace Ui {
 class StatsWindowController;
@@ -84,7 +83,6 @@ class StatsWindowController final : public QWidget, public ChartsHost, public Ex
  protected:
   void closeEvent(QCloseEvent* event) override;
   void hideEvent(QHideEvent* event) override;
-  void changeEvent(QEvent* event) override;
 
  private:
   StatsWindowController(StatsHost& host, const Services& services);
@@ -94,7 +92,6 @@ class StatsWindowController final : public QWidget, public ChartsHost, public Ex
   void openInsideScreen();
   void describeControls();
   void connectControls();
-  void applyTheme();
   void showTab(QPushButton* button, std::initializer_list<QWidget*> others, QWidget* view);
   void addToViewRight(QWidget* view);
   [[nodiscard]] bool userConfirmsClosing();
@@ -108,7 +105,6 @@ class StatsWindowController final : public QWidget, public ChartsHost, public Ex
   std::unique_ptr<ChartsViewController> chartsViewController_;
   std::unique_ptr<ExportViewController> exportViewController_;
   std::unique_ptr<CleanUpToolViewController> cleanUpTool_;
-  const ThemeColors* theme_ = nullptr;  ///< the one whose style sheet is set
   bool closesWithoutAsking_ = false;
 };
 

@@ -90,6 +90,19 @@ TEST_F(FocusRingTest, ShowsForWhoUsesTheKeyboard) {
   EXPECT_FALSE(hasFocusRing(&first));
 }
 
+TEST_F(FocusRingTest, IsTheOnlyFrameAroundACheckBox) {
+  const ApplicationTheme theme;
+  QCheckBox box(QStringLiteral("Headers"), &window);
+  box.resize(box.sizeHint());
+  box.show();
+  const auto inside = [&box] { return box.grab(box.rect().adjusted(6, 6, -6, -6)).toImage(); };
+  const QImage before = inside();
+  QTest::keyClick(&window, Qt::Key_Shift);
+  box.setFocus(Qt::TabFocusReason);
+  ASSERT_TRUE(hasFocusRing(&box));
+  EXPECT_EQ(inside(), before);
+}
+
 TEST_F(FocusRingTest, GoesWithTheFirstPressOfTheMouseAndComesBackWithAKey) {
   QTest::keyClick(&first, Qt::Key_Tab);
   QTest::mouseClick(&first, Qt::LeftButton);

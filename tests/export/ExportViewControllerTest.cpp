@@ -4,11 +4,14 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QTest>
 
+#include "controls/ApplicationTheme.h"
 #include "controls/Theme.h"
 #include "export/ExportHost.h"
 #include "export/FakeReportChart.h"
@@ -338,6 +341,14 @@ TEST_F(ExportTabByCurrentRules, SwiftHasABoxOfItsOwn) {
   const std::string csv = exported();
   EXPECT_THAT(csv, ::testing::HasSubstr("a.swift"));
   EXPECT_THAT(csv, ::testing::Not(::testing::HasSubstr("b.m")));
+}
+
+TEST_F(ExportTabByCurrentRules, LongListsOfTypesBreakInsteadOfScrolling) {
+  const ApplicationTheme theme;
+  tab->resize(616, 400);
+  tab->show();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(tab->findChild<QScrollArea*>()->horizontalScrollBar()->maximum(), 0);
 }
 
 TEST_F(ExportTabByCurrentRules, StoryboardsGoWithTheInterfaceFiles) {

@@ -5,6 +5,7 @@
 #include <set>
 
 #include "measuring/FileKinds.h"
+#include "xcode/CurrentKinds.h"
 
 namespace quillmeter {
 namespace {
@@ -42,7 +43,14 @@ TEST(OverviewCaptions, DefinitionsNameTheExtensionsOfTheClassicRules) {
       "Files of the project that end in .c, .cpp, .h, .hh, .m, .mm or .pch, headers included. A file that "
       "is referenced twice counts twice.");
   EXPECT_EQ(captions[7].definition, "Files of the project that end in .jpg, .png, .tiff or .icns.");
+  EXPECT_EQ(captions[8].caption, "Interface files (XIB)");
   EXPECT_EQ(captions[8].definition, "Files of the project that end in .xib.");
+}
+
+TEST(OverviewCaptions, NameStoryboardsWhereTheyAreInterfaceFiles) {
+  const OverviewCaption caption = overviewCaptions(currentKinds())[8];
+  EXPECT_EQ(caption.caption, "Interface files (XIB, storyboard)");
+  EXPECT_EQ(caption.definition, "Files of the project that end in .xib or .storyboard.");
 }
 
 }  // namespace

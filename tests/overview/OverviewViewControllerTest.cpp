@@ -9,6 +9,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
+#include "controls/ApplicationTheme.h"
 #include "controls/Theme.h"
 #include "helpers/KindsWithHpp.h"
 #include "helpers/ProjectFixture.h"
@@ -16,6 +17,7 @@
 #include "overview/OverviewCaptions.h"
 #include "overview/ShareBar.h"
 #include "stats/FakeStatsHost.h"
+#include "xcode/CurrentKinds.h"
 
 namespace quillmeter {
 namespace {
@@ -155,11 +157,34 @@ TEST(OverviewViewController, CardsStayTogetherAtTheTopOfATallWindow) {
   }
 }
 
-TEST(OverviewViewController, ScrollsWhatDoesNotFit) {
+TEST(OverviewViewController, CardsAreOfOneWidthAndTheirFiguresOnOneLineInAnyWindow) {
   FakeStatsHost host(projectWith({record({.name = "a.m", .lines = 30})}));
+  const auto panel = OverviewViewController::create(host);
+  for (const int width : {616, 700, 1016, 1600}) {
+    panel->resize(width, 700);
+    panel->show();
+    QCoreApplication::processEvents();
+    const auto* lines = panel->findChild<QWidget*>(u"cardLines"_s);
+    const auto at = [&](std::size_t number) {
+      return panel->lblSizeMetrics(number)->mapTo(panel.get(), QPoint()).y();
+    };
+    for (const char* const name : {"cardFiles", "cardAverages"})
+      EXPECT_NEAR(panel->findChild<QWidget*>(QLatin1String(name))->width(), lines->width(), 1) << width;
+    EXPECT_EQ(at(7), at(2)) << width;
+    EXPECT_EQ(at(1), at(2)) << width;
+  }
+}
+
+TEST(OverviewViewController, ScrollsWhatDoesNotFitButNeverSideways) {
+  const ApplicationTheme theme;
+  const UserLocale locale("en_US.UTF-8");
+  FakeStatsHost host(projectWith(
+      {record({.name = "a.m", .lines = 1987654321, .linesWithoutSpaces = 1654321000, .comments = 234567800})},
+      "Fixture", currentKinds()));
   const auto panel = OverviewViewController::create(host);
   panel->resize(616, 300);
   panel->show();
+  QCoreApplication::processEvents();
   auto* page = panel->findChild<QScrollArea*>(u"scrollPage"_s);
   EXPECT_GT(page->verticalScrollBar()->maximum(), 0);
   EXPECT_EQ(page->horizontalScrollBar()->maximum(), 0);

@@ -5,7 +5,6 @@ stands for the application everywhere, its windows included, and the icons have 
 usage: desktop_test.py INSTALLED APPLICATION SOURCE_DIR VERSION
 """
 
-import glob
 import os
 import pathlib
 import re
@@ -18,7 +17,7 @@ import xml.etree.ElementTree
 INSTALLED, APPLICATION, SOURCES, VERSION = sys.argv[1:5]
 SHARE = pathlib.Path(INSTALLED, "share")
 sys.path.insert(0, os.path.join(SOURCES, "tests/ui"))
-from desktop import Desktop, wait_for  # noqa: E402
+from desktop import Desktop  # noqa: E402
 
 
 def only(pattern):
@@ -61,7 +60,7 @@ class NamesTest(unittest.TestCase):
         self.assertEqual(desktop_entry()["Icon"], IDENTIFIER)
         self.assertEqual(desktop_entry()["StartupWMClass"], IDENTIFIER)
         self.assertEqual({path.stem for path in SHARE.glob("icons/hicolor/*/apps/*")}, {IDENTIFIER})
-        manifest = pathlib.Path(only_manifest())
+        (manifest,) = pathlib.Path(SOURCES, "packaging/flatpak").glob("*.yml")
         self.assertEqual(manifest.stem, IDENTIFIER)
         self.assertRegex(manifest.read_text(encoding="utf-8"), rf"(?m)^id: {re.escape(IDENTIFIER)}$")
 
@@ -75,12 +74,6 @@ class NamesTest(unittest.TestCase):
 
     def test_the_version_is_released(self):
         self.assertEqual(self.metadata.find("releases/release").get("version"), VERSION)
-
-
-def only_manifest():
-    manifests = glob.glob(os.path.join(SOURCES, "packaging/flatpak/*.yml"))
-    assert len(manifests) == 1, manifests
-    return manifests[0]
 
 
 class IconsTest(unittest.TestCase):
@@ -104,15 +97,33 @@ class WindowsTest(unittest.TestCase):
         self.addCleanup(self.desktop.close)
 
     def test_windows_of_an_x_server_have_the_name_for_their_class(self):
-        self.desktop.start([APPLICATION, os.path.join(SOURCES, "samples/Notebook")])
-        for title in ("Quillmeter$", "Notebook"):
-            window = self.desktop.wait_for_window(title)[0]
+        for title, arguments in (("Quillmeter", []), (".* – Notebook", [os.path.join(SOURCES, "samples/Notebook")])):
+            self.desktop.start([APPLICATION, *arguments])
+            window = self.desktop.wait_for_window(title)
             self.assertIn(f'"{IDENTIFIER}"', self.desktop.output("xprop", "-id", window, "WM_CLASS"))
 
     def test_people_read_a_name_that_is_none_for_machines(self):
         self.desktop.start([APPLICATION])
-        window = self.desktop.wait_for_window("Quillmeter")[0]
+        window = self.desktop.wait_for_window("Quillmeter")
         self.assertEqual(self.desktop.xdo("getwindowname", window).strip(), "Quillmeter")
+
+    def test_windows_of_a_wayland_compositor_have_it_for_their_application(self):
+        environment = {**self.desktop.environment, "WAYLAND_DISPLAY": "wayland-test", "WAYLAND_DEBUG": "1",
+                       "QT_QPA_PLATFORM": "wayland"}
+        self.desktop.start(["weston", "--backend=headless-backend.so", "--socket=wayland-test", "--idle-time=0"])
+        wait_for(lambda: os.path.exists(environment["XDG_RUNTIME_DIR"] + "/wayland-test"), "the compositor")
+        with open(self.desktop.home + "/requests", "wb") as requests:
+            self.desktop.start([APPLICATION, os.path.join(SOURCES, "samples/Notebook")], env=environment, stderr=requests)
+        asked = pathlib.Path(requests.name)
+
+        def names():
+            said = asked.read_text(encoding="utf-8")
+            found = dict(re.findall(r'set_title\("(.*?)"\)\n.*set_app_id\("(.*?)"\)', said))
+            return found if any("Notebook" in title for title in found) else None
+
+        named = wait_for(names, "the project's window")
+        self.assertIn("Quillmeter", named)
+        self.assertEqual(set(named.values()), {IDENTIFIER})
 
 
 if __name__ == "__main__":

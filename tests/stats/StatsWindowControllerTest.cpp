@@ -13,6 +13,7 @@
 
 #include "charts/ChartsViewController.h"
 #include "charts/DrawingCanvasView.h"
+#include "controls/ApplicationTheme.h"
 #include "controls/FadingPanel.h"
 #include "controls/Theme.h"
 #include "export/ExportViewController.h"
@@ -48,6 +49,7 @@ std::shared_ptr<ParseProject> smallProject(const std::string& title = "Fixture")
 
 class StatsWindow : public ::testing::Test {
  protected:
+  const ApplicationTheme theme;  // as in the application
   void open(const std::shared_ptr<ParseProject>& project = smallProject()) {
     host.project = project;
     window = StatsWindowController::create(host, services.services());
@@ -540,14 +542,16 @@ TEST_F(StatsWindow, ControlQEndsTheApplicationOnceItIsConfirmed) {
 
 TEST_F(StatsWindow, FollowsADesktopThatTurnsDark) {
   const QPalette before = QApplication::palette();
+  const QPalette dark(QColor(0x2B, 0x2F, 0x33));
   open();
-  const QString light = window->styleSheet();
-  QApplication::setPalette(QPalette(QColor(0x2B, 0x2F, 0x33)));
+  const auto columnsColor = [this] { return window->viewLeft()->grab().toImage().pixelColor(5, 300); };
+  EXPECT_EQ(columnsColor(), themeFor(before).sidebar);
+  QApplication::setPalette(dark);
   QTest::qWait(0);
-  const QString dark = window->styleSheet();
+  const QColor whenDark = columnsColor();
   QApplication::setPalette(before);
-  EXPECT_NE(dark, light);
-  EXPECT_EQ(dark, styleSheetFor(themeFor(QPalette(QColor(0x2B, 0x2F, 0x33)))));
+  EXPECT_EQ(whenDark, themeFor(dark).sidebar);
+  EXPECT_NE(whenDark, themeFor(before).sidebar);
 }
 
 TEST_F(StatsWindow, SaysNothingOfTheClassicRules) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "analysis/ParseProject.h"
+#include "controls/ApplicationTheme.h"
 #include "helpers/FakeServices.h"
 #include "helpers/ProjectFixture.h"
 #include "stats/StatsHost.h"
@@ -74,6 +75,7 @@ int run(int argc, char** argv) {
   }
   HarnessHost host(projectNamed(kind));
   const FakeServices services;
+  const ApplicationTheme theme;
   const auto window = StatsWindowController::create(host, services.services());
   window->show();
   if (tab == 2) window->tapDetailsTab();

@@ -2,6 +2,7 @@
 """Quillmeter as assistive technology meets it: over the accessibility bus, from its own start to the last control. The
 bus is read by a process of its own, in Debian's Python, which has the bindings."""
 
+import itertools
 import json
 import os
 import re
@@ -158,6 +159,39 @@ class AccessibilityTest(unittest.TestCase):
         self.assertRegex(notice["name"], r"LOC: [0-9]+ lines, Average: ")
         self.desktop.xdo("key", "Escape")
         wait_for(lambda: all(node["role"] not in ("alert", "notification") for node in self.nodes()), "its end")
+
+    def parts_of_the_chart(self):
+        """The bars or slices."""
+        nodes = self.nodes()
+        chart = next(number for number, node in enumerate(nodes) if node["role"] == "chart")
+        return list(itertools.takewhile(lambda node: node["depth"] > nodes[chart]["depth"], nodes[chart + 1:]))
+
+    def test_each_slice_is_read_with_its_share(self):
+        self.show("Charts")
+        self.choose("Chart type", CHARTS, "Source / images / XIB distribution")
+        wait_for(lambda: [re.sub(r" \(.*", "", part["name"]) for part in self.parts_of_the_chart()]
+                 == ["Source files", "XIB files", "Image files"], "the slices")
+        parts = self.parts_of_the_chart()
+        for part in parts:
+            self.assertRegex(part["name"], r" \([0-9.]+%\)$")
+            self.assertEqual(part["actions"], [], "a click on a slice does nothing")
+
+    def test_each_bar_is_read_with_its_value_and_opens_its_details(self):
+        self.show("Charts")
+        self.choose("Chart type", CHARTS, "Top 15 source files by lines of code")
+        wait_for(lambda: len(self.parts_of_the_chart()) == 15, "the bars")
+        bars = self.parts_of_the_chart()
+        for bar in bars:
+            self.assertEqual((bar["role"], bar["actions"]), ("push button", ["Press"]))
+            self.assertRegex(bar["description"], "^[0-9]+ lines$", bar)
+        lines = [int(bar["description"].split()[0]) for bar in bars]
+        self.assertEqual(lines, sorted(lines, reverse=True))
+        self.press(bars[3]["name"])
+        wait_for(lambda: any(node["role"] in ("alert", "notification") and node["name"].startswith(bars[3]["name"])
+                             for node in self.nodes()), "its details")
+        self.desktop.activate(self.window)
+        self.desktop.xdo("key", "Escape")
+        wait_for(lambda: all(node["role"] not in ("alert", "notification") for node in self.nodes()), "their end")
 
     def click_first_magnifier(self):
         """By keyboard: the focus goes from the control before the chart into it."""

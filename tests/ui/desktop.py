@@ -166,14 +166,19 @@ class Desktop:
         text = self.output("import", "-window", "root", "-crop", "1x1+%d+%d" % (x, y), "-depth", "8", "txt:-")
         return tuple(int(text.split("#")[-1][at:at + 2], 16) for at in (0, 2, 4))
 
-    def close(self):
-        for process in reversed(self.processes):
+    def end(self, *processes):
+        """Ends processes that were started here."""
+        for process in processes:
+            self.processes.remove(process)
             if process.poll() is None:
                 process.terminate()
-        for process in self.processes:
+        for process in processes:
             try:
                 process.wait(10)
             except subprocess.TimeoutExpired:
                 process.kill()
                 process.wait()
+
+    def close(self):
+        self.end(*reversed(self.processes))
         shutil.rmtree(os.fsencode(self.home), ignore_errors=True)

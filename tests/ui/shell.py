@@ -125,8 +125,7 @@ class Shell(unittest.TestCase):
         with open(said, "wb") as stream:
             environment = {**self.desktop.environment, "DBUS_SESSION_BUS_ADDRESS": "disabled:"}  # or it starts one
             if self.drag_source:
-                self.drag_source.terminate()
-                self.drag_source.wait(TIMEOUT)
+                self.desktop.end(self.drag_source)
             self.drag_source = self.desktop.start([DRAG_SOURCE, listing, *options], env=environment, stdout=stream)
         x, y, width, height = wait_until_settled(
             lambda: next(iter(self.desktop.windows("Drag source").values()), None), "source")
