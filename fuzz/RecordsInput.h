@@ -22,7 +22,7 @@ namespace quillmeter::fuzzing {
 /// second one the path of the bundle, each further one says what it is about with its first letter. Fields
 /// are separated by tabs; a name may hold any other byte but a line feed, for which a vertical tab stands.
 ///   f: a file's path and its counters as `kFileCounterFields` has them (none for an absent one)
-///   t: a target's name and the numbers of its files    o: an extension and how many other files have it
+///   t: a target's name and the numbers of its files    o: the extension of another file
 ///   m: a missing reference and its identifier          c: measured by the current rules
 class RecordsProject final : public MeasuredProject {
  public:
@@ -85,7 +85,7 @@ class RecordsProject final : public MeasuredProject {
   void add(char kind, const Fields& fields, FileList& files, ProjectFindings& found) const {
     const std::string second = fields.size() > 1 ? fields[1] : std::string();
     if (kind == 'f') files.push_back(record(fields));
-    if (kind == 'o') found.other.emplace_back(fields[0], countIn(fields, 1).value_or(1));
+    if (kind == 'o') found.other.add(fields[0]);
     if (kind == 'm') found.missing.push_back({fields[0], second});
     if (kind != 't') return;
     ProjectTarget& target = found.targets.emplace_back(ProjectTarget{fields[0], {}});

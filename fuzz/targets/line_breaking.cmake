@@ -1,3 +1,3 @@
 quillmeter_fuzzer(line_breaking_fuzzer
   SOURCES LineBreakingFuzzer.cpp
-  LIBS quillmeter_export quillmeter_icu)
+  LIBS quillmeter_export ICU::i18n ICU::uc)

@@ -15,6 +15,8 @@ class Values:
 
     def __init__(self, entry, command):
         placeholder = entry.value if entry.names[0].startswith("-") else entry.names[0]
+        if not entry.choices and placeholder not in KINDS:
+            raise ValueError(f"what completes {placeholder} is not known: {entry}")
         self.placeholder = placeholder
         self.kind = WORDS if entry.choices else KINDS[placeholder]
         self.words = list(entry.choices)

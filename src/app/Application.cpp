@@ -70,6 +70,14 @@ void keepFromStartingSessionBus() {
     qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
 }
 
+/// Without a run-time folder no Wayland display can be reached; trying would only write a line of its library
+/// to the terminal.
+void leaveOutUnreachableWayland() {
+  if (qgetenv("XDG_RUNTIME_DIR").startsWith('/') || qgetenv("WAYLAND_DISPLAY").startsWith('/')) return;
+  qunsetenv("WAYLAND_DISPLAY");
+  if (qgetenv("XDG_SESSION_TYPE") == "wayland") qunsetenv("XDG_SESSION_TYPE");
+}
+
 /// Without a display the toolkit ends the program with a page of advice and a core.
 void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*message*/) {
   if (type != QtFatalMsg) return;
@@ -118,6 +126,7 @@ int runApplication(int argc, char** argv) {
     return kWrongUsage;
   }
   keepFromStartingSessionBus();
+  leaveOutUnreachableWayland();
   const Toolkit toolkit(argv[0], commandLine.toolkitArguments);
   setUpToolkit();
   const ApplicationTheme theme;

@@ -15,6 +15,7 @@
 #include "stats/CanvasReportChart.h"
 #include "support/AtomicFile.h"
 #include "support/Confinement.h"
+#include "support/MemoryGuard.h"
 #include "support/NumberFormat.h"
 #include "support/Text.h"
 #include "support/WriteAll.h"
@@ -29,6 +30,13 @@ constexpr int kWrongUsage = 2;
 constexpr int kNothingMeasured = 3;
 constexpr int kOutputFailed = 4;
 constexpr int kArguments = 6;
+
+/// A report without the words or figures that there was no memory for would look like one. Asks for no more.
+[[noreturn]] void endForWantOfMemory() {
+  constexpr std::string_view message = "quillmeter: Not enough memory to do this\n";
+  [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, message.data(), message.size());
+  ::_exit(kNothingMeasured);
+}
 
 int failed(int status, const std::string& message) {
   std::fprintf(stderr, "quillmeter: %s\n", onOneLine(message).c_str());
@@ -85,6 +93,7 @@ int report(const std::string& file, const FileGroups& groups, ProjectRules rules
 
 std::optional<int> runReportMode(int argc, char** argv) {
   if (argc < 2 || std::string_view(argv[1]) != "--report") return std::nullopt;
+  endWhenMemoryRunsOut(endForWantOfMemory);
   const auto rules = argc == kArguments ? rulesNamed(argv[4]) : std::nullopt;
   if (!rules) return wrongUsage();
   const auto groups = fileGroupsNamed(argv[3], kindsBy(*rules));

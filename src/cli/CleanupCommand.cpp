@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <unordered_set>
 
 #include "cli/Commands.h"
 #include "cli/ExitStatus.h"
@@ -62,18 +63,47 @@ void writeTable(const FileTable& table, Output& output) {
     writeRow(table.cellText(row, sizeColumn), onOneLine(table.cellText(row, pathColumn)));
 }
 
+/// A file of the list that the project refers to. It was not there when the project was measured but came
+/// back for the list: somebody replaces files meanwhile. Null when there is none.
+const FileObject* referencedAmong(const FileList& files, const ProjectReader& project) {
+  std::unordered_set<std::string_view> missing;
+  for (const MissingReference& reference : project.findings().missing)
+    missing.insert(reference.location);
+  if (missing.empty()) return nullptr;
+  const bool isCurrent = project.rules() == ProjectRules::current;
+  const auto isMissing = [&](std::string_view path) {
+    while (!missing.contains(path)) {
+      // The current rules refer to it or to a folder that it is in; the classic ones look for what ends as
+      // the reference does.
+      const std::size_t slash = isCurrent ? path.rfind('/') : path.find('/');
+      if (slash == std::string_view::npos) return false;
+      path = isCurrent ? path.substr(0, slash) : path.substr(slash + 1);
+    }
+    return true;
+  };
+  const auto found = std::find_if(files.begin(), files.end(),
+                                  [&](const auto& file) { return isMissing(*file->filePath()); });
+  return found == files.end() ? nullptr : found->get();
+}
+
 int cleanup(const CleanupOptions& options) {
   confineToOutputs();
   const auto project = readProject(options.read);
   if (!project) return kNothingMeasured;
   ReadFaults ownFaults;
-  const FileTable table = cleanUpTable(project->unreferencedFiles(ownFaults), project->kinds());
+  const FileList files = project->unreferencedFiles(ownFaults);
   // Both walks met the same faults, most likely.
   tellOfFaults(project->faults().count > 0 ? project->faults() : ownFaults);
   if (project->faults().mayMislead || ownFaults.mayMislead) {
     complain("no list, since a file that is referenced there might look left over");
     return kNothingMeasured;
   }
+  if (const FileObject* referenced = referencedAmong(files, *project)) {
+    complain("no list, since files changed while they were read: the project refers to " +
+             *referenced->filePath());
+    return kNothingMeasured;
+  }
+  const FileTable table = cleanUpTable(files, project->kinds());
   Output output(std::nullopt);
   if (options.format == "json") {
     writeJson(table, output);

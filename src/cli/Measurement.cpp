@@ -17,15 +17,6 @@
 #include "xcode/ProjectReaders.h"
 
 namespace quillmeter {
-namespace {
-
-std::string reasonFor(DiskError error) {
-  if (error.number == EFBIG) return "it is larger than 1 GiB, which no project description is";
-  return std::generic_category().message(error.number);
-}
-
-}  // namespace
-
 void addReadOptions(CLI::App& command, ReadOptions& options) {
   const auto mistakeIn = [](const std::string& path) {
     return path.empty() ? std::string("the project's path is empty") : std::string();
@@ -99,6 +90,11 @@ std::unique_ptr<ProjectReader> readProjectForReferences(const ReadOptions& optio
   const bool hasReferences =
       !findings.missing.empty() || !findings.other.empty() || !project->files().empty();
   return hasReferences ? std::move(project) : refused(*project);
+}
+
+std::string reasonFor(DiskError error) {
+  if (error.number == EFBIG) return "it is larger than 1 GiB, which no project description is";
+  return std::generic_category().message(error.number);
 }
 
 void tellOfFaults(const ReadFaults& faults) {

@@ -37,6 +37,9 @@ void addReadingFlags(CLI::App& command, ReadOptions& options);
 /// be read: its references are what the user asks for.
 [[nodiscard]] std::unique_ptr<ProjectReader> readProjectForReferences(const ReadOptions& options);
 
+/// Why something could not be listed or read, in words.
+[[nodiscard]] std::string reasonFor(DiskError error);
+
 /// Tells the user on standard error what could not be listed or read, if anything: how many, and the first.
 void tellOfFaults(const ReadFaults& faults);
 

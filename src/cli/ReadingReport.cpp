@@ -88,6 +88,9 @@ std::string whyNothingIsMeasured(const MeasuredProject& project) {
   }
   if (!isBundle(path)) return noProjectIn(path, status->type == FileStatus::Type::folder);
   if (const std::string obstacle = obstacleTo(path); !obstacle.empty()) return obstacle;
+  const std::string description = joinedPath(path, "project.pbxproj");
+  if (project.faults().firstPath == description)
+    return description + ": " + reasonFor(project.faults().firstError);
   if (!project.findings().error.empty()) return joinedPath(path, project.findings().error);
   return path + ": " + nothingKnown(project.findings());
 }

@@ -11,7 +11,6 @@
 #include <array>
 #include <cerrno>
 #include <climits>
-#include <cstddef>
 #include <cstdlib>
 #include <memory>
 
@@ -114,19 +113,6 @@ void forEachEntry(std::span<const char> filled, const Use& use) {
     const std::string_view name = entry.d_name;
     if (name != "." && name != "..") use(name, typeOf(entry));
   }
-}
-
-/// Makes room for what a filled buffer holds, and a few bytes more: the name of an entry is what its fixed
-/// part leaves of its length, rounded up.
-void reserveFor(std::span<const char> filled, FolderListing& listing) {
-  std::size_t entries = 0;
-  std::size_t bytes = 0;
-  for (std::size_t at = 0; at < filled.size(); ++entries) {
-    const std::size_t length = reinterpret_cast<const dirent64*>(filled.data() + at)->d_reclen;
-    bytes += length - offsetof(dirent64, d_name);
-    at += length;
-  }
-  listing.reserve(entries, bytes);
 }
 
 }  // namespace
@@ -260,9 +246,17 @@ Result<Descriptor> FileSystem::doOpenListingIn(const Descriptor& parent, const c
 Result<bool> FileSystem::doListSome(const Descriptor& folder, FolderListing& listing) const {
   alignas(dirent64) std::array<char, std::size_t{1} << 15> buffer;  // NOLINT: filled by the call
   const ssize_t count = ::getdents64(folder.value(), buffer.data(), buffer.size());
-  if (count < 0) return lastError();
+  // Of a folder that is removed meanwhile: it is not missing, its list is.
+  if (count < 0) return errno == ENOENT ? DiskError{ESTALE} : lastError();
   const std::span<const char> filled = std::span(buffer).first(static_cast<std::size_t>(count));
-  reserveFor(filled, listing);
+  std::size_t entries = 0;
+  std::size_t bytes = 0;
+  // Exact, since a walk keeps the lists of many small folders, whose names take no memory of their own then.
+  forEachEntry(filled, [&](std::string_view name, EntryType /*type*/) {
+    ++entries;
+    bytes += name.size() + 1;
+  });
+  listing.reserve(entries, bytes);
   forEachEntry(filled, [&](std::string_view name, EntryType type) { listing.add(name, type); });
   return count > 0;
 }

@@ -1,5 +1,6 @@
 #include "xcode/CurrentProject.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -96,7 +97,11 @@ FileList CurrentProject::unreferencedFiles(ReadFaults& faults) const {
     result.back()->setFileSize(Number(status->size));
   };
   const auto isNoPackage = [&](const std::string& folder) { return !disk.isFile(folder + "/Package.swift"); };
-  forEachFileIn(disk, projectFolder_, add, isNoPackage);
+  try {
+    forEachFileIn(disk, projectFolder_, add, isNoPackage);
+  } catch (const TooFewDescriptors&) {
+    faults.note(projectFolder_, {EMFILE});
+  }
   faults.add(disk.faults());
   return result;
 }

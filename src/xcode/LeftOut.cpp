@@ -46,7 +46,9 @@ std::size_t LeftOut::count() const {
                          [](std::size_t sum, const auto& entry) { return sum + entry.second; });
 }
 
-LeftOut leftOutByClassic(const MeasuredProject& classic, const FileSystem& fileSystem) {
+namespace {
+
+LeftOut leftOut(const MeasuredProject& classic, const FileSystem& fileSystem) {
   LeftOut result;
   if (classic.rules() != ProjectRules::classic || classic.findings().folder.empty()) return result;
   if (!mayBeMuch(classic)) return result;
@@ -66,6 +68,16 @@ LeftOut leftOutByClassic(const MeasuredProject& classic, const FileSystem& fileS
   result.sources = mostFirst(counts);
   result.isMuch = result.count() > classic.getNumberCodeFiles();
   return result;
+}
+
+}  // namespace
+
+LeftOut leftOutByClassic(const MeasuredProject& classic, const FileSystem& fileSystem) {
+  try {
+    return leftOut(classic, fileSystem);
+  } catch (const TooFewDescriptors&) {
+    return {};  // a hint that is too small would be none
+  }
 }
 
 }  // namespace quillmeter

@@ -12,8 +12,8 @@ namespace quillmeter {
 
 /// The source files of a project that the classic rules leave out and the current rules would measure.
 struct LeftOut {
-  std::vector<std::pair<std::string, std::size_t>>
-      sources;  ///< by extension, most first, when there are many
+  /// How many there are of each extension, most first. Only looked for where there may be many.
+  std::vector<std::pair<std::string, std::size_t>> sources;
   /// Whether the user should hear of it: the classic rules measured nothing, or less than they left out.
   bool isMuch = false;
 
@@ -22,8 +22,8 @@ struct LeftOut {
 
 /// What a read by the classic rules left out, where that may be much. Follows the references by the current
 /// rules then, without measuring anything; what the read found beside its files tells most projects apart
-/// before, at no cost. None for a project read by other rules, one that was never
-/// read, and one whose description has a fault.
+/// before, at no cost. None for a project read by other rules, one that was never read, and one whose
+/// description has a fault; and where too many files are open to look.
 [[nodiscard]] LeftOut leftOutByClassic(const MeasuredProject& classic,
                                        const FileSystem& fileSystem = FileSystem::real());
 

@@ -11,7 +11,7 @@ import re
 import sys
 import tempfile
 
-CODE_BLOCK = re.compile(r'^```\n(.*?)^```$', re.MULTILINE | re.DOTALL)
+CODE_BLOCK = re.compile(r'^```\w*\n(.*?)^```$', re.MULTILINE | re.DOTALL)
 ARROW = re.compile(r'(\w+) +→((?: \w+)*)')
 PROJECT_INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)
 QT_INCLUDE = re.compile(r'^\s*#\s*include\s+<(Q[A-Za-z/]+)>', re.MULTILINE)

@@ -11,7 +11,10 @@ namespace quillmeter {
 namespace {
 
 using ::testing::AllOf;
+using ::testing::AnyOf;
+using ::testing::ContainsRegex;
 using ::testing::HasSubstr;
+using ::testing::Not;
 using testing::readFile;
 using testing::runTool;
 using ::testing::StartsWith;
@@ -281,6 +284,23 @@ TEST_F(ExportCommand, ReportToStandardOutputIsTheWholeDocument) {
   const ToolResult result = runTool({"export", "--pdf", "-", bundle});
   EXPECT_EQ(result.status, 0);
   EXPECT_THAT(result.output, AllOf(StartsWith("%PDF-"), ::testing::EndsWith("%%EOF\n")));
+}
+
+TEST_F(ExportCommand, ReportByTheCurrentRulesSaysSoAndListsSwiftAndStoryboards) {
+  const std::string weather = QUILLMETER_SOURCE_DIR "/samples/Weather";
+  const std::string report = folder / "out.pdf";
+  ASSERT_EQ(runTool({"export", "--rules", "current", "--pdf", report, weather}).status, 0);
+  ASSERT_EQ(runShell("{ pdfinfo '" + report + "'; pdftotext -layout '" + report + "' -; } >'" +
+                     (folder / "text") + "'"),
+            0);
+  EXPECT_THAT(readFile(folder / "text"),
+              AllOf(ContainsRegex("Subject: +Measured by the current rules\n"), HasSubstr("swift files"),
+                    ContainsRegex("Forecast\\.swift +22 +17 +0\\.4 KB"), HasSubstr("storyboard")));
+  ASSERT_EQ(runTool({"export", "--pdf", report, weather}).status, 0);
+  ASSERT_EQ(runShell("{ pdfinfo '" + report + "'; pdftotext -layout '" + report + "' -; } >'" +
+                     (folder / "text") + "'"),
+            0);
+  EXPECT_THAT(readFile(folder / "text"), Not(AnyOf(HasSubstr("rules"), HasSubstr("swift"))));
 }
 
 TEST_F(ExportCommand, BothAtOnceIsFine) {

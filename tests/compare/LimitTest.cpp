@@ -132,7 +132,9 @@ TEST(Limit, RefusesWhatItDoesNotUnderstandAndSaysWhy) {
   EXPECT_THAT(refusal("noLineTotal>5"), HasSubstr("did you mean noLinesTotal?"));
   EXPECT_THAT(refusal("nolinestotal>5"), HasSubstr("did you mean noLinesTotal?"));
   EXPECT_THAT(refusal("zebra>5"), HasSubstr("getNumberXIBFiles"));
+  EXPECT_THAT(refusal("zebra>5"), HasSubstr(", getNumberStaticMethods;"));
   EXPECT_THAT(refusal("file:getNumberCodeFiles>5"), HasSubstr("of a file"));
+  EXPECT_THAT(refusal("file:zebra>5"), HasSubstr(", noCharactersTotal;"));
   EXPECT_THAT(refusal("noLinesTotal>5%"), HasSubstr("need a sign"));
   EXPECT_THAT(refusal("noLinesTotal>"), HasSubstr("'' is no whole number"));
   EXPECT_THAT(refusal("noLinesTotal>1.5"), HasSubstr("whole number"));
@@ -141,6 +143,7 @@ TEST(Limit, RefusesWhatItDoesNotUnderstandAndSaysWhy) {
   EXPECT_THAT(refusal("noLinesTotal>5>6"), HasSubstr("'5>6'"));
   EXPECT_THAT(refusal("noLinesTotal>99999999999999999999"), HasSubstr("whole number"));
   EXPECT_THAT(refusal("noLinesTotal>+1.1234567%"), HasSubstr("six decimals"));
+  EXPECT_THAT(refusal("noLinesTotal>+1.%"), HasSubstr("per cent"));
   EXPECT_THAT(refusal("noLinesTotal>+1.-5%"), HasSubstr("per cent"));
   EXPECT_THAT(refusal("noLinesTotal>+1000000001%"), HasSubstr("per cent"));
   EXPECT_THAT(refusal("noLinesTotal>+%"), HasSubstr("per cent"));

@@ -69,6 +69,14 @@ TEST(SnapshotReader, TheOrderOfMembersAndUnknownOnesDoNotMatter) {
   EXPECT_EQ(reading.snapshot->files.size(), 1U);
 }
 
+TEST(SnapshotReader, OfTwoListsOfFilesTheLastOneHolds) {
+  const SnapshotReading reading = readSnapshot(replaced(
+      measurement(fileText("/w/b.m")), R"("files")", R"("files": [)" + fileText("/w/a.m") + R"(], "files")"));
+  ASSERT_TRUE(reading.snapshot) << reading.error;
+  ASSERT_EQ(reading.snapshot->files.size(), 1U);
+  EXPECT_EQ(reading.snapshot->files[0].path, "b.m");
+}
+
 TEST(SnapshotReader, AMeasurementFromBeforeVersionsIsOfTheFirst) {
   EXPECT_EQ(errorOf(measurement("", "")), "");
 }

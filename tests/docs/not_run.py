@@ -6,7 +6,7 @@ import re
 
 BUILDS = "builds the project, which takes minutes; continuous integration runs the same presets"
 MEASURES_SPEED = "takes minutes and a quiet machine"
-INSTALLS = "installs packages with the superuser's rights"
+INSTALLS = "installs, with the superuser's rights"
 TALKS = "talks to a server"
 
 NOT_RUN = {
@@ -15,6 +15,9 @@ NOT_RUN = {
     "cmake --preset *": BUILDS,
     "cmake --build *": BUILDS,
     "ctest --preset *": "runs this test",
+    "scripts/package*": "builds and installs packages; the packages are tried by the script itself",
+    "cmake --install *": INSTALLS,
+    "apt install *": INSTALLS,
     "apt-get update": INSTALLS,
     "apt-get install *": INSTALLS,
     "curl *": TALKS,

@@ -53,7 +53,8 @@ def check_parsing():
         "cat > file <<'END'\n$ no command\nEND", "quillmeter-cli c", "first", "second", "third", "fourth"], \
         [c.text for c in found]
     listed = list(commands("1. Then\n\n       $ a\n       b\n         c\n\n   ```sh\n   d\n   ```\n"))
-    assert [(c.text, c.output) for c in listed] == [("a", ["b", "  c", ""]), ("d", None)], [(c.text, c.output) for c in listed]
+    listed = [(command.text, command.output) for command in listed]
+    assert listed == [("a", ["b", "  c", ""]), ("d", None)], listed
     assert found[0].status() == 1 and found[0].output is None and found[0].line_number == 3
     assert found[1].status() == 0 and found[1].without_comment() == "other"
     assert found[2].output == ["one …", "", "three"] and found[4].output == ["quillmeter-cli: an error", ""]

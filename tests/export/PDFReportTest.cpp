@@ -245,6 +245,13 @@ TEST_F(PDFReport, CellsAndRulesHaveTheirPlaceAndColours) {
   EXPECT_THAT(page, HasSubstr("0.90196 0.92157 0.93725 RG\n2 w\n75 694 m\n1269 694 l\nS"));
 }
 
+TEST_F(PDFReport, EveryPageRestoresAsOftenAsItSaves) {
+  for (const std::string& page : pdfContents(render(sources(20)))) {
+    EXPECT_GT(count(page, "\nq\n"), 0);
+    EXPECT_EQ(count("\n" + page, "\nq\n"), count(page, "\nQ\n"));
+  }
+}
+
 TEST_F(PDFReport, EveryGroupHasItsHeader) {
   const auto words =
       pdfWords(render({record({.name = "a.mm", .size = 1024, .lines = 5}),

@@ -80,12 +80,13 @@ def compared_by_current_rules(tool, before, after):
         states.append(state / "numbers.json")
         subprocess.run([tool, "measure", "--format", "json", "-o", states[-1], *rules, state], check=True)
     assert run(tool, "compare", "--format", "json", *states) == comparison
-    lines = [sum(f["noLinesTotal"] for f in json.loads(s.read_text())["files"] if f["fileName"].endswith((".swift", ".h")))
-             for s in states]
+    lines = [sum(file["noLinesTotal"] for file in json.loads(state.read_text())["files"]
+                 if file["fileName"].endswith((".swift", ".h"))) for state in states]
     total = comparison["totals"]["noLinesTotal"]
     assert [total["before"], total["after"], total["difference"]] == [*lines, lines[1] - lines[0]], total
     assert comparison["rules"] == "current"
-    refused = subprocess.run([tool, "compare", states[0], after], stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False)
+    refused = subprocess.run([tool, "compare", states[0], after], stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                             check=False)
     said = refused.stderr.decode().splitlines()[-1]
     assert (refused.returncode, refused.stdout) == (2, b"") and said == (
         "quillmeter-cli: these numbers cannot be compared: the earlier ones are by the current rules, the later ones by "

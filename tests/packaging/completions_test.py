@@ -133,6 +133,7 @@ class CompletionsTest(unittest.TestCase):
 
     def test_words_of_lists_limits_and_numbers(self):
         self.assert_offers("export --kinds ", ["c", "headers", "objc", "swift", "images", "xib"])
+        self.assert_offers("export --kinds c,he", ["c,headers"])
         self.assert_offers("measure --fail-if noLinesT", ["noLinesTotal"])
         self.assert_offers("compare --top ", ["all"])
 

@@ -5,7 +5,6 @@ stands for the application everywhere, its windows included, and the icons have 
 usage: desktop_test.py INSTALLED APPLICATION SOURCE_DIR VERSION
 """
 
-import glob
 import os
 import pathlib
 import re
@@ -61,7 +60,7 @@ class NamesTest(unittest.TestCase):
         self.assertEqual(desktop_entry()["Icon"], IDENTIFIER)
         self.assertEqual(desktop_entry()["StartupWMClass"], IDENTIFIER)
         self.assertEqual({path.stem for path in SHARE.glob("icons/hicolor/*/apps/*")}, {IDENTIFIER})
-        manifest = pathlib.Path(only_manifest())
+        (manifest,) = pathlib.Path(SOURCES, "packaging/flatpak").glob("*.yml")
         self.assertEqual(manifest.stem, IDENTIFIER)
         self.assertRegex(manifest.read_text(encoding="utf-8"), rf"(?m)^id: {re.escape(IDENTIFIER)}$")
 
@@ -75,12 +74,6 @@ class NamesTest(unittest.TestCase):
 
     def test_the_version_is_released(self):
         self.assertEqual(self.metadata.find("releases/release").get("version"), VERSION)
-
-
-def only_manifest():
-    manifests = glob.glob(os.path.join(SOURCES, "packaging/flatpak/*.yml"))
-    assert len(manifests) == 1, manifests
-    return manifests[0]
 
 
 class IconsTest(unittest.TestCase):
@@ -113,6 +106,24 @@ class WindowsTest(unittest.TestCase):
         self.desktop.start([APPLICATION])
         window = self.desktop.wait_for_window("Quillmeter")
         self.assertEqual(self.desktop.xdo("getwindowname", window).strip(), "Quillmeter")
+
+    def test_windows_of_a_wayland_compositor_have_it_for_their_application(self):
+        environment = {**self.desktop.environment, "WAYLAND_DISPLAY": "wayland-test", "WAYLAND_DEBUG": "1",
+                       "QT_QPA_PLATFORM": "wayland"}
+        self.desktop.start(["weston", "--backend=headless-backend.so", "--socket=wayland-test", "--idle-time=0"])
+        wait_for(lambda: os.path.exists(environment["XDG_RUNTIME_DIR"] + "/wayland-test"), "the compositor")
+        with open(self.desktop.home + "/requests", "wb") as requests:
+            self.desktop.start([APPLICATION, os.path.join(SOURCES, "samples/Notebook")], env=environment, stderr=requests)
+        asked = pathlib.Path(requests.name)
+
+        def names():
+            said = asked.read_text(encoding="utf-8")
+            found = dict(re.findall(r'set_title\("(.*?)"\)\n.*set_app_id\("(.*?)"\)', said))
+            return found if any("Notebook" in title for title in found) else None
+
+        named = wait_for(names, "the project's window")
+        self.assertIn("Quillmeter", named)
+        self.assertEqual(set(named.values()), {IDENTIFIER})
 
 
 if __name__ == "__main__":

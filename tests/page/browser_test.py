@@ -93,8 +93,8 @@ def printed(browser, page):
     subprocess.run([browser, "--headless=new", "--no-sandbox", "--disable-gpu", f"--user-data-dir={page.parent}/profile",
                     "--no-pdf-header-footer", f"--print-to-pdf={paper}", page.as_uri()],
                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=300, check=True)
-    text = subprocess.run(["pdftotext", "-layout", paper, "-"], stdout=subprocess.PIPE, check=True).stdout.decode("utf-8")
-    return text.split("\f")
+    done = subprocess.run(["pdftotext", "-layout", paper, "-"], stdout=subprocess.PIPE, check=True)
+    return done.stdout.decode("utf-8").split("\f")
 
 
 def check_current_rules(browser, tool, weather, folder):

@@ -16,6 +16,9 @@ TEST(NearestWord, CountsInsertedDeletedReplacedAndSwappedLetters) {
   EXPECT_EQ(editDistance("measure", "measure"), 0U);
   EXPECT_EQ(editDistance("measur", "measure"), 1U);
   EXPECT_EQ(editDistance("fromat", "format"), 1U);
+  EXPECT_EQ(editDistance("emasure", "measure"), 1U);
+  EXPECT_EQ(editDistance("measuer", "measure"), 1U);
+  EXPECT_EQ(editDistance("ba", "ab"), 1U);
   EXPECT_EQ(editDistance("kitten", "sitting"), 3U);
 }
 
