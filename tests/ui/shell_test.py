@@ -36,7 +36,7 @@ class CommandLineTest(unittest.TestCase):
         self.expect_no_display(DISPLAY=":9999")
         self.expect_no_display("-display", ":9999")
         self.expect_no_display(DISPLAY="nonsense")
-        # Every Wayland session has such a folder; without one Wayland's own library would complain before anybody else.
+        self.expect_no_display(WAYLAND_DISPLAY="nowhere", XDG_SESSION_TYPE="wayland")
         with tempfile.TemporaryDirectory() as folder:
             self.expect_no_display(WAYLAND_DISPLAY="nowhere", XDG_SESSION_TYPE="wayland", XDG_RUNTIME_DIR=folder)
         self.expect_no_display("-platform", "nonsense")
