@@ -57,11 +57,12 @@ int exportPdfHere(const std::string& path) {
 /// it, what libraries do when first used included, since this process has used none of it.
 ToolRun runRefused(const std::vector<std::string>& arguments, long granted, Refusal refusal) {
   const testing::Shared<long> requests;
+  const auto argv = testing::argvOf(arguments);
   ToolRun result;
   static_cast<testing::ForkedRun&>(result) = testing::runForked([&] {
     testing::refuseMemoryAfter(granted, refusal);
     const int status =
-        arguments.front() == "pdf" ? exportPdfHere(arguments.back()) : testing::runToolHere(arguments);
+        arguments.front() == "pdf" ? exportPdfHere(arguments.back()) : testing::runToolWith(argv);
     *requests = testing::memoryRequests();
     return status;
   });

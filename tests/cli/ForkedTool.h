@@ -64,13 +64,21 @@ inline ForkedRun runForked(const std::function<int()>& program) {
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), output.text(), errors.text()};
 }
 
-/// The tool itself, in this process.
-inline int runToolHere(const std::vector<std::string>& arguments) {
+/// The arguments as a program gets them. They point into `arguments`.
+inline std::vector<const char*> argvOf(const std::vector<std::string>& arguments) {
   std::vector<const char*> argv{"quillmeter-cli"};
   for (const std::string& argument : arguments)
     argv.push_back(argument.c_str());
   argv.push_back(nullptr);
+  return argv;
+}
+
+/// The tool itself, in this process.
+inline int runToolWith(const std::vector<const char*>& argv) {
   return runTool(static_cast<int>(argv.size()) - 1, argv.data());
+}
+inline int runToolHere(const std::vector<std::string>& arguments) {
+  return runToolWith(argvOf(arguments));
 }
 
 /// Something in memory that child processes share with this one.
