@@ -209,6 +209,18 @@ TEST(OverviewViewController, BarShowsWhatTheLinesAre) {
   EXPECT_EQ(panel->findChild<QLabel*>(u"lblShare3"_s)->text(), u"Empty 2,000"_s);
 }
 
+TEST(OverviewViewController, LegendShowsTheColoursOfTheBar) {
+  FakeStatsHost host(projectWith({record({.name = "a.m", .lines = 10})}));
+  const auto panel = OverviewViewController::create(host);
+  panel->resize(1000, 700);
+  panel->show();
+  for (std::size_t kind = 0; kind < kLineKinds; ++kind) {
+    auto* swatch = panel->findChild<ShareSwatch*>(u"swatch%1"_s.arg(kind + 1));
+    ASSERT_NE(swatch, nullptr);
+    EXPECT_EQ(swatch->grab().toImage().pixelColor(swatch->rect().center()), ShareBar::colorOf(kind)) << kind;
+  }
+}
+
 TEST(LineShares, StayWholeForFiguresThatCannotBe) {
   OverviewFigures figures;
   EXPECT_EQ(lineShares(figures), (std::array{0.0, 0.0, 0.0}));
