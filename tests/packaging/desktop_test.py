@@ -17,7 +17,7 @@ import xml.etree.ElementTree
 INSTALLED, APPLICATION, SOURCES, VERSION = sys.argv[1:5]
 SHARE = pathlib.Path(INSTALLED, "share")
 sys.path.insert(0, os.path.join(SOURCES, "tests/ui"))
-from desktop import Desktop  # noqa: E402
+from desktop import Desktop, wait_for  # noqa: E402
 
 
 def only(pattern):

@@ -36,6 +36,7 @@ class CommandLineTest(unittest.TestCase):
         self.expect_no_display("-display", ":9999")
         self.expect_no_display(DISPLAY="nonsense")
         self.expect_no_display(WAYLAND_DISPLAY="nowhere", XDG_SESSION_TYPE="wayland")
+        self.expect_no_display(WAYLAND_DISPLAY="nowhere", XDG_SESSION_TYPE="wayland", XDG_RUNTIME_DIR="/nonexistent")
         self.expect_no_display("-platform", "nonsense")
 
     def test_help_and_version_need_no_display(self):
