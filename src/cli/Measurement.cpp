@@ -12,7 +12,6 @@
 #include "cli/ReadingReport.h"
 #include "cli/Suggestions.h"
 #include "files/FileSystem.h"
-#include "support/Paths.h"
 #include "support/Text.h"
 #include "xcode/ProjectReaders.h"
 
@@ -66,10 +65,11 @@ std::unique_ptr<ProjectReader> projectRead(const ReadOptions& options) {
 }
 
 std::unique_ptr<ProjectReader> refused(const ProjectReader& project) {
-  // That the description cannot be read is the reason already.
-  const std::string description = joinedPath(project.initialPath(), "project.pbxproj");
-  if (project.faults().firstPath != description || project.faults().count > 1) tellOfFaults(project.faults());
-  complain(whyNothingIsMeasured(project));
+  const std::string reason = whyNothingIsMeasured(project);
+  // What cannot be opened at all is a fault and the reason; it is told once.
+  const ReadFaults& faults = project.faults();
+  if (faults.count != 1 || !reason.ends_with(": " + reasonFor(faults.firstError))) tellOfFaults(faults);
+  complain(reason);
   return nullptr;
 }
 

@@ -9,11 +9,15 @@ MessageQueue::MessageQueue(QObject* parent) : QObject(parent) {
 }
 
 void MessageQueue::post(Message message) {
-  {
-    const std::lock_guard lock(mutex_);
-    messages_.push(std::move(message));
+  const std::lock_guard lock(mutex_);
+  messages_.push_back(std::move(message));
+  try {
+    Q_EMIT posted(QPrivateSignal());
+  } catch (...) {
+    // Nobody would come for it, and it would be taken for the next one.
+    messages_.pop_back();
+    throw;
   }
-  Q_EMIT posted(QPrivateSignal());
 }
 
 void MessageQueue::runNext() {
@@ -21,7 +25,7 @@ void MessageQueue::runNext() {
   {
     const std::lock_guard lock(mutex_);
     message = std::move(messages_.front());
-    messages_.pop();
+    messages_.pop_front();
   }
   message();
 }

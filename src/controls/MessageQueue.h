@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QObject>
+#include <deque>
 #include <functional>
 #include <mutex>
-#include <queue>
 
 namespace quillmeter {
 
@@ -24,6 +24,7 @@ class MessageQueue final : public QObject {
   explicit MessageQueue(QObject* parent = nullptr);
 
   /// Any thread; never waits for the receiver. `message` must not be empty. It may destroy the queue.
+  /// When there is no memory for it, throws and posts nothing.
   void post(Message message);
 
  Q_SIGNALS:
@@ -34,7 +35,7 @@ class MessageQueue final : public QObject {
   void runNext();
 
   std::mutex mutex_;
-  std::queue<Message> messages_;  ///< guarded by the mutex
+  std::deque<Message> messages_;  ///< guarded by the mutex
 };
 
 }  // namespace quillmeter

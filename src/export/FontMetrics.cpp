@@ -5,8 +5,14 @@
 #include <cstddef>
 #include <cstdlib>
 
+#include "support/MemoryGuard.h"
+
 namespace quillmeter {
 namespace {
+
+void* allocate(HPDF_UINT size) {
+  return memoryOrEnd(size);
+}
 
 // No font has a character there.
 constexpr char32_t kLastOfBasicPlane = 0xFFFF;
@@ -14,7 +20,7 @@ constexpr char32_t kLastOfBasicPlane = 0xFFFF;
 }  // namespace
 
 struct FontMetrics::Document {
-  HPDF_Doc handle = HPDF_New(nullptr, nullptr);
+  HPDF_Doc handle = HPDF_NewEx(nullptr, allocate, std::free, 0, nullptr);
   HPDF_Font font = nullptr;
 
   explicit Document(const std::string& name) {

@@ -6,12 +6,19 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <map>
 #include <type_traits>
 #include <vector>
 
+#include "support/MemoryGuard.h"
+
 namespace quillmeter {
 namespace {
+
+void* allocate(HPDF_UINT size) {
+  return memoryOrEnd(size);
+}
 
 // Long lists of pages are cut into a tree, so that no array of the file outgrows the format's limit.
 constexpr HPDF_UINT kPagesInOneNode = 1024;
@@ -58,7 +65,8 @@ struct DocumentDeleter {
 
 struct PdfContext::Implementation {
   // Without an error callback the library only remembers the first error.
-  std::unique_ptr<std::remove_pointer_t<HPDF_Doc>, DocumentDeleter> document{HPDF_New(nullptr, nullptr)};
+  std::unique_ptr<std::remove_pointer_t<HPDF_Doc>, DocumentDeleter> document{
+      HPDF_NewEx(nullptr, allocate, std::free, 0, nullptr)};
   HPDF_Page page = nullptr;
   std::map<std::string, FontMetrics> metrics;
   std::map<double, HPDF_ExtGState> strokeAlphas;

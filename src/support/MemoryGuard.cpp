@@ -34,4 +34,11 @@ void endWhenMemoryRunsOut(void (*end)()) {
   u_setMemoryFunctions(nullptr, allocate, reallocate, release, &status);
 }
 
+void* memoryOrEnd(std::size_t size) {
+  void* const memory = std::malloc(size);
+  const auto end = memory == nullptr ? std::get_new_handler() : nullptr;
+  if (end != nullptr) end();
+  return memory;
+}
+
 }  // namespace quillmeter

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 namespace quillmeter {
 
 /// Has `end` called, on the thread that asked, when memory runs out: for operator new and for the Unicode
@@ -7,5 +9,9 @@ namespace quillmeter {
 /// that is never given back). `end` must not return, nor ask for memory. To be called once, before anything
 /// else of the program runs.
 void endWhenMemoryRunsOut(void (*end)());
+
+/// malloc(3) for a library that takes a refusal badly: ends the program as it was told to above. Null when it
+/// was not.
+[[nodiscard]] void* memoryOrEnd(std::size_t size);
 
 }  // namespace quillmeter

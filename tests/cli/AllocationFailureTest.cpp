@@ -40,7 +40,7 @@ int exportPdfHere(const std::string& path) {
     ::_exit(3);
   });
   const std::shared_ptr<ProjectReader> project = projectReader(ProjectRules::classic);
-  project->parseFileAtPathAndDelegate(std::filesystem::current_path() / "App.xcodeproj", nullptr);
+  project->parseFileAtPathAndDelegate("./App.xcodeproj", nullptr);
   ReportSource source;
   source.project = project;
   source.time = {};

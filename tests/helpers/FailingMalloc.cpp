@@ -21,7 +21,13 @@ constinit std::atomic<long> left = std::numeric_limits<long>::max();
 constinit std::atomic<bool> onlyOne = true;
 constinit std::atomic<bool> refused = false;
 
+// Neither of them asks for memory itself.
+thread_local constinit char thisThread = 0;
+constinit std::atomic<const char*> onlyThread = nullptr;
+
 bool isGranted() {
+  const char* const only = onlyThread.load(std::memory_order_relaxed);
+  if (only != nullptr && only != &thisThread) return true;
   const long number = left.fetch_sub(1, std::memory_order_relaxed);
   if (number > 0 || (number < 0 && onlyOne)) return true;
   refused = true;
@@ -32,9 +38,15 @@ bool isGranted() {
 }  // namespace
 
 void refuseMemoryAfter(long granted, Refusal refusal) {
+  onlyThread = nullptr;
   onlyOne = refusal == Refusal::one;
   first = granted;
   left = granted;
+}
+
+void refuseMemoryOfThisThreadAfter(long granted, Refusal refusal) {
+  refuseMemoryAfter(granted, refusal);
+  onlyThread = &thisThread;
 }
 
 long memoryRequests() {

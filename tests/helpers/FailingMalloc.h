@@ -12,6 +12,9 @@ enum class Refusal {
 /// library and everything above it, operator new among them, ask for memory the way that is counted here.
 void refuseMemoryAfter(long granted, Refusal refusal);
 
+/// The same for the requests of the calling thread alone.
+void refuseMemoryOfThisThreadAfter(long granted, Refusal refusal);
+
 /// The requests since then.
 [[nodiscard]] long memoryRequests();
 

@@ -13,6 +13,7 @@
 
 #include "analysis/ParseProject.h"
 #include "files/FileSystem.h"
+#include "helpers/PlayedFileSystem.h"
 #include "helpers/ProjectFixture.h"
 #include "helpers/Unprivileged.h"
 
@@ -240,6 +241,31 @@ TEST(FileStats, AreThoseOfTheFileThatWasOpened) {
     EXPECT_EQ(integerValue(file->noLinesTotal()), 3);
     expectAllCountersZero(measuredFile(device, classicKinds(), path, beforehand).file);
   }
+}
+
+/// The calls that measuring a file makes.
+std::vector<std::string> callsFor(const std::string& path, Beforehand beforehand) {
+  std::vector<std::string> calls;
+  const testing::PlayedFileSystem disk([&](std::string_view call, const std::string& /*item*/) {
+    calls.emplace_back(call);
+    return DiskError{};
+  });
+  EXPECT_NE(measuredFile(disk, classicKinds(), path, beforehand).file, nullptr);
+  return calls;
+}
+
+TEST(FileStats, OpenNothingThatIsNoRegularFile) {
+  const TemporaryFolder folder;
+  ASSERT_EQ(::mkfifo((folder / "pipe.m").c_str(), 0600), 0);
+  folder.folder("folder.m");
+  EXPECT_EQ(callsFor(folder / "pipe.m", Beforehand::nothing), std::vector<std::string>{"status"});
+  EXPECT_EQ(callsFor(folder / "folder.m", Beforehand::nothing), std::vector<std::string>{"status"});
+}
+
+TEST(FileStats, LookOnceAtWhatAWalkSaysIsARegularFile) {
+  const TemporaryFolder folder;
+  const std::vector<std::string> calls = {"open", "statusOfOpen", "read"};
+  EXPECT_EQ(callsFor(folder.file("a.m", "int a;\n"), Beforehand::regular), calls);
 }
 
 /// A disk whose files grow for as long as they are read.

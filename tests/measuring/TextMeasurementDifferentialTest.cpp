@@ -27,7 +27,7 @@ constexpr std::array<std::string_view, 25> kWhiteSpace{
     "\u2009", "\u200A", "\u2028", "\u2029", "\u202F", "\u205F", "\u3000"};
 
 /// Short texts in which something goes wrong when a border falls in the wrong place.
-constexpr std::array<std::string_view, 12> kDelicateTexts{
+constexpr std::array<std::string_view, 13> kDelicateTexts{
     "\uFEFFint a;\r\n  /* b  \r\n\r\n c */ \r\n */\r\nint  d;  \r\n// e",
     "\uFEFF\uFEFF \u2028\u2029\u0085",
     "/*\n*/\n//\n*/\n/*/\n/**/\n//*\n*/x",
@@ -35,6 +35,7 @@ constexpr std::array<std::string_view, 12> kDelicateTexts{
     "a \u2028 b\u2029 \u0085 c \u1680\u202F\u205F",
     "\U0001F600\U0010FFFF \U00010000\n\uFFFD\uE000\uD7FF",
     "\u00A0/* \u2028\u00A0\u2029 \u3000*/\u0085\u3000// x",
+    "\u0080\u00BF \u07C0\u07FF\u0800 \u0E17\u0FFF\n\u1000\uF000\U00010000 \U00040000\U00100000",
     "a\u00A0\u00A0\u2028\u00A0\u00A0b",
     "\u200B\u2027\u202A\u00A1\u0084\u0086\u3001\u1681\u2060",
     "/\n/\n*\n/ / /\n* /\n /",

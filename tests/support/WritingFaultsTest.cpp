@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <filesystem>
 #include <string>
+#include <system_error>
 
 #include "helpers/TemporaryFolder.h"
 #include "support/AtomicFile.h"
@@ -84,6 +85,7 @@ class WritingFaults : public ::testing::TestWithParam<std::tuple<int, bool>> {};
 TEST_P(WritingFaults, LeaveTheWholeNewFileOrTheOldOne) {
   const auto [error, naming] = GetParam();
   const std::string content(1000, 'n');
+  const std::string reason = std::generic_category().message(error);
   int failures = 0;
   for (int call = 0;; ++call) {
     const TemporaryFolder folder;
@@ -94,6 +96,7 @@ TEST_P(WritingFaults, LeaveTheWholeNewFileOrTheOldOne) {
     const auto message = writeFileAtomically(folder / "a.csv", content, system);
     EXPECT_EQ(readFile(folder / "a.csv"), message ? "old" : content) << call;
     failures += message ? 1 : 0;
+    EXPECT_EQ(message.value_or(reason), reason) << call;
     std::size_t entries = 0;
     for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
       entries += entry.path().filename() == ".quillmeter-17.part" ? 0U : 1U;

@@ -1,28 +1,34 @@
 #!/usr/bin/env python3
-"""Takes the pictures of the documents anew, on X servers of its own, from the sample project and from small ones that
-are made here. scripts/screenshots calls it: screenshots.py APPLICATION FOLDER [NAME...]"""
+"""Takes the pictures of the documents anew, on X servers of its own, from the sample projects and from small ones that
+are made here. scripts/screenshots calls it: screenshots.py APPLICATION DRAG_SOURCE FOLDER [NAME...]"""
 
 import os
 import pathlib
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
 import time
+import urllib.parse
 
-sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from desktop import Desktop, wait_for  # noqa: E402
+from desktop import TIMEOUT, Desktop, wait_for
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-APPLICATION, FOLDER = os.path.abspath(sys.argv[1]), pathlib.Path(sys.argv[2])
-WANTED = set(sys.argv[3:])
+APPLICATION, DRAG_SOURCE = (os.path.abspath(program) for program in sys.argv[1:3])
+FOLDER = pathlib.Path(sys.argv[3])
+WANTED = set(sys.argv[4:])
 # A copy of the samples, so that no picture shows where the sources lie.
 PROJECTS = tempfile.TemporaryDirectory(prefix="projects-")
 SAMPLE = pathlib.Path(PROJECTS.name) / "samples/Notebook"
+SWIFT_SAMPLE = pathlib.Path(PROJECTS.name) / "samples/Weather"
 SCREEN = (1366, 900)
-STATS = "^Quillmeter – "
+MAIN = "Quillmeter"
+STATS = "Quillmeter – .*"
+TOOL = "Clean-up – .*"
 SETTLED = 0.8  # seconds after which fades and tool tips have ended
 GROWN = 1.6  # and a chart has grown
+AROUND = 30  # of the desktop around the main screen
 
 PROJECT = """// !$*UTF8*$!
 {
@@ -35,17 +41,17 @@ PROJECT = """// !$*UTF8*$!
 class Scene:
     """The application on a desktop of its own."""
 
-    def __init__(self, project=None, **options):
-        scale = options.get("scale", 1.0)
-        self.desktop = Desktop(tuple(int(side * scale) for side in SCREEN), **options)
+    def __init__(self, *arguments, first=None, scale=1.0, **options):
+        self.desktop = Desktop(tuple(int(side * scale) for side in SCREEN), scale=scale, **options)
         self.scale = scale
-        self.project = project
+        self.arguments = arguments
+        self.first = first or (STATS if arguments else MAIN)
 
     def __enter__(self):
         try:
-            self.desktop.start([APPLICATION, *([str(self.project)] if self.project else [])])
-            self.window = self.desktop.wait_for_window(STATS if self.project else "^Quillmeter$")
-            self.desktop.xdo("windowactivate", "--sync", self.window[0])
+            self.application = self.desktop.start([APPLICATION, *map(str, self.arguments)])
+            self.window = self.desktop.wait_for_window(self.first)
+            self.desktop.activate(self.window)
             time.sleep(SETTLED)
         except BaseException:
             self.desktop.close()
@@ -62,26 +68,35 @@ class Scene:
 
     def focus_away(self):
         """No ring of the keyboard on what is shown."""
-        self.desktop.xdo("mousemove", "--window", self.window[0], 3, 3)
+        self.point(3, 3)
+
+    def point(self, x, y, *then):
+        self.desktop.xdo("mousemove", "--window", self.window, int(x * self.scale), int(y * self.scale), *then)
 
     def click(self, x, y):
-        self.desktop.xdo("mousemove", "--window", self.window[0], int(x * self.scale), int(y * self.scale), "click", 1)
+        self.point(x, y, "click", 1)
+
+    def height(self):
+        return self.desktop.geometry(self.window)[3] / self.scale
+
+    def width(self):
+        return self.desktop.geometry(self.window)[2] / self.scale
 
     def save(self, name, wait=SETTLED, window=None, around=0):
         """The window, and as much of what lies around it."""
         time.sleep(wait)
-        _, x, y, width, height = window or self.window
+        x, y, width, height = self.desktop.geometry(window or self.window)
+        around = int(around * self.scale)
         area = "%dx%d+%d+%d" % (width + 2 * around, height + 2 * around, max(0, x - around), max(0, y - around))
-        self.desktop.output("import", "-window", "root", "-crop", area, "+repage", "-strip", "PNG24:" +
-                            str(FOLDER / (name + ".png")))
+        picture = str(FOLDER / (name + ".png"))
+        self.desktop.output("import", "-window", "root", "-crop", area, "+repage", "-strip", "PNG24:" + picture)
         if shutil.which("pngquant"):
-            subprocess.run(["pngquant", "--force", "--ext", ".png", "--skip-if-larger", str(FOLDER / (name + ".png"))],
-                           check=False)
-        print(name)
+            subprocess.run(["pngquant", "--force", "--ext", ".png", "--skip-if-larger", picture], check=False)
+        print(name, flush=True)
 
 
 def made_project(folder, name, files):
-    """A project of that name with text files of some lines each, or with none of its files on disk."""
+    """A project of that name with text files of some lines each."""
     place = pathlib.Path(folder) / name
     (place / (name + ".xcodeproj")).mkdir(parents=True)
     references = ""
@@ -98,9 +113,10 @@ def overview():
         scene.focus_away()
         scene.save("stats-overview")
         for x in (240, 244, 248):
-            scene.desktop.xdo("mousemove", "--window", scene.window[0], x, 345)
+            scene.point(x, 345)
             time.sleep(0.1)
         scene.save("stats-tooltip", 2.0)
+        scene.focus_away()
         scene.key("ctrl+4")
         scene.save("stats-export")
         scene.key("ctrl+2")
@@ -120,14 +136,17 @@ def dark():
 
 def menus():
     with Scene(SAMPLE) as scene:
-        height = scene.window[4]
-        scene.click(60, height - 86)
+        scene.click(60, scene.height() - 86)
         scene.save("stats-tools")
         scene.key("Return")
-        tool = scene.desktop.wait_for_window("^Clean-up – ")
+        scene.desktop.wait_for_window(TOOL)
+        scene.focus_away()
         scene.save("stats-cleanup")
         scene.key("Escape")
+        wait_for(lambda: not scene.desktop.windows(TOOL), "the end of the tool")
+        scene.desktop.activate(scene.window)
         scene.key("ctrl+w")
+        scene.desktop.wait_for_window(MAIN)
         scene.save("stats-close")
 
 
@@ -157,19 +176,38 @@ def without_code():
 
 
 def reminder():
+    """It comes with the third statistics window that was shown for four seconds."""
     with Scene(SAMPLE) as scene:
         for _ in range(2):
             time.sleep(5)
-            scene.key("ctrl+w", "Return")
-            scene.desktop.wait_for_window("^Quillmeter$")
-            scene.desktop.start([APPLICATION, str(SAMPLE)])
+            scene.desktop.activate(scene.window)
+            scene.key("ctrl+w")
+            scene.desktop.wait_for_window(MAIN)  # the question
+            scene.key("Return")
+            wait_for(lambda: not scene.desktop.windows(STATS), "the end of the statistics")
+            scene.desktop.activate(scene.desktop.wait_for_window(MAIN))
+            scene.key("ctrl+q")
+            scene.application.wait(TIMEOUT)
+            scene.application = scene.desktop.start([APPLICATION, str(SAMPLE)])
             scene.window = scene.desktop.wait_for_window(STATS)
-        scene.save("stats-reminder", 6)
+        scene.focus_away()
+        scene.desktop.wait_for_window(MAIN)  # the reminder
+        scene.save("stats-reminder")
+
+
+def rules():
+    with Scene(SWIFT_SAMPLE) as scene:
+        scene.focus_away()
+        scene.save("rules-offer")
+    with Scene("--rules", "current", SWIFT_SAMPLE, first=STATS) as scene:
+        scene.focus_away()
+        scene.key("ctrl+2")
+        scene.save("rules-current")
 
 
 def details():
     with Scene(SAMPLE) as scene:
-        right = scene.window[3]
+        right = scene.width()
         scene.key("ctrl+2")
         time.sleep(SETTLED)
         scene.click(right - 250, 69)
@@ -184,9 +222,9 @@ def details_dark():
     with Scene(SAMPLE, dark=True) as scene:
         scene.key("ctrl+2")
         time.sleep(SETTLED)
-        scene.click(scene.window[3] - 145, 69)
+        scene.click(scene.width() - 145, 69)
         time.sleep(SETTLED)
-        scene.click(scene.window[3] - 145, 284)
+        scene.click(scene.width() - 145, 284)
         scene.focus_away()
         scene.save("details-images-dark")
 
@@ -229,32 +267,60 @@ def clean_up():
     for dark_windows, scale, names in ((False, 1.0, ("cleanup-searching", "cleanup-found")),
                                        (True, 2.0, (None, "cleanup-2x-dark"))):
         with Scene(SAMPLE, dark=dark_windows, scale=scale) as scene:
-            scene.click(60, scene.window[4] / scale - 86)
+            scene.click(60, scene.height() - 86)
             time.sleep(SETTLED)
             scene.key("Return")
-            tool = scene.desktop.wait_for_window("^Clean-up – ")
-            time.sleep(SETTLED)
-            scene.desktop.xdo("mousemove", "--window", tool[0], int(tool[3] - 60 * scale), int(36 * scale), "click", 1)
+            scene.window = scene.desktop.wait_for_window(TOOL)
+            scene.click(scene.width() - 60, 36)
             if names[0]:
-                scene.save(names[0], 0.3, tool)
-            scene.save(names[1], 2.0, tool)
+                scene.save(names[0], 0.3)
+            scene.save(names[1], 2.0)
 
 
 def main_screen():
     for name, options in (("main-idle", {}), ("main-idle-2x", {"scale": 2.0})):
-        with Scene(**options) as scene:
-            scene.save(name, around=0)
+        with Scene(compositor=True, **options) as scene:
+            scene.focus_away()
+            scene.save(name, around=0 if "2x" in name else AROUND)
     with tempfile.TemporaryDirectory() as folder:
-        desktop = Desktop(SCREEN)
-        try:
-            desktop.start([APPLICATION, folder])
-            desktop.wait_for_window("^Quillmeter$")
-            time.sleep(2)
-            scene = Scene.__new__(Scene)
-            scene.desktop, scene.scale, scene.window = desktop, 1.0, ("root", 383, 180, 600, 540)
-            scene.save("main-error")
-        finally:
-            desktop.close()
+        with Scene(folder, first=MAIN, compositor=True) as scene:
+            wait_for(lambda: len(scene.desktop.windows(MAIN)) == 2, "the alert")
+            main = next(window for window, (_, _, *size) in scene.desktop.windows(MAIN).items() if size == [420, 360])
+            scene.save("main-error", window=main, around=90)
+
+
+def drags():
+    """What the main screen says of a drag above it."""
+    for name, dragged in (("main-valid", SAMPLE), ("main-invalid", SAMPLE / "Notebook.xcodeproj")):
+        with Scene(compositor=True) as scene, tempfile.NamedTemporaryFile() as listing:
+            listing.write(b"file://" + urllib.parse.quote(str(dragged)).encode() + b"\r\n")
+            listing.flush()
+            environment = {**scene.desktop.environment, "DBUS_SESSION_BUS_ADDRESS": "disabled:"}
+            scene.desktop.start([DRAG_SOURCE, listing.name], env=environment)
+            x, y, width, height = scene.desktop.geometry(scene.desktop.wait_for_window("Drag source"))
+            scene.desktop.xdo("mousemove", x + width // 2, y + height // 2, "mousedown", 1)
+            for _ in range(2):
+                scene.desktop.xdo("mousemove_relative", "--", 15, 15, "sleep", 0.2)
+            for step in range(6):
+                scene.point(210 + step, 150 + step, "sleep", 0.1)
+            scene.save(name, around=AROUND)
+
+
+def reading():
+    """Held for the picture, since a read is over before anybody looks."""
+    with tempfile.TemporaryDirectory() as folder:
+        project = made_project(folder, "Archive", {"File%d.c" % number: 200 for number in range(6000)})
+        with Scene(compositor=True) as scene:
+            scene.application.terminate()
+            scene.application.wait(TIMEOUT)
+            said = pathlib.Path(folder) / "said"
+            with open(said, "wb") as stream:
+                scene.application = scene.desktop.start([APPLICATION, str(project)], stderr=stream)
+            scene.window = wait_for(lambda: next(iter(scene.desktop.windows(MAIN)), None), "the main screen")
+            wait_for(lambda: said.read_text(errors="replace").count("parsing file") > 1500, "a part of the read")
+            scene.application.send_signal(signal.SIGSTOP)
+            scene.save("main-reading", around=AROUND)
+            scene.application.send_signal(signal.SIGCONT)
 
 
 def report():
@@ -266,7 +332,7 @@ def report():
                        env=environment)
         subprocess.run(["pdftoppm", "-png", "-r", "48.2", "-f", "1", "-singlefile", path,
                         str(FOLDER / "report-page")], check=True)
-        print("report-page")
+        print("report-page", flush=True)
 
 
 SCENES = {overview: ("stats-overview", "stats-tooltip", "stats-export", "stats-details", "stats-charts", "charts-pie"),
@@ -276,6 +342,7 @@ SCENES = {overview: ("stats-overview", "stats-tooltip", "stats-export", "stats-d
           german: ("stats-german",),
           without_code: ("stats-empty", "details-empty"),
           reminder: ("stats-reminder",),
+          rules: ("rules-offer", "rules-current"),
           details: ("details-all-columns", "details-filters"),
           details_dark: ("details-images-dark",),
           charts: ("charts-panel", "charts-bars"),
@@ -283,6 +350,8 @@ SCENES = {overview: ("stats-overview", "stats-tooltip", "stats-export", "stats-d
           charts_growing: ("charts-growing-dark",),
           clean_up: ("cleanup-searching", "cleanup-found", "cleanup-2x-dark"),
           main_screen: ("main-idle", "main-idle-2x", "main-error"),
+          drags: ("main-valid", "main-invalid"),
+          reading: ("main-reading",),
           report: ("report-page",)}
 
 

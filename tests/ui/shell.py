@@ -92,7 +92,7 @@ class Shell(unittest.TestCase):
         return path
 
     def settings(self, text):
-        os.makedirs(self.desktop.home + "/config/Quillmeter")
+        os.makedirs(self.desktop.home + "/config/Quillmeter", exist_ok=True)
         with open(self.desktop.home + "/config/Quillmeter/Quillmeter.ini", "w") as stream:
             stream.write(text)
 
