@@ -295,8 +295,10 @@ void DrawingCanvasView::updateAccessibleTexts() {
 QRect DrawingCanvasView::partRect(std::size_t part) const {
   QRectF place;
   if (showsPie()) {
-    const ChartLegendRow row = pieChartDrawing(contents_, toChartSize(bounds())).legend.at(part);
-    place = toRectF(row.box).united(toRectF(row.label.frame));
+    const std::vector<ChartLegendRow> legend = pieChartDrawing(contents_, toChartSize(bounds())).legend;
+    // While one chart takes another's place its parts are not known yet.
+    if (part >= legend.size()) return {};
+    place = toRectF(legend[part].box).united(toRectF(legend[part].label.frame));
   } else if (lensesDetailsPoints_ && part < lensesDetailsPoints_->size()) {
     const ChartBar& bar = (*lensesDetailsPoints_)[part];
     place = toRectF(bar.lense).united(bar.rectangle ? toRectF(*bar.rectangle) : QRectF());

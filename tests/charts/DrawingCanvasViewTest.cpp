@@ -488,5 +488,18 @@ TEST(DrawingCanvasView, AccessibleTextsNameChartAndContents) {
             QStringLiteral("Code lines (50.00%); Comment lines (25.00%); Empty lines (25.00%)"));
 }
 
+TEST(DrawingCanvasView, PartsHavePlacesOnceTheyAreDrawnAndNoneWhileAnotherChartComes) {
+  DrawingCanvasView canvas;
+  setBars(canvas, 15);
+  canvas.updateAccessibleTexts();
+  ASSERT_EQ(canvas.parts().size(), 15U);
+  EXPECT_TRUE(canvas.partRect(14).isEmpty());
+  static_cast<void>(painted(canvas, 1));
+  EXPECT_FALSE(canvas.partRect(14).isEmpty());
+  setPie(canvas, 0.5, 0.25);
+  EXPECT_TRUE(canvas.partRect(14).isEmpty());
+  EXPECT_FALSE(canvas.partRect(2).isEmpty());
+}
+
 }  // namespace
 }  // namespace quillmeter
