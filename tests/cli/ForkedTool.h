@@ -64,13 +64,18 @@ inline ForkedRun runForked(const std::function<int()>& program) {
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), output.text(), errors.text()};
 }
 
-/// The tool itself, in this process.
-inline int runToolHere(const std::vector<std::string>& arguments) {
+/// A command line of the tool, which lives as long as `arguments` do.
+inline std::vector<const char*> commandLine(const std::vector<std::string>& arguments) {
   std::vector<const char*> argv{"quillmeter-cli"};
   for (const std::string& argument : arguments)
     argv.push_back(argument.c_str());
   argv.push_back(nullptr);
-  return runTool(static_cast<int>(argv.size()) - 1, argv.data());
+  return argv;
+}
+
+/// The tool itself, in this process.
+inline int runToolHere(const std::vector<const char*>& commandLine) {
+  return runTool(static_cast<int>(commandLine.size()) - 1, commandLine.data());
 }
 
 /// Something in memory that child processes share with this one.
