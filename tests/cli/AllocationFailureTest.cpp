@@ -57,12 +57,12 @@ int exportPdfHere(const std::string& path) {
 /// it, what libraries do when first used included, since this process has used none of it.
 ToolRun runRefused(const std::vector<std::string>& arguments, long granted, Refusal refusal) {
   const testing::Shared<long> requests;
-  const auto argv = testing::argvOf(arguments);
+  const std::vector<const char*> argv = testing::commandLine(arguments);
   ToolRun result;
   static_cast<testing::ForkedRun&>(result) = testing::runForked([&] {
     testing::refuseMemoryAfter(granted, refusal);
     const int status =
-        arguments.front() == "pdf" ? exportPdfHere(arguments.back()) : testing::runToolWith(argv);
+        arguments.front() == "pdf" ? exportPdfHere(arguments.back()) : testing::runToolHere(argv);
     *requests = testing::memoryRequests();
     return status;
   });
@@ -82,7 +82,7 @@ class AllocationFailure : public ::testing::TestWithParam<std::vector<std::strin
     testing::writeProject(project, {"a.m", "b.h", "Über.png"});
     std::filesystem::current_path(project.path());
     const testing::ForkedRun before = testing::runForked([] {
-      return testing::runToolHere({"measure", "--format", "json", "."});
+      return testing::runToolHere(testing::commandLine({"measure", "--format", "json", "."}));
     });
     project.file("before.json", before.output);
   }

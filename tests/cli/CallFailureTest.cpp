@@ -107,8 +107,8 @@ class CallFailure : public ::testing::TestWithParam<std::vector<std::string>> {
     if (!output.empty()) folder.file("one/project/" + output, "old");
     return testing::runForked([&] {
       testing::failCall(failing);
-      const int status =
-          GetParam().front() == "pdf" ? exportPdfHere("out.pdf") : testing::runToolHere(GetParam());
+      const int status = GetParam().front() == "pdf" ? exportPdfHere("out.pdf")
+                                                     : testing::runToolHere(testing::commandLine(GetParam()));
       const auto noted = testing::callsNoted();
       std::copy(noted.begin(), noted.end(), calls->kinds.begin());
       calls->count = noted.size();

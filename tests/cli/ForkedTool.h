@@ -64,8 +64,8 @@ inline ForkedRun runForked(const std::function<int()>& program) {
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), output.text(), errors.text()};
 }
 
-/// The arguments as a program gets them. They point into `arguments`.
-inline std::vector<const char*> argvOf(const std::vector<std::string>& arguments) {
+/// A command line of the tool, which lives as long as `arguments` do.
+inline std::vector<const char*> commandLine(const std::vector<std::string>& arguments) {
   std::vector<const char*> argv{"quillmeter-cli"};
   for (const std::string& argument : arguments)
     argv.push_back(argument.c_str());
@@ -74,11 +74,8 @@ inline std::vector<const char*> argvOf(const std::vector<std::string>& arguments
 }
 
 /// The tool itself, in this process.
-inline int runToolWith(const std::vector<const char*>& argv) {
-  return runTool(static_cast<int>(argv.size()) - 1, argv.data());
-}
-inline int runToolHere(const std::vector<std::string>& arguments) {
-  return runToolWith(argvOf(arguments));
+inline int runToolHere(const std::vector<const char*>& commandLine) {
+  return runTool(static_cast<int>(commandLine.size()) - 1, commandLine.data());
 }
 
 /// Something in memory that child processes share with this one.

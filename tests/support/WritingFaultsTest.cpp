@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <string>
 #include <system_error>
@@ -87,7 +88,9 @@ TEST_P(WritingFaults, LeaveTheWholeNewFileOrTheOldOne) {
   const std::string content(1000, 'n');
   const std::string reason = std::generic_category().message(error);
   int failures = 0;
+  int runs = 0;
   for (int call = 0;; ++call) {
+    ++runs;
     const TemporaryFolder folder;
     folder.file("a.csv", "old");
     // A leftover of another process, so that there is something to remove.
@@ -103,6 +106,7 @@ TEST_P(WritingFaults, LeaveTheWholeNewFileOrTheOldOne) {
     EXPECT_TRUE(entries == 1U || system.failedToRemove()) << call;
     if (system.calls() <= call) break;
   }
+  std::printf("[  FAULTS  ] %d runs\n", runs);
   // Interrupted calls are made again.
   EXPECT_GE(failures, error == EINTR ? 1 : 4);
 }
