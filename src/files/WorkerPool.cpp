@@ -50,14 +50,32 @@ WorkerPool::~WorkerPool() {
   }
 }
 
+/// For whoever adds tasks, in the middle of one or between two.
+std::unique_lock<std::mutex> WorkerPool::locked() {
+  std::unique_lock lock(mutex_, std::try_to_lock);
+  if (lock.owns_lock()) return lock;
+  lock.lock();
+  const auto gauge = gauges_.find(std::this_thread::get_id());
+  (gauge == gauges_.end() ? ownersGauge_ : *gauge->second).restart();
+  return lock;
+}
+
+/// Waiting for each other is nothing that more threads would help against, so it does not count as waiting
+/// here or above.
+void WorkerPool::lockAgain(std::unique_lock<std::mutex>& lock, WaitGauge& gauge) {
+  if (lock.try_lock()) return;
+  lock.lock();
+  gauge.restart();
+}
+
 void WorkerPool::add(Task task) {
-  std::unique_lock lock(mutex_);
+  std::unique_lock lock = locked();
   tasks_.push_back(std::move(task));
   callHelp(lock, tasks_.size() / (kWorthWaking * (started_ - idle_)));
 }
 
 void WorkerPool::addFirst(std::vector<Task> tasks) {
-  std::unique_lock lock(mutex_);
+  std::unique_lock lock = locked();
   for (Task& task : tasks)
     tasks_.push_front(std::move(task));
   callHelp(lock, tasks_.size() - 1);  // the caller does one of them itself
@@ -128,6 +146,7 @@ std::size_t WorkerPool::threads() const {
 void WorkerPool::help() {
   std::unique_lock lock(mutex_);
   WaitGauge gauge;
+  gauges_.emplace(std::this_thread::get_id(), &gauge);
   while (!isEnding_) {
     if (!tasks_.empty() && !isAlone_) {
       doNext(lock, gauge);
@@ -138,6 +157,7 @@ void WorkerPool::help() {
     --idle_;
     gauge.restart();
   }
+  gauges_.erase(std::this_thread::get_id());
 }
 
 /// Does one task without the lock. Brings another thread when this one waited for most of the last while.
@@ -154,10 +174,7 @@ void WorkerPool::doNext(std::unique_lock<std::mutex>& lock, WaitGauge& gauge) {
     failure = std::current_exception();
   }
   const bool waited = gauge.findsWaiting();
-  if (!lock.try_lock()) {
-    lock.lock();
-    gauge.restart();  // waiting for each other is nothing that more threads would help against
-  }
+  lockAgain(lock, gauge);
   --running_;
   if (failure && !failure_) {
     failure_ = failure;

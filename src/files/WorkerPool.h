@@ -5,6 +5,7 @@
 #include <deque>
 #include <exception>
 #include <functional>
+#include <map>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -60,6 +61,8 @@ class WorkerPool {
   [[nodiscard]] std::size_t threads() const;
 
  private:
+  [[nodiscard]] std::unique_lock<std::mutex> locked();
+  void lockAgain(std::unique_lock<std::mutex>& lock, WaitGauge& gauge);
   void callHelp(std::unique_lock<std::mutex>& lock, std::size_t wanted);
   void help();
   void doNext(std::unique_lock<std::mutex>& lock, WaitGauge& gauge);
@@ -80,6 +83,7 @@ class WorkerPool {
   bool isEnding_ = false;
   bool canStartMore_ = true;
   std::exception_ptr failure_;
+  std::map<std::thread::id, WaitGauge*> gauges_;  ///< of the helpers; each is for its own thread alone
   WaitGauge ownersGauge_;
 };
 

@@ -27,9 +27,9 @@ std::size_t sourcesIn(const ExtensionCounts& files) {
 /// references name, what lies in folders, and what the classic rules look for in the wrong place.
 bool mayBeMuch(const MeasuredProject& project) {
   const ProjectFindings& found = project.findings();
-  return project.files().empty() || found.hasOtherFolders ||
-         sourcesIn(found.other) + sourcesIn(found.inFolders) + found.missing.size() >
-             project.getNumberCodeFiles();
+  if (project.files().empty() || found.hasOtherFolders) return true;
+  const std::size_t most = sourcesIn(found.other) + sourcesIn(found.inFolders) + found.missing.size();
+  return most > 0 && most > project.getNumberCodeFiles();
 }
 
 std::vector<std::pair<std::string, std::size_t>> mostFirst(const std::map<std::string, std::size_t>& counts) {

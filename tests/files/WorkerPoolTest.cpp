@@ -122,6 +122,19 @@ TEST(WorkerPool, DoesNotGrowWhileItsTasksWork) {
   EXPECT_EQ(pool.threads(), 1U);
 }
 
+TEST(WorkerPool, DoesNotGrowWhileItsThreadsWaitForEachOther) {
+  WorkerPool pool({2, 32});
+  std::atomic<int> done = 0;
+  for (int i = 0; i < 300'000; ++i) {
+    pool.add([&done] { ++done; });
+    if (i % 8 == 0) pool.workUntil([] { return true; });
+    if (i % 256 == 0) pool.workUntilIdle();
+  }
+  pool.workUntilIdle();
+  EXPECT_EQ(done, 300'000);
+  EXPECT_LE(pool.threads(), 2U);
+}
+
 TEST(WorkerPool, HandsAHelpersFailureToItsOwner) {
   WorkerPool pool({2, 2});
   Meeting meeting(2);
