@@ -250,7 +250,8 @@ TEST(DrawingCanvasView, LooksTheSameEachTime) {
 TEST(DrawingCanvasView, UnknownGraphTypeDrawsNothing) {
   DrawingCanvasView canvas;
   setBars(canvas, 3);
-  for (const std::int32_t graphType : {-1, 5, std::numeric_limits<std::int32_t>::max()}) {
+  for (const std::int32_t graphType :
+       {-1, static_cast<std::int32_t>(kAllCharts.size()), std::numeric_limits<std::int32_t>::max()}) {
     canvas.setGraphType(graphType);
     const QImage image = painted(canvas, 1);
     QImage blank(image.size(), image.format());
