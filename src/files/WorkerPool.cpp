@@ -50,7 +50,7 @@ WorkerPool::~WorkerPool() {
   }
 }
 
-/// For whoever adds tasks, in the middle of one or between two.
+/// For whoever adds tasks, in the middle of one or between two, or begins to work on them.
 std::unique_lock<std::mutex> WorkerPool::locked() {
   std::unique_lock lock(mutex_, std::try_to_lock);
   if (lock.owns_lock()) return lock;
@@ -91,7 +91,7 @@ void WorkerPool::callHelp(std::unique_lock<std::mutex>& lock, std::size_t wanted
 }
 
 void WorkerPool::workUntil(const std::function<bool()>& isDone) {
-  std::unique_lock lock(mutex_);
+  std::unique_lock lock = locked();
   for (;;) {
     if (failure_) {
       ownerWaits_ = true;
