@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <nlohmann/json.hpp>
 
 #include "cli/RunTool.h"
@@ -36,6 +37,15 @@ TEST_F(CleanupCommand, ListsWhatIsNotReferencedInTheOrderOfNames) {
   EXPECT_EQ(result.errors, "");
   EXPECT_EQ(result.output, "Size (KB)  Path\n        0  " + (folder / "a.h") + "\n      1.5  " +
                                (folder / "A.png") + "\n 1,234.57  " + (folder / "z/b.m") + "\n");
+}
+
+TEST_F(CleanupCommand, AlignsSizesByCharacters) {
+  // A French group is parted by a space of three bytes.
+  folder.file("A.png", std::string(1500, 'x'));
+  std::filesystem::resize_file(folder.file("b.m"), 123'456'789);
+  EXPECT_EQ(runTool({"cleanup", folder.path()}, {.variables = {"LC_ALL=fr_FR.UTF-8"}}).output,
+            " Size (KB)  Path\n       1,5  " + (folder / "A.png") + "\n123\u202F456,79  " + (folder / "b.m") +
+                "\n");
 }
 
 TEST_F(CleanupCommand, CongratulatesACleanProject) {
