@@ -6,8 +6,10 @@
 
 #include <QApplication>
 #include <QTest>
+#include <chrono>
 #include <filesystem>
 #include <mutex>
+#include <thread>
 #include <utility>
 
 #include "app/CustomShapeWindow.h"
@@ -58,6 +60,7 @@ class AppDelegateTest : public ::testing::Test {
         [this](std::string_view line) {
           if (line.starts_with("parsing file")) {
             const std::lock_guard pass(readerGate);
+            std::this_thread::sleep_for(readerPause);
           }
           const std::lock_guard lock(logMutex);
           logged.emplace_back(line);
@@ -113,7 +116,8 @@ class AppDelegateTest : public ::testing::Test {
   std::optional<std::string> panelAnswer;
   QWidget* panelOver = nullptr;
   std::string panelFolder;
-  std::mutex readerGate;  ///< a test that holds it keeps readers from coming to their end
+  std::mutex readerGate;                     ///< a test that holds it keeps readers from coming to their end
+  std::chrono::milliseconds readerPause{0};  ///< what a reader takes for each file beside reading it
   std::mutex logMutex;
   std::vector<std::string> logged;
   std::unique_ptr<AppDelegate> delegate;
@@ -535,7 +539,16 @@ TEST_F(AppDelegateTest, ClosingTheScreenDuringAReadLeavesTheReadAlone) {
   EXPECT_TRUE(waitForStats());
 }
 
-TEST_F(AppDelegateTest, QuittingDuringAReadIsQuickAndClean) {
+TEST_F(AppDelegateTest, QuittingDuringAReadLeavesMostFilesUnread) {
+  constexpr std::ptrdiff_t files = 2000;
+  readerPause = 2ms;
+  open(writeProject("p", files));
+  waitForReading();
+  delegate.reset();
+  EXPECT_LT(std::ssize(logLines()), files / 2) << "those that the threads had under way are done";
+}
+
+TEST_F(AppDelegateTest, QuittingDuringAReadIsCleanAtAnyMoment) {
   const std::string project = writeProject("p", 400);
   for (int time = 0; time < 12; ++time) {
     open(project);

@@ -157,7 +157,7 @@ TEST(ProjectRead, StoppedReadStillEnds) {
   EXPECT_TRUE(record.project->files().empty());
 }
 
-TEST(ProjectRead, DestroyedInTheMiddleItStopsTheReaderAndDropsItsMessages) {
+TEST(ProjectRead, DestroyedInTheMiddleItWaitsForTheReaderAndDropsItsMessages) {
   const TemporaryFolder folder;
   const std::string bundle = projectOf(folder, 300);
   for (int time = 0; time < 20; ++time) {
