@@ -58,7 +58,7 @@ void writeRow(const std::vector<std::string>& cells, Output& output) {
 void writeTotals(const Comparison& comparison, const DecimalFormatter& formatter, Output& output) {
   writeRow({"", "Before", "After", "Change", ""}, output);
   output.write("|:--|--:|--:|--:|--:|\n");
-  for (const TotalRow& row : totalRows(comparison.differences, formatter))
+  for (const TotalRow& row : totalRows(comparison, formatter))
     writeRow({row.begin(), row.end()}, output);
 }
 

@@ -11,7 +11,7 @@ using Rows = std::vector<std::vector<std::string>>;
 
 void writeTotals(const Comparison& comparison, const DecimalFormatter& formatter, Output& output) {
   Rows rows{{"", "Before", "After", "Change", ""}};
-  for (const TotalRow& row : totalRows(comparison.differences, formatter))
+  for (const TotalRow& row : totalRows(comparison, formatter))
     rows.emplace_back(row.begin(), row.end());
   writeTextColumns(rows, {0}, output);
 }

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "overview/OverviewCaptions.h"
 #include "overview/OverviewFigures.h"
+#include "xcode/CurrentKinds.h"
 
 namespace quillmeter {
 namespace {
@@ -23,8 +25,18 @@ constexpr std::array<Caption, 10> kCaptions = {{
     {"noCharactersWithoutSpaces", "Characters without spaces"},
     {"getNumberCodeFiles", "Code files"},
     {"getNumberImageFiles", "Image files"},
-    {"getNumberXIBFiles", "Interface files (XIB)"},
+    {"getNumberXIBFiles", ""},
 }};
+
+/// What counts as an interface file depends on the rules.
+std::string captionOf(const Caption& caption, const Comparison& comparison) {
+  if (!caption.caption.empty()) return std::string(caption.caption);
+  const bool isCurrent = comparison.after.rules == "current";
+  const OverviewCaptions captions = overviewCaptions(isCurrent ? currentKinds() : classicKinds());
+  const auto* const found = std::find_if(captions.begin(), captions.end(),
+                                         [](const OverviewCaption& each) { return each.key == "xibFiles"; });
+  return std::string(found->caption);
+}
 
 std::string percentCell(std::int64_t before, std::int64_t after) {
   if (before == after) return "";
@@ -35,14 +47,15 @@ std::string percentCell(std::int64_t before, std::int64_t after) {
 
 }  // namespace
 
-std::vector<TotalRow> totalRows(const Differences& differences, const DecimalFormatter& formatter) {
+std::vector<TotalRow> totalRows(const Comparison& comparison, const DecimalFormatter& formatter) {
+  const Differences& differences = comparison.differences;
   std::vector<TotalRow> rows;
   for (const Caption& caption : kCaptions) {
     const std::size_t place = *totalNamed(caption.name);
     const std::int64_t before = differences.before[place];
     const std::int64_t after = differences.after[place];
     const bool isSize = place == kSizeCounter;
-    rows.push_back({std::string(caption.caption),
+    rows.push_back({captionOf(caption, comparison),
                     isSize ? sizeText(before, formatter) : formatter.format(before),
                     isSize ? sizeText(after, formatter) : formatter.format(after),
                     isSize ? signedSize(after - before, formatter) : signedCount(after - before, formatter),

@@ -16,7 +16,7 @@ namespace quillmeter {
 using TotalRow = std::array<std::string, 5>;
 
 /// One row for each total that people look at: not for the numbers of methods, which are always 0.
-[[nodiscard]] std::vector<TotalRow> totalRows(const Differences& differences,
+[[nodiscard]] std::vector<TotalRow> totalRows(const Comparison& comparison,
                                               const DecimalFormatter& formatter);
 
 /// "2 files added, 1 removed, 28 unchanged".
