@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <chrono>
 #include <future>
+#include <mutex>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -177,20 +178,23 @@ TEST(ProjectRead, DestroyedInTheMiddleItWaitsForTheReaderAndDropsItsMessages) {
 }
 
 /// A disk that hangs from a certain call on until the read that uses it is stopped (or, so that the test ends
-/// in any case, for some seconds).
+/// in any case, for two seconds in all).
 struct HangingDisk {
   static constexpr int kHangsFrom = 40;
   HangingDisk()
       : disk([this](std::string_view, const std::string&) {
           if (++calls < kHangsFrom) return DiskError{};
-          if (!hangs.exchange(true)) hanging.set_value();
-          const auto patience = std::chrono::steady_clock::now() + std::chrono::seconds(2);
+          std::call_once(hangs, [this] {
+            patience = std::chrono::steady_clock::now() + std::chrono::seconds(2);
+            hanging.set_value();
+          });
           while (!stop.stop_requested() && std::chrono::steady_clock::now() < patience)
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
           return DiskError{};
         }) {}
   std::atomic<int> calls = 0;
-  std::atomic<bool> hangs = false;
+  std::once_flag hangs;
+  std::chrono::steady_clock::time_point patience;
   std::promise<void> hanging;
   std::stop_token stop;
   testing::PlayedFileSystem disk;

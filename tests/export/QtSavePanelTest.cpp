@@ -132,7 +132,8 @@ TEST_F(SavePanelSheet, ReplacingIsNotWhatReturnOrEscapeDo) {
   for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
     choose(folder / "stats.pdf");
     ASSERT_NE(question(), nullptr);
-    EXPECT_EQ(question()->defaultButton()->text().remove(QLatin1Char('&')), QStringLiteral("Cancel"));
+    ASSERT_NE(question()->defaultButton(), nullptr);
+    ASSERT_EQ(question()->defaultButton()->text().remove(QLatin1Char('&')), QStringLiteral("Cancel"));
     QTest::keyClick(question()->focusWidget(), key);
     EXPECT_EQ(answers, 0);
     EXPECT_TRUE(dialog()->isVisible());
@@ -145,6 +146,7 @@ TEST_F(SavePanelSheet, QuestionLooksLikeEveryAlert) {
   choose(folder / "stats.pdf");
   ASSERT_NE(question(), nullptr);
   EXPECT_EQ(question()->icon(), QMessageBox::NoIcon);
+  ASSERT_NE(question()->defaultButton(), nullptr);
   EXPECT_EQ(question()->defaultButton()->property("role"), QStringLiteral("primary"));
 }
 

@@ -61,6 +61,7 @@ TEST_F(ReportText, ALineMayBeExactlyAsWideAsItsRoom) {
   const double two = naturalWidth("this fits", font18);
   EXPECT_EQ(lineCount("this fits now", font18, two), 2U);
   EXPECT_EQ(lineCount("this fits now", font18, two - 0.01), 3U);
+  EXPECT_EQ(lineCount("aaaa", font18, naturalWidth("aa", font18)), 2U) << "inside a word as well";
 }
 
 TEST_F(ReportText, EmptyTextMeasuresEnormouslyWide) {
