@@ -198,7 +198,7 @@ void checkComparison(const MeasuredProject& project, std::size_t seed) {
   const Differences differences = differencesBetween(before, after);
   const Comparison comparison{before, after, differences, seed % 7};
   const DecimalFormatter formatter = overviewFormatter();
-  const std::size_t totals = totalRows(differences, formatter).size();
+  const std::size_t totals = totalRows(comparison, formatter).size();
   const std::size_t listed = listedFiles(comparison);
   require(listed == std::min(differences.changes(), comparison.top));
   const std::size_t omitted = omissionSentence(comparison, formatter).empty() ? 0 : 1;

@@ -26,9 +26,9 @@ void DesktopReminder::open(const std::string& url) {
 void remindOfRatings(Services services, QWidget* window) {
   constexpr std::uint64_t kAlertMilestone = 3;
   constexpr std::uint64_t kReminderMilestone = 3;
-  const std::shared_ptr<UserDefaults> defaults = services.userDefaults;
+  UserDefaults& defaults = *services.userDefaults;  // which the desktop keeps
   DesktopReminder desktop(std::move(services), window);
-  RatingsReminder(kVersion, *defaults, desktop, desktop)
+  RatingsReminder(kVersion, defaults, desktop, desktop)
       .alertIfNecessaryWithAppNameAndRateURLAlertMilestoneReminderMilestoneAllowUserNotToRate(
           "Quillmeter", kReviewUrl, kAlertMilestone, kReminderMilestone, true);
 }

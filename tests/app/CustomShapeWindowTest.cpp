@@ -197,17 +197,21 @@ TEST(WindowButton, MouseOverCloseWarnsAndOverMinimiseDoesNot) {
   QWidget window;
   WindowButton close(WindowButton::Kind::close, &window);
   WindowButton minimize(WindowButton::Kind::minimize, &window);
+  WindowButton disabled(WindowButton::Kind::minimize, &window);
+  disabled.setEnabled(false);
   window.show();
   QApplication::setActiveWindow(&window);
   const auto disc = [](WindowButton& button) { return button.grab().toImage().pixelColor(8, 4); };
   const QColor atRest = disc(close);
   EXPECT_EQ(disc(minimize), atRest);
-  for (WindowButton* button : {&close, &minimize}) {
+  const QColor inactive = disc(disabled);
+  for (WindowButton* button : {&close, &minimize, &disabled}) {
     QEnterEvent event(QPointF(8, 8), QPointF(8, 8), QPointF(8, 8));
     QApplication::sendEvent(button, &event);
   }
   EXPECT_GT(disc(close).red(), disc(close).blue() + 80);
   EXPECT_GT(disc(minimize).blue(), disc(minimize).red() + 80);
+  EXPECT_EQ(disc(disabled), inactive) << "nothing to press there";
 }
 
 TEST(WindowButton, ReturnPressesIt) {
