@@ -381,7 +381,7 @@ class ShellTest(Shell):
         files = 200
         project = os.fsdecode(self.project(files=files))
         for number in range(files):  # all of which nobody could wait for
-            os.truncate("%s/f%d.c" % (project, number), 1 << 30)
+            os.truncate("%s/f%d.c" % (project, number), 1 << 33)
         self.launch(project)
         wait_for(lambda: self.logged("started parsing"), "the read")
         self.quit()
