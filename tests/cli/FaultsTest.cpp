@@ -84,6 +84,21 @@ class FaultsOfPermission : public ::testing::Test {
   std::string bundle;
 };
 
+TEST_F(FaultsOfPermission, OfAProjectAreTheOnlyReasonThatIsGiven) {
+  const std::string description = bundle + "/project.pbxproj";
+  const auto expectReason = [&](const std::string& path) {
+    const testing::Unprivileged unprivileged;
+    const ToolResult result = runTool({"measure", bundle});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_EQ(result.errors, "quillmeter-cli: " + path + ": Permission denied\n");
+  };
+  EXPECT_EQ(::chmod(description.c_str(), 0), 0);
+  expectReason(description);
+  EXPECT_EQ(::chmod(folder.path().c_str(), 0), 0);
+  expectReason(bundle);
+  EXPECT_EQ(::chmod(folder.path().c_str(), 0755), 0);
+}
+
 TEST_F(FaultsOfPermission, AreToldOnceWithTheirNumberAndTheFirst) {
   const testing::Unprivileged unprivileged;
   const ToolResult result = runTool({"measure", "--format", "json", bundle});
