@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <span>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -26,17 +27,18 @@ constexpr std::size_t kMostExtensions = 8;
 /// one.
 std::string countsText(const Counts& counts) {
   const std::size_t shown = counts.size() > kMostExtensions ? kMostExtensions - 1 : counts.size();
-  std::string text;
-  for (std::size_t i = 0; i < shown; ++i) {
-    if (i > 0) text += i + 1 < counts.size() ? ", " : " and ";
-    text += std::to_string(counts[i].second) + " " +
-            (counts[i].first.empty() ? "without extension" : "." + counts[i].first);
+  std::vector<std::string> pieces;
+  for (const auto& [extension, files] : std::span(counts).first(shown))
+    pieces.push_back(std::to_string(files) + " " +
+                     (extension.empty() ? "without extension" : "." + extension));
+  if (shown < counts.size()) {
+    const auto rest = std::span(counts).subspan(shown);
+    const std::size_t others =
+        std::accumulate(rest.begin(), rest.end(), std::size_t{0},
+                        [](std::size_t sum, const auto& count) { return sum + count.second; });
+    pieces.push_back(std::to_string(others) + " others");
   }
-  if (shown == counts.size()) return text;
-  const std::size_t others =
-      std::accumulate(counts.begin() + static_cast<std::ptrdiff_t>(shown), counts.end(), std::size_t{0},
-                      [](std::size_t sum, const auto& count) { return sum + count.second; });
-  return text + " and " + std::to_string(others) + " others";
+  return listInWords(pieces);
 }
 
 bool isBundle(const std::string& path) {

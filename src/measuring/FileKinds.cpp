@@ -119,12 +119,10 @@ bool isOneOf(std::string_view extension, std::span<const std::string_view> forma
 }
 
 std::string extensionsText(std::span<const std::string_view> extensions, std::string_view lastSeparator) {
-  std::string text;
-  for (std::size_t i = 0; i < extensions.size(); ++i) {
-    if (i > 0) text.append(i + 1 < extensions.size() ? ", " : lastSeparator);
-    text.append(".").append(extensions[i]);
-  }
-  return text;
+  std::vector<std::string> pieces;
+  for (const std::string_view extension : extensions)
+    pieces.push_back("." + std::string(extension));
+  return listInWords(pieces, lastSeparator);
 }
 
 }  // namespace quillmeter

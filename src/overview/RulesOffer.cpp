@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "support/Text.h"
 #include "xcode/LeftOut.h"
 
 namespace quillmeter {
@@ -59,13 +60,11 @@ std::vector<Counted> byName(const std::vector<Counted>& sources) {
 std::string rulesOffer(const LeftOut& leftOut) {
   const std::size_t count = leftOut.count();
   if (!leftOut.isMuch || count == 0) return {};
-  std::string sentence;
-  const auto names = byName(leftOut.sources);
-  for (std::size_t at = 0; at < names.size(); ++at) {
-    if (at > 0) sentence += at + 1 < names.size() ? ", " : " and ";
-    sentence += std::to_string(names[at].second) + " " + names[at].first;
-  }
-  return sentence + (count == 1 ? " file is" : " files are") + " not measured by the classic rules.";
+  std::vector<std::string> pieces;
+  for (const auto& [name, files] : byName(leftOut.sources))
+    pieces.push_back(std::to_string(files) + " " + name);
+  return listInWords(pieces) + (count == 1 ? " file is" : " files are") +
+         " not measured by the classic rules.";
 }
 
 }  // namespace quillmeter

@@ -155,6 +155,15 @@ std::size_t findPiece(std::string_view text, std::string_view piece) {
   return static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
 }
 
+std::string listInWords(std::span<const std::string> pieces, std::string_view lastSeparator) {
+  std::string text;
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    if (i > 0) text.append(i + 1 < pieces.size() ? ", " : lastSeparator);
+    text.append(pieces[i]);
+  }
+  return text;
+}
+
 std::string onOneLine(std::string_view text) {
   std::string result;
   result.reserve(text.size());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -43,6 +44,10 @@ namespace quillmeter {
 /// Where `piece` first occurs in `text`, `npos` where it does not; in time linear in the text, however often
 /// the piece nearly occurs, and much quicker than `text.find` for a long piece.
 [[nodiscard]] std::size_t findPiece(std::string_view text, std::string_view piece);
+
+/// "a, b and c" with " and " for `lastSeparator`.
+[[nodiscard]] std::string listInWords(std::span<const std::string> pieces,
+                                      std::string_view lastSeparator = " and ");
 
 [[nodiscard]] bool isValidUtf8(std::string_view text);
 
