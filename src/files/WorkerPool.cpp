@@ -50,22 +50,18 @@ WorkerPool::~WorkerPool() {
   }
 }
 
-/// For whoever adds tasks, in the middle of one or between two, or begins to work on them.
-std::unique_lock<std::mutex> WorkerPool::locked() {
-  std::unique_lock lock(mutex_, std::try_to_lock);
-  if (lock.owns_lock()) return lock;
+/// Waiting for each other is nothing that more threads would help against, so it does not count as waiting.
+void WorkerPool::lockUncounted(std::unique_lock<std::mutex>& lock) {
+  if (lock.try_lock()) return;
   lock.lock();
   const auto gauge = gauges_.find(std::this_thread::get_id());
   (gauge == gauges_.end() ? ownersGauge_ : *gauge->second).restart();
-  return lock;
 }
 
-/// Waiting for each other is nothing that more threads would help against, so it does not count as waiting
-/// here or above.
-void WorkerPool::lockAgain(std::unique_lock<std::mutex>& lock, WaitGauge& gauge) {
-  if (lock.try_lock()) return;
-  lock.lock();
-  gauge.restart();
+std::unique_lock<std::mutex> WorkerPool::locked() {
+  std::unique_lock lock(mutex_, std::defer_lock);
+  lockUncounted(lock);
+  return lock;
 }
 
 void WorkerPool::add(Task task) {
@@ -174,7 +170,7 @@ void WorkerPool::doNext(std::unique_lock<std::mutex>& lock, WaitGauge& gauge) {
     failure = std::current_exception();
   }
   const bool waited = gauge.findsWaiting();
-  lockAgain(lock, gauge);
+  lockUncounted(lock);
   --running_;
   if (failure && !failure_) {
     failure_ = failure;

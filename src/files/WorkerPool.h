@@ -62,7 +62,7 @@ class WorkerPool {
 
  private:
   [[nodiscard]] std::unique_lock<std::mutex> locked();
-  void lockAgain(std::unique_lock<std::mutex>& lock, WaitGauge& gauge);
+  void lockUncounted(std::unique_lock<std::mutex>& lock);
   void callHelp(std::unique_lock<std::mutex>& lock, std::size_t wanted);
   void help();
   void doNext(std::unique_lock<std::mutex>& lock, WaitGauge& gauge);
