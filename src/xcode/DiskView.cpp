@@ -7,10 +7,6 @@ namespace {
 
 using Type = FolderEntry::Type;
 
-bool canExist(const std::string& path) {
-  return path.find('\0') == std::string::npos;
-}
-
 /// The type of an entry of an open folder, links followed to files alone.
 Type typeOf(const FileSystem& fileSystem, const Descriptor& folder, const std::string& name, EntryType type) {
   if (type == EntryType::unknown) {
@@ -27,7 +23,6 @@ Type typeOf(const FileSystem& fileSystem, const Descriptor& folder, const std::s
 }  // namespace
 
 std::optional<FileStatus::Type> DiskView::typeAt(const std::string& path) {
-  if (!canExist(path)) return std::nullopt;
   const auto status = fileSystem_.status(path);
   noteOrFail(path, status.error());
   if (!status) return std::nullopt;
@@ -54,7 +49,6 @@ std::string DiskView::textOf(const std::string& path) {
 
 DiskView::Entries DiskView::listed(const std::string& path) {
   Entries entries;
-  if (!canExist(path)) return entries;
   const auto folder = fileSystem_.openListing(path, FileSystem::Links::follow);
   if (!folder) {
     noteOrFail(path, folder.error());
