@@ -3,13 +3,14 @@
 #include <utility>
 
 #include "charts/DrawingCanvasView.h"
+#include "controls/AccessibleLeaf.h"
 
 namespace quillmeter {
 namespace {
 
 /// A bar or slice. Its value is a text and not a range, which tools would offer to change. It asks the canvas
 /// each time, so it is right as long as its chart keeps it.
-class AccessibleChartPart final : public QAccessibleInterface, public QAccessibleActionInterface {
+class AccessibleChartPart final : public AccessibleLeaf {
  public:
   AccessibleChartPart(const AccessibleChart& chart, std::size_t number) : chart_(chart), number_(number) {}
 
@@ -19,16 +20,10 @@ class AccessibleChartPart final : public QAccessibleInterface, public QAccessibl
   [[nodiscard]] bool isValid() const override {
     return chart_.isValid() && number_ < canvas().parts().size();
   }
-  [[nodiscard]] QObject* object() const override { return nullptr; }
   [[nodiscard]] QAccessibleInterface* parent() const override {
     return QAccessible::queryAccessibleInterface(&canvas());
   }
-  [[nodiscard]] QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
-  [[nodiscard]] int childCount() const override { return 0; }
-  [[nodiscard]] int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
-  [[nodiscard]] QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
   [[nodiscard]] QString text(QAccessible::Text which) const override;
-  void setText(QAccessible::Text /*which*/, const QString& /*text*/) override {}
   [[nodiscard]] QRect rect() const override;
   [[nodiscard]] QAccessible::Role role() const override {
     return canvas().showsBars() ? QAccessible::PushButton : QAccessible::StaticText;
@@ -37,7 +32,6 @@ class AccessibleChartPart final : public QAccessibleInterface, public QAccessibl
 
   [[nodiscard]] QStringList actionNames() const override;
   void doAction(const QString& name) override;
-  [[nodiscard]] QStringList keyBindingsForAction(const QString& /*name*/) const override { return {}; }
 
  private:
   [[nodiscard]] DrawingCanvasView& canvas() const { return *chart_.canvas(); }

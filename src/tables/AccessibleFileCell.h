@@ -2,15 +2,14 @@
 
 #include <QAccessible>
 
+#include "controls/AccessibleLeaf.h"
 #include "tables/AccessibleFileTable.h"
 
 namespace quillmeter {
 
 /// One place of an accessible file table: a cell, a header, or the name that leads a row. It asks the view
 /// each time, so it is right as long as its table keeps it.
-class AccessibleFileCell final : public QAccessibleInterface,
-                                 public QAccessibleTableCellInterface,
-                                 public QAccessibleActionInterface {
+class AccessibleFileCell final : public AccessibleLeaf, public QAccessibleTableCellInterface {
  public:
   /// `row` and `column` are counted with headers.
   AccessibleFileCell(const AccessibleFileTable& table, int row, int column)
@@ -21,14 +20,8 @@ class AccessibleFileCell final : public QAccessibleInterface,
 
   void* interface_cast(QAccessible::InterfaceType type) override;
   [[nodiscard]] bool isValid() const override;
-  [[nodiscard]] QObject* object() const override { return nullptr; }
   [[nodiscard]] QAccessibleInterface* parent() const override;
-  [[nodiscard]] QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
-  [[nodiscard]] int childCount() const override { return 0; }
-  [[nodiscard]] int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
-  [[nodiscard]] QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
   [[nodiscard]] QString text(QAccessible::Text which) const override;
-  void setText(QAccessible::Text /*which*/, const QString& /*text*/) override {}
   [[nodiscard]] QRect rect() const override;
   [[nodiscard]] QAccessible::Role role() const override;
   [[nodiscard]] QAccessible::State state() const override;
@@ -44,7 +37,6 @@ class AccessibleFileCell final : public QAccessibleInterface,
 
   [[nodiscard]] QStringList actionNames() const override;
   void doAction(const QString& name) override;
-  [[nodiscard]] QStringList keyBindingsForAction(const QString& /*name*/) const override { return {}; }
 
  private:
   [[nodiscard]] bool isHeader() const { return row_ == 0; }
