@@ -6,14 +6,9 @@
 #include <vector>
 
 #include "analysis/ExtensionCounts.h"
+#include "analysis/ProjectRules.h"
 
 namespace quillmeter {
-
-/// The sets of rules that say which files a project has. How a file is measured is the same under both.
-enum class ProjectRules {
-  classic,  ///< the file-reference section line by line, each name looked up below the project's folder
-  current,  ///< the object graph, as today's Xcode reads it
-};
 
 /// A target and the files it is built from.
 struct ProjectTarget {

@@ -108,10 +108,4 @@ CommandLine readCommandLine(std::span<const char* const> arguments) {
   return result;
 }
 
-std::optional<ProjectRules> rulesNamed(std::string_view name) {
-  if (name == "classic") return ProjectRules::classic;
-  if (name == "current") return ProjectRules::current;
-  return std::nullopt;
-}
-
 }  // namespace quillmeter

@@ -3,10 +3,9 @@
 #include <optional>
 #include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "analysis/ProjectFindings.h"
+#include "analysis/ProjectRules.h"
 
 namespace quillmeter {
 
@@ -24,8 +23,5 @@ struct CommandLine {
 /// use, say) may stand anywhere before it; they are known here by name alone, so that help and wrong usage
 /// are found without the toolkit and its display.
 [[nodiscard]] CommandLine readCommandLine(std::span<const char* const> arguments);
-
-/// The rules of that name, "classic" or "current".
-[[nodiscard]] std::optional<ProjectRules> rulesNamed(std::string_view name);
 
 }  // namespace quillmeter

@@ -9,7 +9,6 @@
 #include <string_view>
 #include <vector>
 
-#include "app/CommandLine.h"
 #include "export/Export.h"
 #include "overview/OverviewFigures.h"
 #include "stats/CanvasReportChart.h"
@@ -62,10 +61,6 @@ std::optional<std::string> writeToStandardOutput(const std::optional<std::string
 
 int wrongUsage() {
   return failed(kWrongUsage, "usage: quillmeter --report FILE KINDS RULES BUNDLE");
-}
-
-const FileKindTable& kindsBy(ProjectRules rules) {
-  return rules == ProjectRules::current ? currentKinds() : classicKinds();
 }
 
 int report(const std::string& file, const FileGroups& groups, ProjectRules rules, const std::string& bundle) {

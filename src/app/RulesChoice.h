@@ -4,7 +4,7 @@
 #include <optional>
 #include <utility>
 
-#include "analysis/ProjectFindings.h"
+#include "analysis/ProjectRules.h"
 #include "controls/Services.h"
 
 namespace quillmeter {

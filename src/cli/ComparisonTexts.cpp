@@ -28,14 +28,14 @@ constexpr std::array<Caption, 10> kCaptions = {{
     {"getNumberXIBFiles", ""},
 }};
 
+ProjectRules rulesOf(const Comparison& comparison) {
+  return rulesNamed(comparison.after.rules).value_or(ProjectRules::classic);
+}
+
 /// What counts as an interface file depends on the rules.
 std::string captionOf(const Caption& caption, const Comparison& comparison) {
   if (!caption.caption.empty()) return std::string(caption.caption);
-  const bool isCurrent = comparison.after.rules == "current";
-  const OverviewCaptions captions = overviewCaptions(isCurrent ? currentKinds() : classicKinds());
-  const auto* const found = std::find_if(captions.begin(), captions.end(),
-                                         [](const OverviewCaption& each) { return each.key == "xibFiles"; });
-  return std::string(found->caption);
+  return std::string(overviewCaptions(kindsBy(rulesOf(comparison)))[kInterfaceFilesMetric].caption);
 }
 
 std::string percentCell(std::int64_t before, std::int64_t after) {
@@ -84,7 +84,7 @@ std::string omissionSentence(const Comparison& comparison, const DecimalFormatte
 }
 
 std::string rulesLine(const Comparison& comparison) {
-  return comparison.after.rules == "current" ? "Measured by the current rules\n" : "";
+  return rulesOf(comparison) == ProjectRules::current ? "Measured by the current rules\n" : "";
 }
 
 std::string signedCount(std::int64_t number, const DecimalFormatter& formatter) {

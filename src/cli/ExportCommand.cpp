@@ -9,7 +9,6 @@
 #include "cli/Commands.h"
 #include "cli/ExitStatus.h"
 #include "cli/Measurement.h"
-#include "cli/MeasurementFormats.h"
 #include "cli/Output.h"
 #include "cli/ReportProcess.h"
 #include "cli/ToolConfinement.h"
@@ -26,12 +25,8 @@ struct ExportOptions {
   std::optional<std::string> kinds;  ///< all of the rules' when absent
 };
 
-const FileKindTable& kindsOf(ProjectRules rules) {
-  return rules == ProjectRules::current ? currentKinds() : classicKinds();
-}
-
 std::string kindsOf(const ExportOptions& options) {
-  return options.kinds.value_or(fileGroupKeys(kindsOf(options.read.rules)));
+  return options.kinds.value_or(fileGroupKeys(kindsBy(options.read.rules)));
 }
 
 /// Whether two names lead to one file, whichever way they are written.
@@ -51,7 +46,7 @@ std::optional<std::string> misuse(const ExportOptions& options) {
   if (options.csv && options.pdf && isOneFile(*options.csv, *options.pdf)) {
     return "export: --csv and --pdf name the same file";
   }
-  const FileKindTable& kinds = kindsOf(options.read.rules);
+  const FileKindTable& kinds = kindsBy(options.read.rules);
   if (!fileGroupsNamed(kindsOf(options), kinds)) {
     return "export: --kinds takes a list of " + fileGroupKeysInWords(kinds) + ", separated by commas";
   }

@@ -31,7 +31,7 @@ void addReadingFlags(CLI::App& command, ReadOptions& options) {
       .add_option_function<std::string>(
           "--rules",
           [&options](const std::string& rules) {
-            options.rules = rules == "current" ? ProjectRules::current : ProjectRules::classic;
+            options.rules = rulesNamed(rules).value_or(ProjectRules::classic);
           },
           "classic: the references line by line, as ever; current: the project as today's Xcode reads it, "
           "with "

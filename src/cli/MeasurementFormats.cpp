@@ -91,10 +91,6 @@ void writeCsvField(std::string_view text, Output& output) {
 
 }  // namespace
 
-std::string_view rulesName(ProjectRules rules) {
-  return rules == ProjectRules::current ? "current" : "classic";
-}
-
 void writeJson(const MeasuredProject& project, std::optional<Grouping> grouping, Output& output) {
   JsonWriter json(output);
   json.beginObject();

@@ -11,9 +11,6 @@ namespace quillmeter {
 class Output;
 class MeasuredProject;
 
-/// What outputs and options call a set of rules: "classic" or "current".
-[[nodiscard]] std::string_view rulesName(ProjectRules rules);
-
 /// What a person wants to read in a terminal: the overview's figures, then a line for each kind of file, or
 /// for each group.
 void writeTable(const MeasuredProject& project, std::optional<Grouping> grouping, Output& output);

@@ -24,10 +24,9 @@ struct KindRow {
 
 /// Interface files have the name that the overview gives them.
 std::array<KindRow, 3> kindRows(const OverviewCaptions& captions) {
-  constexpr std::size_t interfaceFiles = 8;
   return {{
       {"Code", FileKind::code, true},
-      {captions[interfaceFiles].caption, FileKind::interface, true},
+      {captions[kInterfaceFilesMetric].caption, FileKind::interface, true},
       {"Images", FileKind::image, false},
   }};
 }

@@ -1,5 +1,6 @@
 #include "compare/CountedRules.h"
 
+#include "analysis/ProjectRules.h"
 #include "measuring/FileKinds.h"
 #include "support/Paths.h"
 #include "xcode/CurrentKinds.h"
@@ -7,12 +8,14 @@
 namespace quillmeter {
 
 bool areKnownRules(std::string_view rules) {
-  return rules == kClassicRules || rules == kCurrentRules;
+  return rulesNamed(rules).has_value();
 }
 
 bool isSourceCode(std::string_view path, std::string_view rules) {
-  if (rules == kClassicRules) return classicKinds().kindOfPath(lastPathComponent(path)) == FileKind::code;
-  return rules == kCurrentRules && currentKind(path) == FileKind::code;
+  const auto known = rulesNamed(rules);
+  if (known == ProjectRules::classic)
+    return classicKinds().kindOfPath(lastPathComponent(path)) == FileKind::code;
+  return known == ProjectRules::current && currentKind(path) == FileKind::code;
 }
 
 }  // namespace quillmeter

@@ -4,9 +4,6 @@
 
 namespace quillmeter {
 
-inline constexpr std::string_view kClassicRules = "classic";
-inline constexpr std::string_view kCurrentRules = "current";
-
 /// Whether measurements by these rules can be compared, each with others by the same rules.
 [[nodiscard]] bool areKnownRules(std::string_view rules);
 

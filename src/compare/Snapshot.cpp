@@ -45,7 +45,7 @@ Snapshot snapshotOf(const MeasuredProject& project) {
   Snapshot snapshot;
   snapshot.projectTitle = project.projectTitle();
   snapshot.initialPath = project.initialPath();
-  snapshot.rules = project.rules() == ProjectRules::current ? kCurrentRules : kClassicRules;
+  snapshot.rules = rulesName(project.rules());
   const std::string_view folder = parentFolder(snapshot.initialPath);
   snapshot.files.reserve(project.files().size());
   for (const auto& file : project.files())

@@ -9,6 +9,7 @@
 #include <span>
 #include <utility>
 
+#include "analysis/ProjectRules.h"
 #include "compare/CountedRules.h"
 #include "files/ReadingFiles.h"
 #include "support/Paths.h"
@@ -177,8 +178,11 @@ class MeasurementReader {
     return std::move(snapshot_);
   }
 
-  Snapshot snapshot_{
-      .projectTitle = {}, .initialPath = {}, .rules = std::string(kClassicRules), .files = {}, .totals = {}};
+  Snapshot snapshot_{.projectTitle = {},
+                     .initialPath = {},
+                     .rules = std::string(rulesName(ProjectRules::classic)),
+                     .files = {},
+                     .totals = {}};
   bool hasTitle_ = false;
   bool hasPath_ = false;
   bool hasFiles_ = false;

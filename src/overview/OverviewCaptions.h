@@ -22,6 +22,9 @@ struct OverviewCaption {
 /// Entry i belongs to `lblSizeMetrics` i + 1.
 using OverviewCaptions = std::array<OverviewCaption, kOverviewMetrics>;
 
+/// The place of the interface files among them.
+inline constexpr std::size_t kInterfaceFilesMetric = 8;
+
 /// The captions for a project of `kinds`, whose extensions the definitions name.
 [[nodiscard]] OverviewCaptions overviewCaptions(const FileKindTable& kinds);
 

@@ -57,6 +57,10 @@ const FileKindTable& currentKinds() {
   return table;
 }
 
+const FileKindTable& kindsBy(ProjectRules rules) {
+  return rules == ProjectRules::current ? currentKinds() : classicKinds();
+}
+
 FileKind currentKind(std::string_view location) {
   if (lastPathComponent(location).find('.') == std::string_view::npos) return FileKind::none;
   return currentKinds().kindOfPath(location);
