@@ -12,9 +12,9 @@
 #include <system_error>
 #include <utility>
 
-#include "cli/ExitStatus.h"
 #include "cli/Measurement.h"
 #include "files/ReadingFiles.h"
+#include "support/ExitStatus.h"
 #include "support/WriteAll.h"
 
 namespace quillmeter {
