@@ -70,6 +70,7 @@ ChartsViewController::ChartsViewController(ChartsHost& host, const Services& ser
   ui_->scrollPage->installEventFilter(this);
   ui_->viewPage->installEventFilter(this);
   std::vector<QPushButton*> choices;
+  choices.reserve(kAllCharts.size());
   for (const ChartKind chart : kAllCharts)
     choices.push_back(filterButton(chart));
   popup_ = new ChoicePopup(*ui_->btnFilters, *ui_->viewFilters, choices, services_.delayedCalls, this);

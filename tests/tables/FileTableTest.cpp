@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <compare>
 #include <random>
 
 #include "helpers/ProjectFixture.h"
@@ -97,17 +98,18 @@ TEST(FileTable, EverySortIsStableAndRight) {
                             .characters = below(4)}));
   }
   const auto number = [](const std::optional<Number>& value) { return integerValue(value); };
-  const auto compare = [&](std::string_view column, const FileObject& a, const FileObject& b) -> long {
+  const auto compare = [&](std::string_view column, const FileObject& a,
+                           const FileObject& b) -> std::strong_ordering {
     if (column == "fileName") return compareCodeUnits(*a.fileName(), *b.fileName());
     if (column == "getFileExtension") return compareCodeUnits(*a.getFileExtension(), *b.getFileExtension());
     if (column == "noLinesWithoutSpaces") {
-      return number(a.noLinesWithoutSpaces()) - number(b.noLinesWithoutSpaces());
+      return number(a.noLinesWithoutSpaces()) <=> number(b.noLinesWithoutSpaces());
     }
-    if (column == "noLinesComments") return number(a.noLinesComments()) - number(b.noLinesComments());
-    if (column == "noWords") return number(a.noWords()) - number(b.noWords());
-    if (column == "noCharactersTotal") return number(a.noCharactersTotal()) - number(b.noCharactersTotal());
-    if (column == "fileSize") return number(a.fileSize()) - number(b.fileSize());
-    return number(a.noLinesTotal()) - number(b.noLinesTotal());
+    if (column == "noLinesComments") return number(a.noLinesComments()) <=> number(b.noLinesComments());
+    if (column == "noWords") return number(a.noWords()) <=> number(b.noWords());
+    if (column == "noCharactersTotal") return number(a.noCharactersTotal()) <=> number(b.noCharactersTotal());
+    if (column == "fileSize") return number(a.fileSize()) <=> number(b.fileSize());
+    return number(a.noLinesTotal()) <=> number(b.noLinesTotal());
   };
   FileTable table = allColumns(files);
   int sorted = 0;
@@ -117,7 +119,7 @@ TEST(FileTable, EverySortIsStableAndRight) {
       const FileList before = table.rows();
       FileList expected = before;
       std::stable_sort(expected.begin(), expected.end(), [&](const auto& a, const auto& b) {
-        const long order = compare(table.columns()[column].identifier, *a, *b);
+        const std::strong_ordering order = compare(table.columns()[column].identifier, *a, *b);
         return ascending ? order < 0 : order > 0;
       });
       const auto oldRows = table.sort(column, ascending);
