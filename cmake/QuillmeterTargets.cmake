@@ -55,6 +55,10 @@ function(quillmeter_test name)
   endif()
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT ${arg_TIMEOUT})
+  if("slow" IN_LIST arg_LABELS)
+    # Begun first, so that not one of them is waited for alone at the end.
+    set_tests_properties(${name} PROPERTIES COST 100)
+  endif()
   if(arg_QT)
     # The toolkit and the font library keep what they allocate for the life of the process.
     set_tests_properties(${name} PROPERTIES ENVIRONMENT
