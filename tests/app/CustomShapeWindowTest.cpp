@@ -214,6 +214,22 @@ TEST(WindowButton, MouseOverCloseWarnsAndOverMinimiseDoesNot) {
   EXPECT_EQ(disc(disabled), inactive) << "nothing to press there";
 }
 
+TEST(WindowButton, IsDrawnAnewWhenTheMouseComesAndGoes) {
+  QWidget window;
+  window.resize(200, 100);
+  WindowButton button(WindowButton::Kind::close, &window);
+  button.move(50, 50);
+  window.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  QTest::mouseMove(&window, QPoint(5, 5));
+  QCoreApplication::processEvents();
+  Drawings drawings(button);
+  QTest::mouseMove(&button);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count == 1; }));
+  QTest::mouseMove(&window, QPoint(5, 5));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count == 2; }));
+}
+
 TEST(WindowButton, ReturnPressesIt) {
   WindowButton button(WindowButton::Kind::close, nullptr);
   int pressed = 0;
