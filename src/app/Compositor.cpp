@@ -84,7 +84,6 @@ CompositorWatch::CompositorWatch(QObject* parent) : QObject(parent) {
                                     XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
                                         XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                                         XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
-  xcb_flush(connection);
   QCoreApplication::instance()->installNativeEventFilter(this);
 }
 

@@ -97,7 +97,7 @@ TEST_F(ShapeWindow, NothingButTheContentIsDrawn) {
   window.setContentView(content);
   window.show();
   QImage drawn(window.size(), QImage::Format_ARGB32_Premultiplied);
-  drawn.fill(Qt::transparent);
+  drawn.fill(Qt::gray);  // what was drawn there before
   window.render(&drawn, QPoint(), QRegion(), QWidget::DrawChildren);
   EXPECT_EQ(drawn.pixelColor(70, 40), QColor(Qt::red));
   EXPECT_EQ(drawn.pixelColor(5, 5).alpha(), 0);
