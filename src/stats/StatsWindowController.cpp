@@ -241,7 +241,6 @@ void StatsWindowController::showTab(QPushButton* button, std::initializer_list<Q
 
 void StatsWindowController::addToViewRight(QWidget* view) {
   ui_->viewRight->layout()->addWidget(view);
-  view->raise();
   view->show();
 }
 
