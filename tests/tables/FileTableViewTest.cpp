@@ -356,6 +356,14 @@ TEST_F(FileTableViewTest, AnEmptyTableOffersNothingToDo) {
   EXPECT_TRUE(offersAnything());
 }
 
+TEST_F(FileTableViewTest, SortingATableWithoutColumnsFromTheKeyboardIsHarmless) {
+  view.setTable(FileTable());
+  QHeaderView* header = view.horizontalHeader();
+  for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Left, Qt::Key_Return, Qt::Key_End, Qt::Key_Enter})
+    QTest::keyClick(header, key);
+  EXPECT_EQ(header->sortIndicatorSection(), -1);
+}
+
 TEST_F(FileTableViewTest, TypingIntoAnEmptyTableIsHarmless) {
   view.setTable(FileTable());
   QTest::keyClicks(&view, QStringLiteral("a"));
