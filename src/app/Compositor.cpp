@@ -87,10 +87,6 @@ CompositorWatch::CompositorWatch(QObject* parent) : QObject(parent) {
   QCoreApplication::instance()->installNativeEventFilter(this);
 }
 
-CompositorWatch::~CompositorWatch() {
-  if (ownerEvent_ != 0) QCoreApplication::instance()->removeNativeEventFilter(this);
-}
-
 bool CompositorWatch::nativeEventFilter(const QByteArray& type, void* message, qintptr* /*result*/) {
   if (type != "xcb_generic_event_t") return false;
   const auto* event = static_cast<const xcb_generic_event_t*>(message);
