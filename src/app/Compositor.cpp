@@ -84,12 +84,7 @@ CompositorWatch::CompositorWatch(QObject* parent) : QObject(parent) {
                                     XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
                                         XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                                         XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
-  xcb_flush(connection);
   QCoreApplication::instance()->installNativeEventFilter(this);
-}
-
-CompositorWatch::~CompositorWatch() {
-  if (ownerEvent_ != 0) QCoreApplication::instance()->removeNativeEventFilter(this);
 }
 
 bool CompositorWatch::nativeEventFilter(const QByteArray& type, void* message, qintptr* /*result*/) {

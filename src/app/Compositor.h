@@ -22,7 +22,6 @@ class CompositorWatch final : public QObject, public QAbstractNativeEventFilter 
 
  public:
   explicit CompositorWatch(QObject* parent = nullptr);
-  ~CompositorWatch() override;
 
   bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
 

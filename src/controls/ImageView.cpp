@@ -17,14 +17,8 @@ void ImageView::setImageName(const QString& name) {
 }
 
 void ImageView::paintEvent(QPaintEvent* /*event*/) {
-  const qreal scale = devicePixelRatioF();
-  const QString name = themedImageName(imageName_);
-  if (drawn_.isNull() || drawnName_ != name || drawn_.deviceIndependentSize().toSize() != size() ||
-      drawn_.devicePixelRatio() != scale) {
-    drawnName_ = name;
-    drawn_ = namedImage(name, size(), scale);
-  }
-  QPainter(this).drawPixmap(QPointF(), drawn_);
+  const QPixmap picture = namedImage(themedImageName(imageName_), size(), devicePixelRatioF());
+  QPainter(this).drawPixmap(QPointF(), picture);
 }
 
 }  // namespace quillmeter

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QLabel>
-#include <QPixmap>
 #include <QString>
 
 namespace quillmeter {
@@ -22,8 +21,6 @@ class ImageView : public QLabel {
 
  private:
   QString imageName_;
-  QString drawnName_;
-  QPixmap drawn_;  ///< the picture at the size and scale at which it was last shown
 };
 
 }  // namespace quillmeter

@@ -105,15 +105,16 @@ void OverviewViewController::initViewCustom() {
   }
 }
 
-bool OverviewViewController::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == ui_->cardAverages && event->type() == QEvent::Resize) alignCards();
-  return QWidget::eventFilter(watched, event);
+bool OverviewViewController::eventFilter(QObject* cardAverages, QEvent* event) {
+  if (event->type() == QEvent::Resize) alignCards();
+  return QWidget::eventFilter(cardAverages, event);
 }
 
 /// On narrow cards the longest heading takes two lines; the figures below stay on one line with each other.
 void OverviewViewController::alignCards() {
   const QMargins margins = ui_->cardAveragesLayout->contentsMargins();
   const int width = ui_->cardAverages->width() - margins.left() - margins.right();
+  ui_->lblTextTitle3->setMinimumHeight(0);  // or the height it had counts as what its text needs
   const int height = ui_->lblTextTitle3->heightForWidth(width);
   for (QLabel* const heading : {ui_->lblTextTitle1, ui_->lblTextTitle2, ui_->lblTextTitle3})
     heading->setFixedHeight(height);

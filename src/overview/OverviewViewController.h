@@ -64,7 +64,7 @@ class OverviewViewController final : public QWidget {
   void currentRulesRequested();
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  bool eventFilter(QObject* cardAverages, QEvent* event) override;
 
  private:
   explicit OverviewViewController(ProjectHost& host);

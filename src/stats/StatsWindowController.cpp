@@ -81,13 +81,7 @@ StatsWindowController::StatsWindowController(StatsHost& host, const Services& se
   openInsideScreen();
 }
 
-StatsWindowController::~StatsWindowController() {
-  cleanUpTool_.reset();
-  detailsViewController_.reset();
-  overviewController_.reset();
-  chartsViewController_.reset();
-  exportViewController_.reset();
-}
+StatsWindowController::~StatsWindowController() = default;
 
 void StatsWindowController::windowDidLoad() {
   overviewController_ = OverviewViewController::create(host_);
@@ -241,7 +235,6 @@ void StatsWindowController::showTab(QPushButton* button, std::initializer_list<Q
 
 void StatsWindowController::addToViewRight(QWidget* view) {
   ui_->viewRight->layout()->addWidget(view);
-  view->raise();
   view->show();
 }
 

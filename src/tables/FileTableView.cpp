@@ -88,7 +88,6 @@ FileTableView::FileTableView(QWidget* parent)
   header->setHighlightSections(false);
   header->setSectionsClickable(true);
   header->setDefaultAlignment(Qt::AlignCenter | Qt::Alignment(Qt::TextWordWrap));
-  header->setSortIndicator(-1, Qt::AscendingOrder);
   connect(header, &QHeaderView::sortIndicatorChanged, this, &FileTableView::sortByHeader);
   connect(header, &QHeaderView::sectionResized, this,
           [this](int section, int /*old*/, int width) { keepWidth(section, width); });

@@ -51,6 +51,21 @@ TEST(ReadingAProject, GivesItsFilesInTheOrderOfTheirLines) {
             (Texts{"Sources/b.m", "Images/i.png", "a.h"}));
 }
 
+TEST(ReadingAProject, ReadsEachLineFromItsFirstToItsLastCharacter) {
+  const TemporaryFolder folder;
+  for (const char* file : {"a.m", "b.m", "c.m"})
+    folder.file(file);
+  // What is said of a file stands on the line behind its name here.
+  folder.file("App.xcodeproj/project.pbxproj",
+              "/* Begin PBXFileReference section */\n"
+              "1 /* a\n*/ = {path = a.m; };\n"
+              "2 /* b\n*/ = {path = b.m; };\n\n\n"
+              "3 /* c\n*/ = {path = c.m\n/* End PBXFileReference section */\n");
+  ParseProject project;
+  project.parseFileAtPathAndDelegate(folder / "App.xcodeproj", nullptr);
+  EXPECT_EQ(foundFiles(project, folder), (Texts{"a.m", "b.m", "c.m"}));
+}
+
 TEST(ReadingAProject, KeepsAFileThatIsReferencedTwiceTwice) {
   const TemporaryFolder folder;
   folder.file("a.m", "int a;\n");

@@ -5,7 +5,10 @@
 #include <QImage>
 #include <QLabel>
 #include <QPainter>
+#include <QStyle>
+#include <QStyleFactory>
 #include <QTest>
+#include <memory>
 
 #include "app/CustomShapeWindowFrameView.h"
 #include "app/WindowButton.h"
@@ -94,7 +97,7 @@ TEST_F(ShapeWindow, NothingButTheContentIsDrawn) {
   window.setContentView(content);
   window.show();
   QImage drawn(window.size(), QImage::Format_ARGB32_Premultiplied);
-  drawn.fill(Qt::transparent);
+  drawn.fill(Qt::gray);  // what was drawn there before
   window.render(&drawn, QPoint(), QRegion(), QWidget::DrawChildren);
   EXPECT_EQ(drawn.pixelColor(70, 40), QColor(Qt::red));
   EXPECT_EQ(drawn.pixelColor(5, 5).alpha(), 0);
@@ -128,6 +131,7 @@ TEST_F(ShapeWindow, OtherButtonsDoNotMoveIt) {
   QTest::mousePress(window.contentView(), Qt::RightButton, {}, QPoint(10, 10));
   QTest::mouseMove(window.contentView(), QPoint(60, 60));
   EXPECT_EQ(window.pos(), start);
+  QTest::mouseRelease(window.contentView(), Qt::RightButton);
 }
 
 TEST_F(ShapeWindow, PressWhoseReleaseWentElsewhereDoesNotMoveItLater) {
@@ -139,6 +143,7 @@ TEST_F(ShapeWindow, PressWhoseReleaseWentElsewhereDoesNotMoveItLater) {
                         {});
   QApplication::sendEvent(window.contentView(), &otherDrag);
   EXPECT_EQ(window.pos(), start);
+  QTest::mouseRelease(window.contentView(), Qt::LeftButton);
 }
 
 TEST(OutlineOfPicture, HoldsTheOpaquePartOnly) {
@@ -212,6 +217,29 @@ TEST(WindowButton, MouseOverCloseWarnsAndOverMinimiseDoesNot) {
   EXPECT_GT(disc(close).red(), disc(close).blue() + 80);
   EXPECT_GT(disc(minimize).blue(), disc(minimize).red() + 80);
   EXPECT_EQ(disc(disabled), inactive) << "nothing to press there";
+}
+
+TEST(WindowButton, IsDrawnAnewWhenTheMouseComesAndGoesInAnyStyleOfTheDesktop) {
+  const std::unique_ptr<QStyle> plain(
+      QStyleFactory::create(QStringLiteral("windows")));  // asks for nothing by itself
+  QWidget window;
+  window.resize(200, 100);
+  WindowButton button(WindowButton::Kind::close, &window);
+  button.setStyle(plain.get());
+  button.move(50, 50);
+  window.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  const auto moveTo = [&](QPoint place) {
+    QTest::mouseMove(&window, place);
+    QCoreApplication::processEvents();
+  };
+  moveTo(QPoint(5, 5));
+  Drawings drawings(button);
+  moveTo(QPoint(58, 58));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count > 0; }));
+  drawings.count = 0;
+  moveTo(QPoint(5, 5));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count > 0; }));
 }
 
 TEST(WindowButton, ReturnPressesIt) {

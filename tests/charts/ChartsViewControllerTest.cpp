@@ -375,6 +375,19 @@ TEST_F(ChartsTab, EachButtonOfThePanelChoosesItsChart) {
   }
 }
 
+TEST_F(ChartsTab, EachButtonOfThePanelHasThePictureOfItsKindOfChart) {
+  open(twentyOfEach());
+  const auto picture = [this](int chart) {
+    return button(chart)->icon().pixmap(button(chart)->iconSize()).toImage();
+  };
+  ASSERT_FALSE(picture(0).isNull());
+  ASSERT_FALSE(picture(2).isNull());
+  EXPECT_NE(picture(0), picture(2));
+  EXPECT_EQ(picture(1), picture(0));
+  EXPECT_EQ(picture(3), picture(2));
+  EXPECT_EQ(picture(4), picture(2));
+}
+
 TEST_F(ChartsTab, UnknownSenderKeepsTheChart) {
   open(twentyOfEach());
   choose(3);
@@ -429,7 +442,7 @@ TEST_F(ChartsTab, EscapeOnTheChartClosesThePanelAndTheDetails) {
 
 TEST_F(ChartsTab, InfoButtonIsThereForBarChartsOnly) {
   open(twentyOfEach());
-  for (int chart = 0; chart < 5; ++chart) {
+  for (const int chart : {0, 1, 2, 3, 4, 1, 2, 0}) {
     choose(chart);
     EXPECT_EQ(info()->isHidden(), chart < 2) << chart;
   }

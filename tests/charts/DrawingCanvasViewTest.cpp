@@ -121,6 +121,30 @@ TEST_P(Canvas, BarsCastTheirShadowToTheRightAndDown) {
   EXPECT_EQ(at(image, 118, 291), QColor(Qt::white));
 }
 
+TEST(ChartShadow, IsTheSameOnOppositeSidesOfARectangle) {
+  for (const int scale : {1, 2}) {
+    QImage image(QSize(60, 80) * scale, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::transparent);
+    {
+      QPainter painter(&image);
+      paintRectShadow(painter, {20, 20, 20, 40}, {.blurRadius = 3});
+    }
+    const auto alpha = [&image](int x, int y) { return image.pixelColor(x, y).alpha(); };
+    const int below = 60 * scale;
+    const int right = 40 * scale;
+    EXPECT_GT(alpha(30 * scale, below), 0);
+    for (int i = 0; i < 8 * scale; ++i) {
+      for (int along = 0; along < 20 * scale; ++along) {
+        const int x = 20 * scale + along;
+        EXPECT_EQ(alpha(x, below + i), alpha(x, 20 * scale - 1 - i)) << x << " " << i;
+        const int y = 30 * scale + along;
+        EXPECT_EQ(alpha(right + i, y), alpha(20 * scale - 1 - i, y)) << y << " " << i;
+      }
+    }
+  }
+}
+
 TEST_P(Canvas, GridIsDashedTwoOnTwoOff) {
   setBars(canvas, 1, 1000);
   const QImage image = painted(canvas, GetParam());
@@ -405,6 +429,34 @@ TEST_F(CanvasWithBars, KeyboardFocusIsMarkedOnScreenButNotInACapture) {
   QTest::keyClick(&canvas, Qt::Key_Right);
   EXPECT_NE(canvas.grab().toImage(), plain);
   EXPECT_EQ(canvas.capture().toImage(), plain);
+}
+
+/// Where two pictures of one size differ.
+QRect differenceOf(const QImage& one, const QImage& other) {
+  QRect area;
+  for (int y = 0; y < one.height(); ++y) {
+    for (int x = 0; x < one.width(); ++x)
+      if (one.pixel(x, y) != other.pixel(x, y)) area |= QRect(x, y, 1, 1);
+  }
+  return area;
+}
+
+TEST_F(CanvasWithBars, KeyboardFocusMarksTheMagnifierOfItsBar) {
+  const auto expectMarked = [this](int bar) {
+    const QRect mark = differenceOf(canvas.grab().toImage(), canvas.capture().toImage());
+    EXPECT_NEAR(mark.center().x(), 98 + 32 * bar, 2) << bar;
+    EXPECT_LT(mark.width(), 32);
+    EXPECT_TRUE(mark.contains(98 + 32 * bar, 491)) << bar;
+  };
+  QTest::keyClick(&canvas, Qt::Key_Home);
+  expectMarked(0);
+  QTest::keyClick(&canvas, Qt::Key_Right);
+  expectMarked(1);
+  QTest::keyClick(&canvas, Qt::Key_End);
+  expectMarked(14);
+  setBars(canvas, 3);
+  canvas.grab();
+  expectMarked(2);
 }
 
 TEST_F(CanvasWithBars, CaptureIsTheChartOnWhitePaper) {

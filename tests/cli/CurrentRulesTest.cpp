@@ -118,12 +118,17 @@ TEST(CurrentRules, TheToolHintsAtThemWhenMuchIsLeftOut) {
 }
 
 TEST(CurrentRules, ReasonsNameAFewExtensionsAlone) {
-  const TemporaryFolder folder;
-  std::vector<std::string> paths;
-  for (int i = 0; i < 20; ++i)
-    paths.push_back("a.x" + std::to_string(i));
-  EXPECT_THAT(runTool({"measure", testing::writeProject(folder, paths)}).errors,
-              HasSubstr("it references 1 .x0, 1 .x1, 1 .x2, 1 .x3, 1 .x4, 1 .x5, 1 .x6 and 13 others\n"));
+  const auto reason = [](int extensions) {
+    const TemporaryFolder folder;
+    std::vector<std::string> paths;
+    for (int i = 0; i < extensions; ++i)
+      paths.push_back("a.x" + std::to_string(i));
+    return runTool({"measure", testing::writeProject(folder, paths)}).errors;
+  };
+  const std::string seven = "it references 1 .x0, 1 .x1, 1 .x2, 1 .x3, 1 .x4, 1 .x5, 1 .x6";
+  EXPECT_THAT(reason(8), HasSubstr(seven + " and 1 .x7\n"));
+  EXPECT_THAT(reason(9), HasSubstr(seven + " and 2 others\n"));
+  EXPECT_THAT(reason(20), HasSubstr(seven + " and 13 others\n"));
 }
 
 TEST(CurrentRules, AFaultOfTheDescriptionIsNamedWithItsLine) {

@@ -95,6 +95,15 @@ TEST(SnapshotReader, NamesBecomeTheBytesTheyWere) {
   EXPECT_EQ(reading.snapshot->files[0].path, "\xff\x80 \U0001F600\"\\é.m");
 }
 
+TEST(SnapshotReader, CharactersTakeOneToFourBytes) {
+  const SnapshotReading reading = readSnapshot(
+      measurement(fileText(R"(/w/\u007f\u0080\u07ff\u0800\ud7ff\ue000\uffff\ud800\udc00\udbff\udfff.m)")));
+  ASSERT_TRUE(reading.snapshot) << reading.error;
+  EXPECT_EQ(reading.snapshot->files[0].path,
+            "\x7f\xc2\x80\xdf\xbf\xe0\xa0\x80\xed\x9f\xbf\xee\x80\x80\xef\xbf\xbf\xf0\x90\x80\x80\xf4\x8f\xbf"
+            "\xbf.m");
+}
+
 TEST(SnapshotReader, TellsWhatIsNotJson) {
   EXPECT_EQ(errorOf(""), "is empty");
   EXPECT_EQ(errorOf("   \n"), "is empty");

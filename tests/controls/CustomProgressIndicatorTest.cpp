@@ -85,6 +85,13 @@ TEST_F(Indicator, IndeterminateBarMovesWhileItIsShown) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return indicator.grab().toImage() != before; }, 2000));
 }
 
+TEST_F(Indicator, IndeterminateBarBeginsAtTheLeft) {
+  indicator.setIndeterminate(true);
+  const int end = filledTo(indicator);
+  EXPECT_GT(end, 0);
+  EXPECT_LT(end, 150);
+}
+
 /// Counts the steps of an animation.
 class Steps final : public QObject {
  public:

@@ -70,6 +70,25 @@ TEST(ReadWholeFile, GivesUpAGrowingFileOfUnknownSize) {
   EXPECT_LT(disk.given, 10'000'000U);
 }
 
+/// The disk, which says of every file that it is empty.
+class SizelessFileSystem final : public FileSystem {
+  [[nodiscard]] Result<FileStatus> doStatusOfOpen(const Descriptor& /*file*/) const override {
+    return FileStatus{FileStatus::Type::regular, 0};
+  }
+};
+
+TEST(ReadWholeFile, ReadsAFileThatIsAsLargeAsIsAllowed) {
+  const TemporaryFolder folder;
+  const std::string file = folder.file("a", "text");
+  const SizelessFileSystem sizeless;
+  for (const FileSystem* const disk : {&FileSystem::real(), static_cast<const FileSystem*>(&sizeless)}) {
+    const auto content = readWholeFile(*disk, file, 4);
+    ASSERT_TRUE(content);
+    EXPECT_EQ(*content, "text");
+  }
+  EXPECT_EQ(readWholeFile(sizeless, file, 3).error().number, EFBIG);
+}
+
 TEST(ListFolder, GivesTheNamesInByteOrder) {
   const TemporaryFolder folder;
   for (const char* name : {"b", "a", "B", ".c"})

@@ -3,11 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QPixmap>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <cstdlib>
+#include <set>
 
 #include "controls/ApplicationTheme.h"
 #include "controls/Theme.h"
@@ -175,6 +178,33 @@ TEST(OverviewViewController, CardsAreOfOneWidthAndTheirFiguresOnOneLineInAnyWind
   }
 }
 
+TEST(OverviewViewController, HeadingsTakeAsManyLinesAsTheLongestNeedsInAWindowThatIsMadeNarrowerAndWider) {
+  FakeStatsHost host(projectWith({record({.name = "a.m", .lines = 30})}));
+  const auto panel = OverviewViewController::create(host);
+  panel->setStyleSheet(u"QLabel[role=\"heading\"] { font-size: 30px; }"_s);
+  const auto top = [&panel](std::size_t number) {
+    return panel->lblSizeMetrics(number)->mapTo(panel.get(), QPoint()).y();
+  };
+  const auto* heading = panel->findChild<QLabel*>(u"lblTextTitle3"_s);
+  const auto needed = [heading] {
+    const QRect room(0, 0, heading->width(), 1000);
+    return heading->fontMetrics().boundingRect(room, Qt::TextWordWrap, heading->text()).height();
+  };
+  std::set<int> heights;
+  constexpr int kNarrow = 616;
+  constexpr int kRange = 984;
+  panel->show();
+  for (int step = 0; step <= 2 * kRange; step += 8) {
+    panel->resize(kNarrow + std::abs(kRange - step), 700);
+    QCoreApplication::processEvents();
+    ASSERT_EQ(heading->height(), needed()) << panel->width();
+    ASSERT_EQ(top(7), top(2)) << panel->width();
+    ASSERT_EQ(top(1), top(2)) << panel->width();
+    heights.insert(heading->height());
+  }
+  EXPECT_EQ(heights.size(), 2U);
+}
+
 TEST(OverviewViewController, ScrollsWhatDoesNotFitButNeverSideways) {
   const ApplicationTheme theme;
   const UserLocale locale("en_US.UTF-8");
@@ -268,6 +298,31 @@ TEST(FigureLabel, LargeNumbersTakeASmallerFontInsteadOfBeingCutOff) {
   EXPECT_LE(QFontMetrics(label.fittingFont()).horizontalAdvance(label.text()), 190);
   label.setText(u"12"_s);
   EXPECT_EQ(label.fittingFont().pixelSize(), kFigureSize);
+}
+
+/// Sets the direction of reading of the whole application until it goes.
+class DirectionOfReading {
+ public:
+  explicit DirectionOfReading(Qt::LayoutDirection direction) {
+    QGuiApplication::setLayoutDirection(direction);
+  }
+  ~DirectionOfReading() { QGuiApplication::setLayoutDirection(before_); }
+  DirectionOfReading(const DirectionOfReading&) = delete;
+  DirectionOfReading& operator=(const DirectionOfReading&) = delete;
+
+ private:
+  Qt::LayoutDirection before_ = QGuiApplication::layoutDirection();
+};
+
+TEST(FigureLabel, ANumberStandsBeforeItsUnitInEveryDirectionOfReading) {
+  const auto picture = [](Qt::LayoutDirection direction) {
+    const DirectionOfReading reading(direction);
+    FigureLabel label(u"1.5 KB"_s);
+    label.setAlignment(Qt::AlignAbsolute | Qt::AlignLeft);
+    label.resize(200, 40);
+    return label.grab().toImage();
+  };
+  EXPECT_EQ(picture(Qt::RightToLeft), picture(Qt::LeftToRight));
 }
 
 TEST(FigureLabel, NeverWidensThePage) {

@@ -68,7 +68,28 @@ TEST(ChartSvg, DrawsBarsWithTheirRanksAndAverage) {
   EXPECT_THAT(svg, Not(HasSubstr("b.m")));
   EXPECT_THAT(svg, HasSubstr(R"svg(<text x="130" y="497" class="small" text-anchor="middle">2</text>)svg"));
   EXPECT_THAT(svg, HasSubstr(R"svg(<line x1="80" y1="275" x2="610" y2="275" stroke="rgb(255,55,1)"/>)svg"));
-  EXPECT_THAT(svg, HasSubstr(R"svg(text-anchor="end" dominant-baseline="central">820</text>)svg"));
+  EXPECT_THAT(
+      svg,
+      HasSubstr(R"svg(<text x="75" y="69" text-anchor="end" dominant-baseline="central">820</text>)svg"));
+  EXPECT_THAT(svg, HasSubstr(R"svg(<line x1="80" y1="70" x2="610" y2="70" class="grid"/>)svg"));
+  EXPECT_THAT(
+      svg,
+      HasSubstr(
+          R"svg(<text x="610" y="264" text-anchor="end" dominant-baseline="central" class="small">average</text>)svg"));
+  EXPECT_THAT(svg, HasSubstr(R"svg(<polyline class="axis" points="80,69 80,480 610,480 "/>)svg"));
+}
+
+TEST(ChartSvg, NamesEachSliceBesideItsColourBelowTheTitle) {
+  const std::string svg = chartSvg(linesPie(0.5, 0.25));
+  EXPECT_THAT(svg, HasSubstr(R"svg(<text x="30" y="22" class="title">Chart type: code lines)svg"));
+  EXPECT_THAT(svg, HasSubstr(R"svg(<rect x="30" y="70" width="16" height="16" stroke="rgb(0,0,0)" )svg"
+                             R"svg(fill="rgb(12,141,255)"/>)svg"));
+  EXPECT_THAT(svg, HasSubstr(R"svg(<text x="50" y="78" dominant-baseline="central">Comment lines)svg"));
+}
+
+TEST(ChartSvg, WritesTwoDecimalsAtMost) {
+  EXPECT_THAT(chartSvg(linesPie(1.0 / 3, 1.0 / 3)),
+              HasSubstr(R"svg(d="M330,270 L530,270 A200,200 0 0 1 230,443.21 Z")svg"));
 }
 
 TEST(ChartSvg, ChartsOnOnePageDoNotShareIdentifiers) {

@@ -27,6 +27,16 @@ TEST(MeasurementPage, ShowsFiguresChartsAndFiles) {
   EXPECT_THAT(page, HasSubstr("This project has no image files"));
 }
 
+TEST(MeasurementPage, ChartsShowTheFifteenLargestFiles) {
+  FileList files;
+  for (int lines = 1; lines <= 16; ++lines)
+    files.push_back(record({.name = "f" + std::to_string(lines) + ".m", .lines = lines}));
+  const std::string page = measurementPage(*projectWith(files));
+  EXPECT_THAT(page, HasSubstr("<ol><li>f16.m, 16 lines</li>"));
+  EXPECT_THAT(page, HasSubstr("<li>f2.m, 2 lines</li></ol>"));
+  EXPECT_THAT(page, Not(HasSubstr("<li>f1.m")));
+}
+
 TEST(MeasurementPage, ShowsADashForWhatIsAbsent) {
   const std::string page =
       measurementPage(*projectWith({record({.name = "a.png", .size = 3, .lines = 0, .words = -1})}));

@@ -121,6 +121,19 @@ TEST(ObjectiveCParser, ReadsOneFileAndThenGivesItsResultAgain) {
   EXPECT_EQ(countsOf(*fresh), (MethodCounts{3, 3, 0}));
 }
 
+TEST(ObjectiveCParser, BeginsTheNextFileWithoutTheEndOfTheLastOne) {
+  const TemporaryFolder folder;
+  const std::string open = folder.file("open.m", "+ (id)shape\n");
+  const auto countsAfter = [&](const std::string& source) {
+    const auto parser = ObjectiveCParser::create();
+    EXPECT_NE(parser->execute(open), nullptr);
+    parser->initialize();
+    return countsOf(*parser->execute(folder.file("next.m", source)));
+  };
+  EXPECT_EQ(countsAfter("- (void)draw {\n"), (Counts{1, 0, 1}));
+  EXPECT_EQ(countsAfter("with:(int)sides\n- (void)draw {\n"), (Counts{1, 0, 1}));
+}
+
 TEST(ObjectiveCParser, GivesNothingMoreOfAFileThatEndedInABlankLine) {
   for (const std::string ending : {"\n", " \t\n", "  "}) {
     const TemporaryFolder folder;

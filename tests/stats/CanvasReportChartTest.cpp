@@ -42,6 +42,17 @@ TEST(CanvasReportChart, ShowsTheSharesOnATransparentGround) {
   EXPECT_EQ(pixelAt(picture, 700, 300), (Pixel{60, 68, 76, 0}));  // no light seams when it is scaled down
 }
 
+TEST(CanvasReportChart, GroundHasTheColourThatTheEdgesFadeFromUpToTheEdges) {
+  const ReportPicture picture = pie(0.5, 0.25);
+  for (std::size_t at = 0; at < picture.rgba.size(); at += 4) {
+    if (picture.rgba[at + 3] == 0) {
+      ASSERT_EQ((Pixel{picture.rgba[at], picture.rgba[at + 1], picture.rgba[at + 2], 0}),
+                (Pixel{60, 68, 76, 0}))
+          << at;
+    }
+  }
+}
+
 TEST(CanvasReportChart, ProjectWithoutFilesIsPaintedToo) {
   const double nothing = std::numeric_limits<double>::quiet_NaN();
   const ReportPicture picture = pie(nothing, nothing);

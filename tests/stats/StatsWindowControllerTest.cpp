@@ -236,6 +236,21 @@ TEST_F(StatsWindow, KeyboardStaysInTheWindowWhenItsTabGoes) {
   EXPECT_EQ(QApplication::focusWidget(), button("btnLeft3"));
 }
 
+TEST_F(StatsWindow, KeyboardStaysWhereItIsWhenTheShownTabIsChosenAgainOrItIsInNoTab) {
+  open();
+  window->tapExportTab();
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  QWidget* const inTab = window->exportViewController()->checkbox1();
+  inTab->setFocus();
+  QTest::keyClick(window.get(), Qt::Key_4, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::focusWidget(), inTab);
+  button("btnTools")->setFocus();
+  QTest::keyClick(window.get(), Qt::Key_2, Qt::ControlModifier);
+  expectTab(1);
+  EXPECT_EQ(QApplication::focusWidget(), button("btnTools"));
+}
+
 TEST_F(StatsWindow, EveryButtonOfTheColumnHasANameAndADescription) {
   open();
   for (const char* name : {"btnLeft1", "btnLeft2", "btnLeft3", "btnLeft4", "btnTools", "btnLeft5"}) {

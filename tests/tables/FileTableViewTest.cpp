@@ -268,6 +268,20 @@ TEST_F(FileTableViewTest, HeadersAndNamesCanBeReadWhereThereIsRoom) {
             view.fontMetrics().horizontalAdvance(QStringLiteral("NotebookControllerWithName.m")));
 }
 
+TEST_F(FileTableViewTest, WidthsAreThoseOfTheTableThatIsShown) {
+  const auto widthsFor = [this](const char* name, std::int64_t lines) {
+    view.setTable(testing::classicTable({record({.name = name, .lines = lines})}, 0, true));
+    std::vector<int> widths;
+    for (int column = 0; column < view.model()->columnCount(); ++column)
+      widths.push_back(view.columnWidth(column));
+    return widths;
+  };
+  const std::vector<int> usual = widthsFor("a.m", 7);
+  EXPECT_NE(widthsFor("a.m", 1'234'567'890'123'456'789), usual);
+  EXPECT_NE(widthsFor("NotebookControllerWithAVeryLongName.m", 7), usual);
+  EXPECT_EQ(widthsFor("a.m", 7), usual);
+}
+
 TEST_F(FileTableViewTest, ColumnsFillTheViewAndKeepTheirLimits) {
   int sum = 0;
   for (int column = 0; column < view.model()->columnCount(); ++column) {
@@ -354,6 +368,14 @@ TEST_F(FileTableViewTest, AnEmptyTableOffersNothingToDo) {
   EXPECT_FALSE(offersAnything());
   view.setTable(testing::classicTable({record({.name = "a.m"})}, 0, false));
   EXPECT_TRUE(offersAnything());
+}
+
+TEST_F(FileTableViewTest, SortingATableWithoutColumnsFromTheKeyboardIsHarmless) {
+  view.setTable(FileTable());
+  QHeaderView* header = view.horizontalHeader();
+  for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Left, Qt::Key_Return, Qt::Key_End, Qt::Key_Enter})
+    QTest::keyClick(header, key);
+  EXPECT_EQ(header->sortIndicatorSection(), -1);
 }
 
 TEST_F(FileTableViewTest, TypingIntoAnEmptyTableIsHarmless) {
