@@ -18,6 +18,7 @@
 #include "app/AppDelegate.h"
 #include "app/CommandLine.h"
 #include "app/MakeServices.h"
+#include "app/MemoryFailure.h"
 #include "app/OpenPanel.h"
 #include "controls/ApplicationTheme.h"
 #include "controls/NamedImage.h"
@@ -85,6 +86,14 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
   std::_Exit(kNoDisplay);
 }
 
+QtMessageHandler usualHandler = nullptr;
+
+/// A window that waits for a thread that never was would not answer any more.
+void endWithoutThread(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+  usualHandler(type, context, message);
+  if (isLostThread(message)) endForWantOfMemory();
+}
+
 /// The toolkit's application object with the arguments it takes. It keeps hold of what it is given.
 class Toolkit {
  public:
@@ -94,9 +103,9 @@ class Toolkit {
       pointers_.push_back(argument.data());
     count_ = static_cast<int>(pointers_.size());
     pointers_.push_back(nullptr);
-    const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
+    usualHandler = qInstallMessageHandler(endWithoutDisplay);
     application_ = std::make_unique<QApplication>(count_, pointers_.data());
-    qInstallMessageHandler(usual);
+    qInstallMessageHandler(endWithoutThread);
   }
 
  private:

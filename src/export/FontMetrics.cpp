@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdlib>
+#include <new>
 
 #include "support/MemoryGuard.h"
 
@@ -29,11 +30,15 @@ struct FontMetrics::Document {
   ~Document() {
     if (handle != nullptr) HPDF_Free(handle);
   }
+  [[nodiscard]] bool hasRunOutOfMemory() const {
+    return handle == nullptr || HPDF_GetError(handle) == HPDF_FAILD_TO_ALLOC_MEM;
+  }
   Document(const Document&) = delete;
   Document& operator=(const Document&) = delete;
 };
 
 FontMetrics::FontMetrics(const std::string& name) : document_(std::make_unique<Document>(name)) {
+  if (document_->hasRunOutOfMemory()) throw std::bad_alloc();
   if (document_->font == nullptr) return;
   ascent_ = HPDF_Font_GetAscent(document_->font);
   descent_ = std::abs(HPDF_Font_GetDescent(document_->font));

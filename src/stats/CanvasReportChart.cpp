@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cstddef>
+#include <new>
 
 #include "charts/DrawingCanvasView.h"
 
@@ -37,7 +38,7 @@ ReportPicture CanvasReportChart::picture(const ReportChartRequest& request) cons
 
   const QSize size(request.width, request.height);
   QImage painted(size * kReportChartScale, QImage::Format_ARGB32_Premultiplied);
-  if (painted.isNull()) return {};
+  if (painted.isNull()) throw std::bad_alloc();
   painted.setDevicePixelRatio(kReportChartScale);
   painted.fill(Qt::transparent);
   {
@@ -46,6 +47,7 @@ ReportPicture CanvasReportChart::picture(const ReportChartRequest& request) cons
     canvas.paintOn(painter, size);
   }
   QImage image = painted.convertToFormat(QImage::Format_RGBA8888);
+  if (image.isNull()) throw std::bad_alloc();
   colorTransparentPixels(image, canvas.axisColor());
 
   ReportPicture picture;

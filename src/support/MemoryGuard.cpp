@@ -1,5 +1,6 @@
 #include "support/MemoryGuard.h"
 
+#include <sys/mman.h>
 #include <unicode/uclean.h>
 
 #include <cstdlib>
@@ -39,6 +40,11 @@ void* memoryOrEnd(std::size_t size) {
   const auto end = memory == nullptr ? std::get_new_handler() : nullptr;
   if (end != nullptr) end();
   return memory;
+}
+
+bool isThereRoomFor(std::size_t size) {
+  void* const room = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  return room != MAP_FAILED && ::munmap(room, size) == 0;
 }
 
 }  // namespace quillmeter

@@ -14,4 +14,7 @@ void endWhenMemoryRunsOut(void (*end)());
 /// was not.
 [[nodiscard]] void* memoryOrEnd(std::size_t size);
 
+/// Whether this process could have `size` more bytes of memory now. They are given back at once.
+[[nodiscard]] bool isThereRoomFor(std::size_t size);
+
 }  // namespace quillmeter

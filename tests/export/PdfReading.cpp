@@ -18,7 +18,7 @@ constexpr double kDescent = 0.207;
 constexpr double kPageHeight = 1454.0;
 
 std::string outputOf(const std::string& command) {
-  const ToolResult result = run(command);
+  const CommandResult result = run(command);
   EXPECT_EQ(result.status, 0) << command << "\n" << result.output.substr(0, 1000);
   return result.output;
 }
@@ -41,8 +41,8 @@ std::string unescaped(std::string text) {
 
 }  // namespace
 
-ToolResult run(const std::string& command) {
-  ToolResult result;
+CommandResult run(const std::string& command) {
+  CommandResult result;
   FILE* const pipe = ::popen((command + " 2>&1").c_str(), "r");
   if (pipe == nullptr) return result;
   std::array<char, 4096> block{};
@@ -117,7 +117,7 @@ std::vector<std::string> pdfContents(const std::string& path) {
 }
 
 std::string pdfObjects(const std::string& path) {
-  return outputOf("qpdf --qdf --stream-data=uncompress " + quoted(path) + " -");
+  return outputOf("qpdf --static-id --qdf --stream-data=uncompress " + quoted(path) + " -");
 }
 
 }  // namespace quillmeter::testing

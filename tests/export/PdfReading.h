@@ -7,13 +7,13 @@
 /// reader of the report sees.
 namespace quillmeter::testing {
 
-struct ToolResult {
+struct CommandResult {
   int status = -1;
   std::string output;  ///< standard output and standard error
 };
 
 /// Runs a command of the shell.
-[[nodiscard]] ToolResult run(const std::string& command);
+[[nodiscard]] CommandResult run(const std::string& command);
 
 /// `text` as one word of the shell.
 [[nodiscard]] std::string quoted(const std::string& text);
