@@ -23,6 +23,7 @@
 #include "controls/ApplicationTheme.h"
 #include "controls/NamedImage.h"
 #include "support/Addresses.h"
+#include "support/MemoryGuard.h"
 #include "support/Text.h"
 #include "support/WriteAll.h"
 
@@ -122,6 +123,7 @@ std::span<const char* const> argumentsOf(int argc, char** argv) {
 }  // namespace
 
 int runApplication(int argc, char** argv) {
+  endWhenUnicodeLibraryLacksMemory(endForWantOfMemory);
   // Help is given, and wrong usage told, without a display, too.
   const CommandLine commandLine = readCommandLine(argumentsOf(argc, argv));
   if (commandLine.output) {

@@ -32,15 +32,8 @@ constexpr int kNothingMeasured = 3;
 constexpr int kOutputFailed = 4;
 constexpr int kArguments = 6;
 
-/// What the toolkit takes to start, and again what it takes to paint the graph: five pictures of ten
-/// megabytes.
+/// What the toolkit and the libraries below it take to start.
 constexpr std::size_t kRoom = std::size_t{64} << 20;
-
-/// The toolkit and the libraries below it do without what they have no memory for, a font or a letter, and do
-/// not tell; so there has to be enough for them beforehand.
-void endWithoutRoom() {
-  if (!isThereRoomFor(kRoom)) endForWantOfMemory();
-}
 
 /// What the toolkit says of its surroundings (no run-time folder, no theme) helps nobody on a build server.
 void hearToolkit(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& message) {
@@ -83,7 +76,6 @@ int report(const std::string& file, const FileGroups& groups, ProjectRules rules
   if (!project->findings().error.empty()) return failed(kNothingMeasured, project->findings().error);
   if (project->files().empty()) return failed(kNothingMeasured, "nothing to report in " + bundle);
   const auto files = reportFiles(*project, groups);
-  endWithoutRoom();
   const auto exporter = PDFExporter::create(sourceOf(project));
   if (file == "-") {
     const auto error = writeToStandardOutput(exporter->renderForFiles(files));
@@ -100,7 +92,8 @@ std::optional<int> runReportMode(int argc, char** argv) {
   if (argc < 2 || std::string_view(argv[1]) != "--report") return std::nullopt;
   // A report without the words or figures that there was no memory for would look like one.
   endWhenMemoryRunsOut(endForWantOfMemory);
-  endWithoutRoom();
+  // What the toolkit has no memory for, a font say, it does without, and does not tell.
+  if (!isThereRoomFor(kRoom)) endForWantOfMemory();
   const auto rules = argc == kArguments ? rulesNamed(argv[4]) : std::nullopt;
   if (!rules) return wrongUsage();
   const auto groups = fileGroupsNamed(argv[3], kindsBy(*rules));
