@@ -1,11 +1,9 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "cli/RunTool.h"
@@ -26,19 +24,6 @@ constexpr rlim_t kMebibyte = rlim_t{1} << 20;
 /// What limits the memory of the tool and of what it starts.
 using Limit = rlim_t ToolSurroundings::*;
 
-/// The report as its readers get it, pictures included, but for the time at which it was made.
-std::string asRead(const std::string& path) {
-  constexpr std::string_view label = "/CreationDate (D:";
-  constexpr std::string_view printed = "(Jan 01, 2026 12:00 AM";
-  std::string text = testing::pdfObjects(path);
-  const std::size_t created = text.find(label);
-  if (created != std::string::npos)
-    text.erase(created + label.size(), std::string_view("20260101000000").size());
-  const std::size_t shown = std::min(text.find(" AM) Tj"), text.find(" PM) Tj"));
-  if (shown < text.size()) text.erase(shown + 3 - printed.size(), printed.size());
-  return text;
-}
-
 class ReportMemory : public ::testing::TestWithParam<Limit> {
  protected:
   ReportMemory() { surroundings.variables = {"LC_ALL=C.UTF-8", "TZ=UTC"}; }
@@ -57,7 +42,7 @@ class ReportMemory : public ::testing::TestWithParam<Limit> {
     const std::string csv = readFile(outputs / "out.csv");
     const bool isOld = readFile(outputs / "out.pdf") == "old";
     const std::string where = std::to_string(limit >> 10) + " KiB: " + result.errors;
-    EXPECT_TRUE(isOld || asRead(outputs / "out.pdf") == wholePdf) << where;
+    EXPECT_TRUE(isOld || testing::pdfObjectsWithoutTime(outputs / "out.pdf") == wholePdf) << where;
     EXPECT_TRUE(csv == "old" || csv == wholeCsv) << where;
     const std::filesystem::directory_iterator entries(outputs.path());
     EXPECT_EQ(std::distance(begin(entries), end(entries)), 2) << where;
@@ -82,7 +67,7 @@ class ReportMemory : public ::testing::TestWithParam<Limit> {
 TEST_P(ReportMemory, ThatIsScarceEndsInAMessageOrTheWholeReport) {
   ASSERT_EQ(exportWithin(RLIM_INFINITY).status, 0);
   wholeCsv = readFile(outputs / "out.csv");
-  wholePdf = asRead(outputs / "out.pdf");
+  wholePdf = testing::pdfObjectsWithoutTime(outputs / "out.pdf");
   int failures = 0;
   bool isEnough = false;
   for (rlim_t limit = 4 * kMebibyte; limit <= 160 * kMebibyte; limit += 4 * kMebibyte) {

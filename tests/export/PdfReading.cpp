@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdio>
 #include <sstream>
+#include <string_view>
 
 namespace quillmeter::testing {
 namespace {
@@ -118,6 +119,18 @@ std::vector<std::string> pdfContents(const std::string& path) {
 
 std::string pdfObjects(const std::string& path) {
   return outputOf("qpdf --static-id --qdf --stream-data=uncompress " + quoted(path) + " -");
+}
+
+std::string pdfObjectsWithoutTime(const std::string& path) {
+  constexpr std::string_view label = "/CreationDate (D:";
+  constexpr std::string_view digits = "20260101000000";
+  constexpr std::string_view shown = "(Jan 01, 2026 12:00 AM";
+  std::string text = pdfObjects(path);
+  const std::size_t made = text.find(label);
+  if (made != std::string::npos) text.erase(made + label.size(), digits.size());
+  const std::size_t half = std::min(text.find(" AM) Tj"), text.find(" PM) Tj"));
+  if (half < text.size()) text.erase(half + 3 - shown.size(), shown.size());
+  return text;
 }
 
 }  // namespace quillmeter::testing

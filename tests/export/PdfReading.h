@@ -43,4 +43,7 @@ struct PdfWord {
 /// All objects of the file as text, streams uncompressed.
 [[nodiscard]] std::string pdfObjects(const std::string& path);
 
+/// The same of a report, without the time at which it was made: what two reports of a project have in common.
+[[nodiscard]] std::string pdfObjectsWithoutTime(const std::string& path);
+
 }  // namespace quillmeter::testing
