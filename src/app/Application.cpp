@@ -18,11 +18,13 @@
 #include "app/AppDelegate.h"
 #include "app/CommandLine.h"
 #include "app/MakeServices.h"
+#include "app/MemoryFailure.h"
 #include "app/OpenPanel.h"
 #include "controls/ApplicationTheme.h"
 #include "controls/NamedImage.h"
 #include "support/Addresses.h"
 #include "support/ExitStatus.h"
+#include "support/MemoryGuard.h"
 #include "support/Text.h"
 #include "support/WriteAll.h"
 
@@ -84,6 +86,14 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
   std::_Exit(kNoDisplay);
 }
 
+QtMessageHandler usualHandler = nullptr;
+
+/// A window that waits for a thread that never was would not answer any more.
+void endWithoutThread(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+  usualHandler(type, context, message);
+  if (isLostThread(message)) endForWantOfMemory();
+}
+
 /// The toolkit's application object with the arguments it takes. It keeps hold of what it is given.
 class Toolkit {
  public:
@@ -93,9 +103,9 @@ class Toolkit {
       pointers_.push_back(argument.data());
     count_ = static_cast<int>(pointers_.size());
     pointers_.push_back(nullptr);
-    const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
+    usualHandler = qInstallMessageHandler(endWithoutDisplay);
     application_ = std::make_unique<QApplication>(count_, pointers_.data());
-    qInstallMessageHandler(usual);
+    qInstallMessageHandler(endWithoutThread);
   }
 
  private:
@@ -112,6 +122,7 @@ std::span<const char* const> argumentsOf(int argc, char** argv) {
 }  // namespace
 
 int runApplication(int argc, char** argv) {
+  endWhenUnicodeLibraryLacksMemory(endForWantOfMemory);
   // Help is given, and wrong usage told, without a display, too.
   const CommandLine commandLine = readCommandLine(argumentsOf(argc, argv));
   if (commandLine.output) {

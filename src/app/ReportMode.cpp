@@ -3,12 +3,14 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <cstddef>
 #include <cstdio>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "app/MemoryFailure.h"
 #include "export/Export.h"
 #include "overview/OverviewFigures.h"
 #include "stats/CanvasReportChart.h"
@@ -27,11 +29,12 @@ namespace {
 
 constexpr int kArguments = 6;
 
-/// A report without the words or figures that there was no memory for would look like one. Asks for no more.
-[[noreturn]] void endForWantOfMemory() {
-  constexpr std::string_view message = "quillmeter: Not enough memory to do this\n";
-  [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, message.data(), message.size());
-  ::_exit(kNothingMeasured);
+/// What the toolkit and the libraries below it take to start.
+constexpr std::size_t kRoom = std::size_t{64} << 20;
+
+/// What the toolkit says of its surroundings (no run-time folder, no theme) helps nobody on a build server.
+void hearToolkit(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& message) {
+  if (isLostThread(message)) endForWantOfMemory();
 }
 
 int failed(int status, const std::string& message) {
@@ -49,9 +52,8 @@ ReportSource sourceOf(const std::shared_ptr<const MeasuredProject>& project) {
 }
 
 /// Why the bytes could not be written to standard output; nothing on success.
-std::optional<std::string> writeToStandardOutput(const std::optional<std::string>& document) {
-  if (!document) return "the document does not fit into memory";
-  const auto error = writeAll(STDOUT_FILENO, *document);
+std::optional<std::string> writeToStandardOutput(const std::string& document) {
+  const auto error = writeAll(STDOUT_FILENO, document);
   if (error) return "cannot write standard output: " + *error;
   return std::nullopt;
 }
@@ -85,13 +87,15 @@ int report(const std::string& file, const FileGroups& groups, ProjectRules rules
 
 std::optional<int> runReportMode(int argc, char** argv) {
   if (argc < 2 || std::string_view(argv[1]) != "--report") return std::nullopt;
+  // A report without the words or figures that there was no memory for would look like one.
   endWhenMemoryRunsOut(endForWantOfMemory);
+  // What the toolkit has no memory for, a font say, it does without, and does not tell.
+  if (!isThereRoomFor(kRoom)) endForWantOfMemory();
   const auto rules = argc == kArguments ? rulesNamed(argv[4]) : std::nullopt;
   if (!rules) return wrongUsage();
   const auto groups = fileGroupsNamed(argv[3], kindsBy(*rules));
   if (!groups) return wrongUsage();
-  // What the toolkit says of its surroundings (no run-time folder, no theme) helps nobody on a build server.
-  qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+  qInstallMessageHandler(hearToolkit);
   qputenv("QT_QPA_PLATFORM", "offscreen");
   int toolkitArguments = 1;
   const QApplication application(toolkitArguments, argv);

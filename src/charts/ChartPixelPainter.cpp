@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <new>
 
 #include "charts/ChartPainter.h"
 #include "charts/ShadowMask.h"
@@ -29,6 +30,13 @@ Shades shades(double opacity) {
 
 double pixelScale(const QPainter& painter) {
   return std::clamp(deviceScale(painter), 0.5, kFinestScale);
+}
+
+/// Pixels to paint on. Throws std::bad_alloc when there is no memory for them.
+QImage pixelsOf(QSize size, QImage::Format format) {
+  QImage pixels(size, format);
+  if (pixels.isNull() && !size.isEmpty()) throw std::bad_alloc();
+  return pixels;
 }
 
 /// Puts pixels of which there are `scale` to a point at a place counted in them. On a device of that scale
@@ -86,7 +94,7 @@ class BlurredRect {
   void paint(QPainter& painter, const QRect& part) const {
     const QRect drawn = part & area_;
     if (drawn.isEmpty()) return;
-    QImage image(drawn.size(), QImage::Format_ARGB32_Premultiplied);
+    QImage image = pixelsOf(drawn.size(), QImage::Format_ARGB32_Premultiplied);
     const float* down = down_.data() + (drawn.top() - area_.top());
     for (int y = 0; y < drawn.height(); ++y) {
       auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
@@ -138,8 +146,8 @@ void paintRectGradient(QPainter& painter, const ChartRect& rect, ChartColor top,
   const double scale = pixelScale(painter);
   const QRectF scaled(rect.x * scale, rect.y * scale, rect.width * scale, rect.height * scale);
   const QRect area = scaled.toAlignedRect();
-  QImage image(area.size(), QImage::Format_ARGB32_Premultiplied);
-  if (image.isNull()) return;
+  if (area.isEmpty()) return;
+  QImage image = pixelsOf(area.size(), QImage::Format_ARGB32_Premultiplied);
   const auto across = pixelCoverage(scaled.left(), scaled.right(), area.left(), area.width());
   const auto down = pixelCoverage(scaled.top(), scaled.bottom(), area.top(), area.height());
   for (int y = 0; y < area.height(); ++y) {
@@ -159,8 +167,7 @@ void paintPathShadow(QPainter& painter, const QPainterPath& path, const ChartSha
   // The blur is several points wide, so a mask of one pixel a point loses nothing that could be seen.
   const double reach = shadowReach(shadow.blurRadius) + kThinWidth;
   const QRect area = path.boundingRect().adjusted(-reach, -reach, reach, reach).toAlignedRect();
-  QImage mask(area.size(), QImage::Format_Alpha8);
-  if (mask.isNull()) return;
+  QImage mask = pixelsOf(area.size(), QImage::Format_Alpha8);
   mask.fill(0);
   QPainter maskPainter(&mask);
   maskPainter.setRenderHint(QPainter::Antialiasing);
@@ -173,7 +180,7 @@ void paintPathShadow(QPainter& painter, const QPainterPath& path, const ChartSha
            static_cast<int>(mask.bytesPerLine()), shadow.blurRadius);
 
   const Shades colors = shades(shadow.opacity);
-  QImage image(area.size(), QImage::Format_ARGB32_Premultiplied);
+  QImage image = pixelsOf(area.size(), QImage::Format_ARGB32_Premultiplied);
   for (int y = 0; y < image.height(); ++y) {
     const uchar* coverage = mask.constScanLine(y);
     auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));

@@ -10,6 +10,7 @@
 #include <QStringList>
 #include <QToolTip>
 #include <algorithm>
+#include <new>
 
 #include "charts/AccessibleChart.h"
 #include "charts/ChartAdvice.h"
@@ -157,7 +158,11 @@ void DrawingCanvasView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), themeFor(palette()).paper);
   painter.scale(scale_, scale_);
-  paintOn(painter, bounds());
+  try {
+    paintOn(painter, bounds());
+  } catch (const std::bad_alloc&) {
+    // What there is no memory for is missing until the next time. An exception must not reach the toolkit.
+  }
   drawFocus(painter);
 }
 

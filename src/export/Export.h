@@ -7,7 +7,8 @@
 #include "export/PDFExporter.h"
 
 /// An export as a whole: choosing the files, making the text or the report and writing it. Each gives the
-/// system's message when the file could not be written (it is then as it was before), nothing on success.
+/// system's message when the file could not be written (it is then as it was before), nothing on success, and
+/// throws std::bad_alloc when memory runs out; the file is then as it was or whole.
 namespace quillmeter {
 
 [[nodiscard]] std::optional<std::string> exportCsv(const MeasuredProject& project, const FileGroups& groups,

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <new>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -176,7 +177,17 @@ void ExportViewController::save(const std::optional<std::string>& chosenPath, bo
   const std::string path = withDefaultExtension(*chosenPath, pdf ? "pdf" : "csv");
   const auto project = host_.parserProject();
   if (!project) return;
-  // Whatever came of it, the user is told that the export has finished.
+  try {
+    exportTo(path, project, pdf);
+    services_.delayedCalls->performAfterDelay(this, kSaveDoneDelay, [this] { showSaveDone(); });
+  } catch (const std::bad_alloc&) {
+    services_.delayedCalls->performAfterDelay(this, kSaveDoneDelay, [this] { showTooLittleMemory(); });
+  }
+}
+
+void ExportViewController::exportTo(const std::string& path,
+                                    const std::shared_ptr<const MeasuredProject>& project, bool pdf) const {
+  // Whatever comes of writing the file, the user is told that the export has finished.
   if (pdf) {
     ReportSource source;
     source.project = project;
@@ -186,11 +197,14 @@ void ExportViewController::save(const std::optional<std::string>& chosenPath, bo
   } else {
     static_cast<void>(exportCsv(*project, groups(), path));
   }
-  services_.delayedCalls->performAfterDelay(this, kSaveDoneDelay, [this] { showSaveDone(); });
 }
 
 void ExportViewController::showSaveDone() {
   services_.alerts->runModal(window(), tr("Exporting successfully finished."), {tr("Ok")});
+}
+
+void ExportViewController::showTooLittleMemory() {
+  services_.alerts->runModal(window(), tr("Not enough memory to export the project."), {tr("Ok")});
 }
 
 }  // namespace quillmeter

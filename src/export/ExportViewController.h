@@ -21,6 +21,7 @@ class ExportViewController;
 namespace quillmeter {
 
 class ExportHost;
+class MeasuredProject;
 
 /// The Export tab: the user picks kinds of files and a form, names a file in a save sheet, and the tab writes
 /// it. Everything happens on the main thread. The project is asked of the host at the moment of writing; a
@@ -72,6 +73,9 @@ class ExportViewController final : public QWidget {
 
   void setUpCaptions();
   void save(const std::optional<std::string>& chosenPath, bool pdf);
+  void exportTo(const std::string& path, const std::shared_ptr<const MeasuredProject>& project,
+                bool pdf) const;
+  void showTooLittleMemory();
   void showTypes();
   [[nodiscard]] FileGroups groups() const;
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdlib>
+#include <new>
 
 #include "export/PdfLibraryDocument.h"
 
@@ -20,9 +21,13 @@ struct FontMetrics::Document {
   explicit Document(const std::string& name) {
     if (handle) font = HPDF_GetFont(handle.get(), name.c_str(), "MacRomanEncoding");
   }
+  [[nodiscard]] bool hasRunOutOfMemory() const {
+    return !handle || HPDF_GetError(handle.get()) == HPDF_FAILD_TO_ALLOC_MEM;
+  }
 };
 
 FontMetrics::FontMetrics(const std::string& name) : document_(std::make_unique<Document>(name)) {
+  if (document_->hasRunOutOfMemory()) throw std::bad_alloc();
   if (document_->font == nullptr) return;
   ascent_ = HPDF_Font_GetAscent(document_->font);
   descent_ = std::abs(HPDF_Font_GetDescent(document_->font));

@@ -9,7 +9,8 @@ namespace quillmeter {
 /// How wide and high a base font of the PDF format is, in thousandths of its size. Immutable once made.
 class FontMetrics {
  public:
-  /// `name` is a base font's, such as "Helvetica-Bold"; an unknown one is as wide and high as nothing.
+  /// `name` is a base font's, such as "Helvetica-Bold"; an unknown one is as wide and high as nothing. Throws
+  /// std::bad_alloc when memory runs out: a text would stand in a wrong place.
   explicit FontMetrics(const std::string& name);
   ~FontMetrics();
   FontMetrics(FontMetrics&&) noexcept;

@@ -27,15 +27,14 @@ void PDFExporter::renderForFilesAtPath(const ReportFiles& files, const std::stri
   MyCreatePDFFile(path);
 }
 
-std::optional<std::string> PDFExporter::renderForFiles(const ReportFiles& files) {
+std::string PDFExporter::renderForFiles(const ReportFiles& files) {
   setFiles(sortFilesArray(files));
   contentSize_ = 0;
   return drawnDocument();
 }
 
 void PDFExporter::MyCreatePDFFile(const std::string& path) {
-  const auto document = drawnDocument();
-  error_ = document ? writeFileAtomically(path, *document) : "the document does not fit into memory";
+  error_ = writeFileAtomically(path, drawnDocument());
 }
 
 void PDFExporter::setFiles(ReportFiles files) {

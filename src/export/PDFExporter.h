@@ -43,10 +43,10 @@ class PDFExporter {
   explicit PDFExporter(ReportSource source);
 
   /// Writes the report of `files` to `path`, whole or not at all; `error` tells afterwards. Files of no
-  /// report group are left out.
+  /// report group are left out. Throws std::bad_alloc when memory runs out, before anything is written.
   void renderForFilesAtPath(const ReportFiles& files, const std::string& path);
-  /// The report of `files` as bytes; nothing when memory ran out.
-  [[nodiscard]] std::optional<std::string> renderForFiles(const ReportFiles& files);
+  /// The report of `files` as bytes. Throws std::bad_alloc when memory runs out.
+  [[nodiscard]] std::string renderForFiles(const ReportFiles& files);
 
   /// The files in report order: group by group, each in the order given.
   [[nodiscard]] ReportFiles sortFilesArray(const ReportFiles& files) const;
@@ -91,7 +91,7 @@ class PDFExporter {
   [[nodiscard]] static GroupSums sumsOf(ReportFiles const& files, std::span<const std::string_view> group);
 
   void MyCreatePDFFile(const std::string& path);
-  [[nodiscard]] std::optional<std::string> drawnDocument();
+  [[nodiscard]] std::string drawnDocument();
   void performDraw();
   void drawTitleHeader();
   void drawChartArea();

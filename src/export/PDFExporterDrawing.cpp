@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <new>
+#include <utility>
 
 #include "analysis/MeasuredProject.h"
 #include "export/PDFExporter.h"
@@ -54,7 +56,7 @@ constexpr int kPieCanvasWidth = 800;
 
 }  // namespace
 
-std::optional<std::string> PDFExporter::drawnDocument() {
+std::string PDFExporter::drawnDocument() {
   const bool isByCurrentRules = source_.project->rules() == ProjectRules::current;
   pdfContext_ = std::make_unique<PdfContext>(
       PdfInformation{.title = "Statistics Report",
@@ -67,7 +69,9 @@ std::optional<std::string> PDFExporter::drawnDocument() {
   performDraw();
   auto document = pdfContext_->document();
   pdfContext_.reset();
-  return document;
+  // Memory is all that can fail: what is drawn here is sound, whatever the files are called.
+  if (!document) throw std::bad_alloc();
+  return *std::move(document);
 }
 
 void PDFExporter::performDraw() {

@@ -30,8 +30,8 @@ inline constexpr int kReportChartScale = 3;
 class ReportChart {
  public:
   virtual ~ReportChart() = default;
-  /// The graph on a transparent background, `kReportChartScale` pixels a point; empty when it cannot be
-  /// painted.
+  /// The graph on a transparent background, `kReportChartScale` pixels a point. Throws std::bad_alloc when
+  /// there is too little memory to paint it.
   [[nodiscard]] virtual ReportPicture picture(const ReportChartRequest& request) const = 0;
 };
 

@@ -4,13 +4,18 @@
 #include <QPainter>
 #include <algorithm>
 #include <cstddef>
+#include <new>
 
 #include "charts/DrawingCanvasView.h"
+#include "support/MemoryGuard.h"
 
 namespace quillmeter {
 namespace {
 
 constexpr int kBytesPerPixel = 4;
+
+/// What painting takes: five pictures of ten megabytes, at most three of them at a time, and the fonts.
+constexpr std::size_t kRoom = std::size_t{64} << 20;
 
 /// Gives what is wholly transparent the colour that the drawing's soft edges fade from. Readers that shrink
 /// the picture mix the colours of neighbours, and would put a light or dark seam around everything otherwise.
@@ -29,6 +34,8 @@ void colorTransparentPixels(QImage& image, const QColor& color) {
 }  // namespace
 
 ReportPicture CanvasReportChart::picture(const ReportChartRequest& request) const {
+  // The toolkit leaves out a letter that it has no memory for, and does not tell.
+  if (!isThereRoomFor(kRoom)) throw std::bad_alloc();
   DrawingCanvasView canvas;
   canvas.setGraphType(graphTypeOf(ChartKind::fileKindsPie));
   canvas.setCIRCLE_RADIUS(request.circleRadius);
@@ -37,7 +44,7 @@ ReportPicture CanvasReportChart::picture(const ReportChartRequest& request) cons
 
   const QSize size(request.width, request.height);
   QImage painted(size * kReportChartScale, QImage::Format_ARGB32_Premultiplied);
-  if (painted.isNull()) return {};
+  if (painted.isNull()) throw std::bad_alloc();
   painted.setDevicePixelRatio(kReportChartScale);
   painted.fill(Qt::transparent);
   {
@@ -46,6 +53,7 @@ ReportPicture CanvasReportChart::picture(const ReportChartRequest& request) cons
     canvas.paintOn(painter, size);
   }
   QImage image = painted.convertToFormat(QImage::Format_RGBA8888);
+  if (image.isNull()) throw std::bad_alloc();
   colorTransparentPixels(image, canvas.axisColor());
 
   ReportPicture picture;

@@ -155,6 +155,7 @@ void AtomicFile::nameUnnamed() {
 }
 
 void AtomicFile::fail(int errorNumber) {
+  removeTemporary();  // before memory is asked for, which might be refused
   fail(std::generic_category().message(errorNumber));
 }
 

@@ -1,13 +1,13 @@
 #include "support/PartFiles.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <filesystem>
+#include <memory>
 #include <random>
 #include <string_view>
-#include <system_error>
 
 #include "support/Paths.h"
 #include "support/WritingSystem.h"
@@ -27,6 +27,10 @@ bool isPartName(std::string_view name) {
   return std::all_of(number.begin(), number.end(), [](char digit) { return digit >= '0' && digit <= '9'; });
 }
 
+struct FolderCloser {
+  void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
 void removeUnlessHeld(const WritingSystem& system, const std::string& path) {
   // Only who may write a file is told whether it is locked everywhere.
   const int descriptor = ::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
@@ -45,10 +49,11 @@ std::string newPartPath(const std::string& folder) {
 }
 
 void removeLeftoverParts(const WritingSystem& system, const std::string& folder) {
-  std::error_code error;
-  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-       entry.increment(error)) {
-    if (isPartName(entry->path().filename().native())) removeUnlessHeld(system, entry->path());
+  // The standard library's own iterator ends the program where it has no memory for a name.
+  const std::unique_ptr<DIR, FolderCloser> names(::opendir(folder.c_str()));
+  if (names == nullptr) return;
+  while (const dirent* const entry = ::readdir(names.get())) {
+    if (isPartName(entry->d_name)) removeUnlessHeld(system, joinedPath(folder, entry->d_name));
   }
 }
 

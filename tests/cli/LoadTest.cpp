@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "cli/RunTool.h"
+#include "export/PdfReading.h"
 #include "helpers/ProjectFixture.h"
 #include "xcode/ProjectReaders.h"
 
@@ -65,39 +66,77 @@ TEST(Load, ProjectsOpenedAndClosedLeaveMemoryAndDescriptorsAsTheyWere) {
   EXPECT_LT(residentKiB() - memory, most);
 }
 
-/// Exports `bundle` to `output` and kills the tool `after` its start. Gives whether it was killed.
-bool exportAndKill(const std::string& bundle, const std::string& output, std::chrono::microseconds after) {
-  const std::string tool = QUILLMETER_BINARY_DIR "/bin/quillmeter-cli";
-  const pid_t child = ::fork();
-  if (child == 0) {
-    ::execl(tool.c_str(), tool.c_str(), "export", "--quiet", "--csv", output.c_str(), bundle.c_str(),
-            nullptr);
-    ::_exit(127);
+/// Whether a process lives, other than this one, that was started for `output`.
+bool isAnyoneAtWorkOn(const std::string& output) {
+  for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+    const std::string process = entry.path().filename().string();
+    if (process.find_first_not_of("0123456789") != std::string::npos) continue;
+    std::string command;  // nothing for a process that has just gone
+    std::getline(std::ifstream(entry.path() / "cmdline"), command, '\n');
+    if (command.find(output) != std::string::npos) return true;
   }
-  std::this_thread::sleep_for(after);
-  ::kill(child, SIGKILL);
-  int status = 0;
-  EXPECT_EQ(::waitpid(child, &status, 0), child);
-  EXPECT_TRUE(WIFSIGNALED(status) || WEXITSTATUS(status) == 0);
-  return WIFSIGNALED(status);
+  return false;
 }
 
-TEST(Load, ExportsThatAreKilledLeaveTheOldFileOrTheNewOneAndNothingElse) {
-  const int times = timesFrom("QUILLMETER_LOAD_KILLS", 40);
-  const TemporaryFolder project;
-  const TemporaryFolder outputs;
-  std::vector<std::string> names;
-  for (int number = 0; number < 400; ++number) {
-    names.push_back(std::string(100, 'x') + std::to_string(number) + ".m");
-    project.file(names.back(), "int a;\n");
+/// Exports that are killed, of a project that takes a while.
+class KilledExports : public ::testing::TestWithParam<std::string> {
+ protected:
+  KilledExports() {
+    std::vector<std::string> names;
+    for (int number = 0; number < 400; ++number) {
+      names.push_back(std::string(100, 'x') + std::to_string(number) + ".m");
+      project.file(names.back(), "int a;\n");
+    }
+    bundle = testing::writeProject(project, names);
+    ::setenv("LC_ALL", "C.UTF-8", 1);
   }
-  const std::string bundle = testing::writeProject(project, names);
-  const std::string output = outputs / "out.csv";
+
+  [[nodiscard]] int exportWhole() const {
+    return testing::runTool({"export", "--quiet", "--" + GetParam(), output, bundle}).status;
+  }
+
+  /// Kills the tool `after` its start. Gives whether it was killed.
+  [[nodiscard]] bool exportAndKill(std::chrono::microseconds after) const {
+    const std::string tool = QUILLMETER_BINARY_DIR "/bin/quillmeter-cli";
+    const std::string form = "--" + GetParam();
+    const pid_t child = ::fork();
+    if (child == 0) {
+      ::execl(tool.c_str(), tool.c_str(), "export", "--quiet", form.c_str(), output.c_str(), bundle.c_str(),
+              nullptr);
+      ::_exit(127);
+    }
+    std::this_thread::sleep_for(after);
+    ::kill(child, SIGKILL);
+    int status = 0;
+    EXPECT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFSIGNALED(status) || WEXITSTATUS(status) == 0);
+    return WIFSIGNALED(status);
+  }
+
+  /// What of the output two whole runs have in common.
+  [[nodiscard]] std::string written() const {
+    const std::string text = testing::readFile(output);
+    return text != "old" && GetParam() == "pdf" ? testing::pdfObjectsWithoutTime(output) : text;
+  }
+
+  [[nodiscard]] int entries() const {
+    const std::filesystem::directory_iterator all(outputs.path());
+    return static_cast<int>(std::distance(begin(all), end(all)));
+  }
+
+  TemporaryFolder project;
+  TemporaryFolder outputs;
+  std::string bundle;
+  std::string output = outputs / "out";
+};
+
+TEST_P(KilledExports, LeaveTheOldFileOrTheNewOneAndNothingElse) {
+  const int times = timesFrom("QUILLMETER_LOAD_KILLS", 40);
   const auto start = std::chrono::steady_clock::now();
-  ASSERT_EQ(testing::runTool({"export", "--quiet", "--csv", output, bundle}).status, 0);
+  ASSERT_EQ(exportWhole(), 0);
   const auto whole =
       std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - start);
-  const std::string right = testing::readFile(output);
+  const std::string right = written();
   constexpr unsigned seed = 1;
   std::mt19937 chance(seed);  // NOLINT(cert-msc51-cpp): the same times in each run
   std::uniform_int_distribution<long> moment(0, whole.count() * 5 / 4);
@@ -105,13 +144,15 @@ TEST(Load, ExportsThatAreKilledLeaveTheOldFileOrTheNewOneAndNothingElse) {
   int replaced = 0;
   int leftovers = 0;
   for (int time = 0; time < times; ++time) {
-    outputs.file("out.csv", "old");
-    killed += exportAndKill(bundle, output, std::chrono::microseconds(moment(chance))) ? 1 : 0;
-    const std::string now = testing::readFile(output);
+    outputs.file("out", "old");
+    killed += exportAndKill(std::chrono::microseconds(moment(chance))) ? 1 : 0;
+    for (int wait = 0; wait < 1000 && isAnyoneAtWorkOn(output); ++wait)
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    ASSERT_FALSE(isAnyoneAtWorkOn(output)) << "a process outlives the tool";
+    const std::string now = written();
     EXPECT_TRUE(now == "old" || now == right) << now.size() << " bytes";
     replaced += now == right ? 1 : 0;
-    const std::filesystem::directory_iterator entries(outputs.path());
-    leftovers += static_cast<int>(std::distance(begin(entries), end(entries))) - 1;
+    leftovers += entries() - 1;
   }
   std::printf("[   LOAD   ] %d exports, %d of them killed, %d came to the new file, %d leftovers met\n",
               times, killed, replaced, leftovers);
@@ -119,10 +160,17 @@ TEST(Load, ExportsThatAreKilledLeaveTheOldFileOrTheNewOneAndNothingElse) {
   // Killed between giving the file a name and putting it in place, a run leaves one, which the next one
   // removes.
   EXPECT_LE(leftovers, times / 10);
-  ASSERT_EQ(testing::runTool({"export", "--quiet", "--csv", output, bundle}).status, 0);
-  const std::filesystem::directory_iterator entries(outputs.path());
-  EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);
+  ASSERT_EQ(exportWhole(), 0);
+  EXPECT_EQ(entries(), 1);
 }
+
+#ifdef QUILLMETER_HAS_APPLICATION
+INSTANTIATE_TEST_SUITE_P(Load, KilledExports, ::testing::Values("csv", "pdf"),
+                         [](const auto& form) { return form.param; });
+#else
+INSTANTIATE_TEST_SUITE_P(Load, KilledExports, ::testing::Values("csv"),
+                         [](const auto& form) { return form.param; });
+#endif
 
 }  // namespace
 }  // namespace quillmeter

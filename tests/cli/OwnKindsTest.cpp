@@ -111,7 +111,7 @@ TEST_F(AnExtensionOfATableOfItsOwn, IsInTheReportsGroupOfHeaders) {
   ReportSource source;
   source.project = project;
   PDFExporter exporter(source);
-  ASSERT_TRUE(exporter.renderForFiles(reportFiles(*project, project->kinds().allGroups())).has_value());
+  ASSERT_NE(exporter.renderForFiles(reportFiles(*project, project->kinds().allGroups())), "");
   ASSERT_EQ(exporter.files().size(), 2U);
   EXPECT_THAT(exporter.cellValuesForFile(*exporter.files()[0]), ElementsAre("a.hpp", "4", "2", "0.0 KB"));
   EXPECT_THAT(exporter.cellValuesForFileType("hpp"), ElementsAre("6", "3", "0.0 KB"));

@@ -28,8 +28,11 @@ struct ToolSurroundings {
   std::string standardOutput = {};          ///< a file to open as standard output instead of collecting it
   std::vector<std::string> variables = {};  ///< "NAME=value" on top of the test's own environment
   rlim_t addressSpace = RLIM_INFINITY;      ///< bytes
+  rlim_t data = RLIM_INFINITY;              ///< bytes of memory that can be written to and is not shared
+  rlim_t stack = 0;                         ///< bytes of the stack of each thread; 0 for the usual ones
   rlim_t openFiles = RLIM_INFINITY;         ///< at a time, the three standard streams included
   bool terminal = false;                    ///< standard error is a terminal
+  unsigned patience = 0;                    ///< seconds after which a signal ends the tool; 0 for never
 };
 
 /// Runs the built quillmeter-cli with `arguments` and waits for its end.
@@ -55,6 +58,11 @@ inline ToolResult runTool(std::vector<std::string> arguments, const ToolSurround
       ::putenv(const_cast<char*>(variable.c_str()));
     const rlimit space{surroundings.addressSpace, surroundings.addressSpace};
     if (::setrlimit(RLIMIT_AS, &space) != 0) ::_exit(126);
+    const rlimit data{surroundings.data, surroundings.data};
+    if (::setrlimit(RLIMIT_DATA, &data) != 0) ::_exit(126);
+    const rlimit stack{surroundings.stack, RLIM_INFINITY};
+    if (surroundings.stack != 0 && ::setrlimit(RLIMIT_STACK, &stack) != 0) ::_exit(126);
+    ::alarm(surroundings.patience);
     if (::chdir(surroundings.folder.c_str()) != 0) ::_exit(126);
     int standardOutput = out[1];
     if (!surroundings.standardOutput.empty())

@@ -265,6 +265,17 @@ TEST_F(ExportTab, SuccessIsToldWhateverHappened) {
   EXPECT_THAT(fakes.alerts->shown, SizeIs(2));
 }
 
+TEST_F(ExportTab, TooLittleMemoryIsToldAndTheOldFileStays) {
+  folder.file("stats.pdf", "old");
+  fakes.savePanel->answer = folder / "stats.pdf";
+  host.chart->whilePainted = [] { throw std::bad_alloc(); };
+  tab->tapGenerate();
+  fakes.delayedCalls->advance(1s);
+  ASSERT_THAT(fakes.alerts->shown, SizeIs(1));
+  EXPECT_EQ(fakes.alerts->shown[0].message, QStringLiteral("Not enough memory to export the project."));
+  EXPECT_EQ(readFile(folder / "stats.pdf"), "old");
+}
+
 TEST_F(ExportTab, FormIsThatOfTheMomentTheSheetOpened) {
   fakes.savePanel->answersAtOnce = false;
   fakes.savePanel->answer = folder / "stats";

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <functional>
 #include <vector>
 
 #include "export/ReportChart.h"
@@ -13,6 +14,7 @@ class FakeReportChart final : public ReportChart {
  public:
   [[nodiscard]] ReportPicture picture(const ReportChartRequest& request) const override {
     requests.push_back(request);
+    if (whilePainted) whilePainted();
     ReportPicture picture;
     picture.width = request.width * kReportChartScale;
     picture.height = request.height * kReportChartScale;
@@ -31,6 +33,7 @@ class FakeReportChart final : public ReportChart {
   }
 
   mutable std::vector<ReportChartRequest> requests;
+  std::function<void()> whilePainted;
 };
 
 }  // namespace quillmeter::testing

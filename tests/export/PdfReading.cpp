@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdio>
 #include <sstream>
+#include <string_view>
 
 namespace quillmeter::testing {
 namespace {
@@ -18,7 +19,7 @@ constexpr double kDescent = 0.207;
 constexpr double kPageHeight = 1454.0;
 
 std::string outputOf(const std::string& command) {
-  const ToolResult result = run(command);
+  const CommandResult result = run(command);
   EXPECT_EQ(result.status, 0) << command << "\n" << result.output.substr(0, 1000);
   return result.output;
 }
@@ -41,8 +42,8 @@ std::string unescaped(std::string text) {
 
 }  // namespace
 
-ToolResult run(const std::string& command) {
-  ToolResult result;
+CommandResult run(const std::string& command) {
+  CommandResult result;
   FILE* const pipe = ::popen((command + " 2>&1").c_str(), "r");
   if (pipe == nullptr) return result;
   std::array<char, 4096> block{};
@@ -117,7 +118,19 @@ std::vector<std::string> pdfContents(const std::string& path) {
 }
 
 std::string pdfObjects(const std::string& path) {
-  return outputOf("qpdf --qdf --stream-data=uncompress " + quoted(path) + " -");
+  return outputOf("qpdf --static-id --qdf --stream-data=uncompress " + quoted(path) + " -");
+}
+
+std::string pdfObjectsWithoutTime(const std::string& path) {
+  constexpr std::string_view label = "/CreationDate (D:";
+  constexpr std::string_view digits = "20260101000000";
+  constexpr std::string_view shown = "(Jan 01, 2026 12:00 AM";
+  std::string text = pdfObjects(path);
+  const std::size_t made = text.find(label);
+  if (made != std::string::npos) text.erase(made + label.size(), digits.size());
+  const std::size_t half = std::min(text.find(" AM) Tj"), text.find(" PM) Tj"));
+  if (half < text.size()) text.erase(half + 3 - shown.size(), shown.size());
+  return text;
 }
 
 }  // namespace quillmeter::testing

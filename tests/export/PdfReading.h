@@ -7,13 +7,13 @@
 /// reader of the report sees.
 namespace quillmeter::testing {
 
-struct ToolResult {
+struct CommandResult {
   int status = -1;
   std::string output;  ///< standard output and standard error
 };
 
 /// Runs a command of the shell.
-[[nodiscard]] ToolResult run(const std::string& command);
+[[nodiscard]] CommandResult run(const std::string& command);
 
 /// `text` as one word of the shell.
 [[nodiscard]] std::string quoted(const std::string& text);
@@ -42,5 +42,8 @@ struct PdfWord {
 
 /// All objects of the file as text, streams uncompressed.
 [[nodiscard]] std::string pdfObjects(const std::string& path);
+
+/// The same of a report, without the time at which it was made: what two reports of a project have in common.
+[[nodiscard]] std::string pdfObjectsWithoutTime(const std::string& path);
 
 }  // namespace quillmeter::testing
