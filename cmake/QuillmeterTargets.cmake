@@ -3,17 +3,25 @@
 # quillmeter_library(NAME SOURCES a.cpp … [PUBLIC lib …] [PRIVATE lib …])
 # A plain library: C++20, no Qt.
 function(quillmeter_library name)
-  cmake_parse_arguments(arg "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
-  add_library(${name} STATIC ${arg_SOURCES})
-  target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
-  target_link_libraries(${name} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE} quillmeter_warnings)
+  quillmeter_declare_library(${name} ${ARGN})
+  if(QUILLMETER_SANITIZE)
+    # What the tests keep busy. To optimise the widgets and the tests themselves takes longer than it saves.
+    target_compile_options(${name} PRIVATE -O1)
+  endif()
 endfunction()
 
 # quillmeter_ui_library(NAME SOURCES a.cpp … [PUBLIC lib …] [PRIVATE lib …])
 # A library of windows and widgets on Qt 6. Interface files are found in src/resources.
 function(quillmeter_ui_library name)
-  quillmeter_library(${name} ${ARGN})
+  quillmeter_declare_library(${name} ${ARGN})
   quillmeter_use_qt(${name})
+endfunction()
+
+function(quillmeter_declare_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE} quillmeter_warnings)
 endfunction()
 
 function(quillmeter_use_qt name)
@@ -47,6 +55,10 @@ function(quillmeter_test name)
   endif()
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT ${arg_TIMEOUT})
+  if("slow" IN_LIST arg_LABELS)
+    # Begun first, so that not one of them is waited for alone at the end.
+    set_tests_properties(${name} PROPERTIES COST 100)
+  endif()
   if(arg_QT)
     # The toolkit and the font library keep what they allocate for the life of the process.
     set_tests_properties(${name} PROPERTIES ENVIRONMENT

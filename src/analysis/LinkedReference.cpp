@@ -53,11 +53,11 @@ std::optional<LinkedPath> LinkedReferences::follow(std::string_view reference) {
     reference.remove_prefix(kClimb.size());
     isFound = exists(shortestPath(joined));
   }
-  const std::string path = joinedPath(folder_, joined);
+  std::string path = joinedPath(folder_, joined);
   auto target = folded(path);
   LinkedPath result;
   result.foldsPastRoot = !target;
-  result.path = target ? std::move(*target) : path;
+  result.path = target ? *std::move(target) : std::move(path);
   // What was not found on the way mostly is not here either.
   result.isMissing = !isFound && !exists(result.path);
   return result;

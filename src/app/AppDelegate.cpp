@@ -85,7 +85,7 @@ void AppDelegate::connectControls() {
   connect(ui_->btnRulesOffer, &QPushButton::clicked, this, [this] {
     measureBy(rules_ == ProjectRules::classic ? ProjectRules::current : ProjectRules::classic);
   });
-  const auto addShortcut = [this](QKeySequence keys, auto action) {
+  const auto addShortcut = [this](const QKeySequence& keys, auto action) {
     auto* shortcut = new QShortcut(keys, window_.get());
     connect(shortcut, &QShortcut::activated, this, action);
   };

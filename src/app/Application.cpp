@@ -22,6 +22,7 @@
 #include "controls/ApplicationTheme.h"
 #include "controls/NamedImage.h"
 #include "support/Addresses.h"
+#include "support/ExitStatus.h"
 #include "support/Text.h"
 #include "support/WriteAll.h"
 
@@ -29,8 +30,6 @@ namespace quillmeter {
 namespace {
 
 constexpr int kNoDisplay = 1;
-constexpr int kWrongUsage = 2;
-constexpr int kOutputFailed = 4;
 
 /// X servers know windows by their class, which the toolkit takes from the application's name, once, for its
 /// first window. To people and to assistive technology the application has a name that can be read.

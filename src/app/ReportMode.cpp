@@ -14,6 +14,7 @@
 #include "stats/CanvasReportChart.h"
 #include "support/AtomicFile.h"
 #include "support/Confinement.h"
+#include "support/ExitStatus.h"
 #include "support/MemoryGuard.h"
 #include "support/NumberFormat.h"
 #include "support/Text.h"
@@ -24,10 +25,6 @@
 namespace quillmeter {
 namespace {
 
-constexpr int kSuccess = 0;
-constexpr int kWrongUsage = 2;
-constexpr int kNothingMeasured = 3;
-constexpr int kOutputFailed = 4;
 constexpr int kArguments = 6;
 
 /// A report without the words or figures that there was no memory for would look like one. Asks for no more.

@@ -20,10 +20,6 @@ QPointF toPoint(ChartPoint point) {
   return {point.x, point.y};
 }
 
-QString toText(const std::string& text) {
-  return QString::fromStdString(text);
-}
-
 /// Leaves a painter as it was.
 class SavedState {
  public:
@@ -67,7 +63,7 @@ QFont chartFont(double size) {
 
 ChartSize measuredText(const std::string& text, double fontSize) {
   const QFontMetricsF metrics(chartFont(fontSize));
-  return {metrics.horizontalAdvance(toText(text)), metrics.height()};
+  return {metrics.horizontalAdvance(QString::fromStdString(text)), metrics.height()};
 }
 
 double deviceScale(const QPainter& painter) {
@@ -82,7 +78,7 @@ void paintLabel(QPainter& painter, const ChartLabel& label, const QColor& color)
   if (label.wrap == ChartTextWrap::none) flags |= Qt::TextDontClip | Qt::TextSingleLine;
   if (label.wrap == ChartTextWrap::words) flags |= Qt::TextWordWrap;
   if (label.wrap == ChartTextWrap::characters) flags |= Qt::TextWrapAnywhere;
-  painter.drawText(toRect(label.frame), flags, toText(label.text));
+  painter.drawText(toRect(label.frame), flags, QString::fromStdString(label.text));
 }
 
 void paintPolyline(QPainter& painter, const std::vector<ChartPoint>& points, double width,

@@ -54,6 +54,7 @@ std::vector<float> pixelCoverage(double from, double to, int first, int count) {
 }
 
 QRgb covering(QRgb color, float coverage) {
+  // NOLINTNEXTLINE(bugprone-incorrect-roundings): never negative
   return qPremultiply((color & RGB_MASK) | static_cast<QRgb>(coverage * 255.0F + 0.5F) << 24U);
 }
 
@@ -86,11 +87,13 @@ class BlurredRect {
     const QRect drawn = part & area_;
     if (drawn.isEmpty()) return;
     QImage image(drawn.size(), QImage::Format_ARGB32_Premultiplied);
+    const float* down = down_.data() + (drawn.top() - area_.top());
     for (int y = 0; y < drawn.height(); ++y) {
       auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
-      const float height = down_[static_cast<std::size_t>(drawn.top() - area_.top() + y)] * 255.0F;
+      const float height = down[y] * 255.0F;
       const float* across = across_.data() + (drawn.left() - area_.left());
       for (int x = 0; x < drawn.width(); ++x) {
+        // NOLINTNEXTLINE(bugprone-incorrect-roundings): never negative
         row[x] = shades_[static_cast<std::size_t>(across[x] * height + 0.5F)];
       }
     }

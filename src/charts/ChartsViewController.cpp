@@ -42,10 +42,6 @@ constexpr int kInfoPictureSide = 20;
 const QColor kTitleColor(Qt::white);
 const QColor kAlternateTitleColor(85, 85, 85);
 
-QString toText(const std::string& text) {
-  return QString::fromStdString(text);
-}
-
 /// The picture as the bytes of a JPEG file.
 QByteArray jpegData(const QPixmap& picture) {
   QByteArray bytes;
@@ -74,6 +70,7 @@ ChartsViewController::ChartsViewController(ChartsHost& host, const Services& ser
   ui_->scrollPage->installEventFilter(this);
   ui_->viewPage->installEventFilter(this);
   std::vector<QPushButton*> choices;
+  choices.reserve(kAllCharts.size());
   for (const ChartKind chart : kAllCharts)
     choices.push_back(filterButton(chart));
   popup_ = new ChoicePopup(*ui_->btnFilters, *ui_->viewFilters, choices, services_.delayedCalls, this);
@@ -275,10 +272,10 @@ void ChartsViewController::showInfoPopoverForItemFromStartingPoint(const std::sh
                                                                    ChartPoint point) {
   const auto advice = chartAdvice(chart_, *file, ui_->viewBarChart->averageNumberOfLines());
   if (!advice) return;
-  ui_->lblPopoverDetailsChart1->setText(toText(advice->fileName));
-  ui_->lblPopoverDetailsChart2->setText(toText(advice->value));
-  ui_->lblPopoverDetailsChart3->setText(toText(advice->average));
-  if (advice->advice) ui_->lblPopoverDetailsChart4->setText(toText(*advice->advice));
+  ui_->lblPopoverDetailsChart1->setText(QString::fromStdString(advice->fileName));
+  ui_->lblPopoverDetailsChart2->setText(QString::fromStdString(advice->value));
+  ui_->lblPopoverDetailsChart3->setText(QString::fromStdString(advice->average));
+  if (advice->advice) ui_->lblPopoverDetailsChart4->setText(QString::fromStdString(*advice->advice));
 
   FadingPanel* panel = ui_->viewPopoverDetailsChart;
   const QPoint canvas = ui_->viewBarChart->mapTo(ui_->viewPage, QPoint(0, 0));

@@ -5,12 +5,12 @@
 #include <unordered_set>
 
 #include "cli/Commands.h"
-#include "cli/ExitStatus.h"
 #include "cli/JsonWriter.h"
 #include "cli/Measurement.h"
 #include "cli/Output.h"
 #include "cli/Suggestions.h"
 #include "cli/ToolConfinement.h"
+#include "support/ExitStatus.h"
 #include "support/Text.h"
 #include "tables/CleanUpTable.h"
 

@@ -7,12 +7,12 @@
 
 #include "cli/Commands.h"
 #include "cli/ComparisonFormats.h"
-#include "cli/ExitStatus.h"
 #include "cli/Output.h"
 #include "cli/Suggestions.h"
 #include "cli/ToolConfinement.h"
 #include "compare/SnapshotReader.h"
 #include "files/FileSystem.h"
+#include "support/ExitStatus.h"
 
 namespace quillmeter {
 namespace {

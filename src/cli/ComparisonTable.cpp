@@ -9,7 +9,7 @@ namespace {
 
 using Rows = std::vector<std::vector<std::string>>;
 
-void writeTotals(const Comparison& comparison, const DecimalFormatter& formatter, Output& output) {
+void writeTotalColumns(const Comparison& comparison, const DecimalFormatter& formatter, Output& output) {
   Rows rows{{"", "Before", "After", "Change", ""}};
   for (const TotalRow& row : totalRows(comparison, formatter))
     rows.emplace_back(row.begin(), row.end());
@@ -17,7 +17,7 @@ void writeTotals(const Comparison& comparison, const DecimalFormatter& formatter
 }
 
 /// Paths come last, so that long ones break no column.
-void writeFiles(const Comparison& comparison, const DecimalFormatter& formatter, Output& output) {
+void writeFileColumns(const Comparison& comparison, const DecimalFormatter& formatter, Output& output) {
   const std::size_t count = listedFiles(comparison);
   if (count == 0) return;
   Rows rows{{"Change", "Lines", "Size", "File"}};
@@ -39,9 +39,9 @@ void writeComparisonTable(const Comparison& comparison, Output& output) {
   output.write(onOneLine(comparison.after.projectTitle) + "\n");
   output.write("before: " + onOneLine(comparison.before.initialPath) + "\n");
   output.write("after:  " + onOneLine(comparison.after.initialPath) + "\n" + rulesLine(comparison) + "\n");
-  writeTotals(comparison, formatter, output);
+  writeTotalColumns(comparison, formatter, output);
   output.write("\n" + changesSentence(comparison.differences, formatter) + "\n");
-  writeFiles(comparison, formatter, output);
+  writeFileColumns(comparison, formatter, output);
   const std::string omission = omissionSentence(comparison, formatter);
   if (!omission.empty()) output.write(omission + " (--top all lists them)\n");
 }

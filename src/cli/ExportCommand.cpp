@@ -7,12 +7,12 @@
 #include <vector>
 
 #include "cli/Commands.h"
-#include "cli/ExitStatus.h"
 #include "cli/Measurement.h"
 #include "cli/Output.h"
 #include "cli/ReportProcess.h"
 #include "cli/ToolConfinement.h"
 #include "export/CsvText.h"
+#include "support/ExitStatus.h"
 #include "xcode/CurrentKinds.h"
 
 namespace quillmeter {

@@ -2,8 +2,8 @@
 
 #include <CLI/CLI.hpp>
 
-#include "cli/ExitStatus.h"
 #include "cli/Measurement.h"
+#include "support/ExitStatus.h"
 
 namespace quillmeter {
 

@@ -5,12 +5,12 @@
 
 #include "cli/Commands.h"
 #include "cli/CompareCommand.h"
-#include "cli/ExitStatus.h"
 #include "cli/Measurement.h"
 #include "cli/MeasurementFormats.h"
 #include "cli/Output.h"
 #include "cli/Suggestions.h"
 #include "cli/ToolConfinement.h"
+#include "support/ExitStatus.h"
 
 namespace quillmeter {
 namespace {

@@ -6,12 +6,12 @@
 #include <system_error>
 
 #include "analysis/ProjectChooser.h"
-#include "cli/ExitStatus.h"
 #include "cli/Output.h"
 #include "cli/ProgressBar.h"
 #include "cli/ReadingReport.h"
 #include "cli/Suggestions.h"
 #include "files/FileSystem.h"
+#include "support/ExitStatus.h"
 #include "support/Text.h"
 #include "xcode/ProjectReaders.h"
 

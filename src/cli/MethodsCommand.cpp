@@ -7,13 +7,13 @@
 #include <vector>
 
 #include "cli/Commands.h"
-#include "cli/ExitStatus.h"
 #include "cli/JsonWriter.h"
 #include "cli/Measurement.h"
 #include "cli/MethodCounts.h"
 #include "cli/Output.h"
 #include "cli/Suggestions.h"
 #include "cli/ToolConfinement.h"
+#include "support/ExitStatus.h"
 #include "support/Text.h"
 
 namespace quillmeter {

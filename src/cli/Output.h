@@ -38,7 +38,7 @@ class Output {
 
   std::string name_;
   std::unique_ptr<AtomicFile> file_;
-  std::array<char, std::size_t{1} << 16> buffer_;
+  std::array<char, std::size_t{1} << 16> buffer_{};
   std::size_t filled_ = 0;
   std::optional<std::string> error_;  ///< of standard output
 };

@@ -89,7 +89,7 @@ std::string whyNothingIsMeasured(const MeasuredProject& project) {
                        : ": " + std::generic_category().message(status.error().number));
   }
   if (!isBundle(path)) return noProjectIn(path, status->type == FileStatus::Type::folder);
-  if (const std::string obstacle = obstacleTo(path); !obstacle.empty()) return obstacle;
+  if (std::string obstacle = obstacleTo(path); !obstacle.empty()) return obstacle;
   const std::string description = joinedPath(path, "project.pbxproj");
   if (project.faults().firstPath == description)
     return description + ": " + reasonFor(project.faults().firstError);

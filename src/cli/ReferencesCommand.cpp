@@ -3,7 +3,6 @@
 #include <string>
 
 #include "cli/Commands.h"
-#include "cli/ExitStatus.h"
 #include "cli/JsonWriter.h"
 #include "cli/Measurement.h"
 #include "cli/Output.h"
@@ -11,6 +10,7 @@
 #include "cli/Suggestions.h"
 #include "cli/TextColumns.h"
 #include "cli/ToolConfinement.h"
+#include "support/ExitStatus.h"
 #include "support/Text.h"
 
 namespace quillmeter {

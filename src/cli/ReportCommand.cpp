@@ -3,11 +3,11 @@
 #include <string>
 
 #include "cli/Commands.h"
-#include "cli/ExitStatus.h"
 #include "cli/Measurement.h"
 #include "cli/Output.h"
 #include "cli/ToolConfinement.h"
 #include "page/MeasurementPage.h"
+#include "support/ExitStatus.h"
 
 namespace quillmeter {
 namespace {

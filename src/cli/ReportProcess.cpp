@@ -12,9 +12,9 @@
 #include <system_error>
 #include <utility>
 
-#include "cli/ExitStatus.h"
 #include "cli/Measurement.h"
 #include "files/ReadingFiles.h"
+#include "support/ExitStatus.h"
 #include "support/WriteAll.h"
 
 namespace quillmeter {
@@ -43,6 +43,7 @@ std::string readToEnd(int descriptor) {
   arguments.push_back(readToEnd(fromTool));
   if (arguments.back().empty() || ::getppid() != tool) ::_exit(kOutputFailed);
   std::vector<char*> argv;
+  argv.reserve(arguments.size() + 1);
   for (std::string& argument : arguments)
     argv.push_back(argument.data());
   argv.push_back(nullptr);

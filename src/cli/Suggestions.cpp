@@ -114,7 +114,7 @@ bool isError(const CLI::Error& error, CLI::ExitCodes code) {
 
 /// The library's own words on an error, on one line and without its terms for types.
 std::string libraryMessage(const CLI::Error& error, const CLI::App& command) {
-  const std::string text = onOneLine(error.what());
+  std::string text = onOneLine(error.what());
   if (isError(error, CLI::ExitCodes::RequiredError)) {
     for (const CLI::Option* option : command.get_options()) {
       if (!option->get_required() || option->count() > 0) continue;

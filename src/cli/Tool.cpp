@@ -14,12 +14,12 @@
 #include <string_view>
 
 #include "cli/Commands.h"
-#include "cli/ExitStatus.h"
 #include "cli/Measurement.h"
 #include "cli/Output.h"
 #include "cli/Suggestions.h"
 #include "support/Addresses.h"
 #include "support/Confinement.h"
+#include "support/ExitStatus.h"
 #include "support/MemoryGuard.h"
 
 namespace quillmeter {

@@ -1,6 +1,7 @@
 #include "compare/Differences.h"
 
 #include <algorithm>
+#include <compare>
 #include <cstdlib>
 #include <tuple>
 #include <utility>
@@ -28,10 +29,12 @@ void mergeLists(const List& before, const List& after, Compare compare, Pair pai
   auto earlier = before.begin();
   auto later = after.begin();
   while (earlier != before.end() || later != after.end()) {
-    const int order = later == after.end() ? -1 : earlier == before.end() ? 1 : compare(*earlier, *later);
-    if (order < 0) left(*earlier++);
-    if (order > 0) right(*later++);
-    if (order == 0) pair(*earlier++, *later++);
+    const std::strong_ordering order = later == after.end()      ? std::strong_ordering::less
+                                       : earlier == before.end() ? std::strong_ordering::greater
+                                                                 : compare(*earlier, *later);
+    if (std::is_lt(order)) left(*earlier++);
+    if (std::is_gt(order)) right(*later++);
+    if (std::is_eq(order)) pair(*earlier++, *later++);
   }
 }
 
@@ -45,10 +48,8 @@ void sortByIdentity(Pointers& files) {
                    [](const SnapshotFile* a, const SnapshotFile* b) { return identity(*a) < identity(*b); });
 }
 
-int compareIdentity(const SnapshotFile* a, const SnapshotFile* b) {
-  const auto first = identity(*a);
-  const auto second = identity(*b);
-  return first < second ? -1 : second < first ? 1 : 0;
+std::strong_ordering compareIdentity(const SnapshotFile* a, const SnapshotFile* b) {
+  return identity(*a) <=> identity(*b);
 }
 
 /// Most lines first, then most bytes, added or taken away alike; then by path.
@@ -89,7 +90,7 @@ Differences differencesBetween(const Snapshot& before, const Snapshot& after) {
   Pointers come;
   mergeLists(
       before.files, after.files,
-      [](const SnapshotFile& a, const SnapshotFile& b) { return a.path.compare(b.path); },
+      [](const SnapshotFile& a, const SnapshotFile& b) { return a.path <=> b.path; },
       [&](const SnapshotFile& a, const SnapshotFile& b) { add(kindOfPair(a.counters, b.counters), &a, &b); },
       [&](const SnapshotFile& a) { gone.push_back(&a); }, [&](const SnapshotFile& b) { come.push_back(&b); });
   sortByIdentity(gone);

@@ -78,10 +78,12 @@ class MeasurementReader {
     return unescapedJson({begin, static_cast<std::size_t>(end - begin)}).value_or("");
   }
 
-  static std::int64_t countOf(ondemand::value value, const std::string& what) {
+  /// `key` names the count in the fault, and `owner` what it is a count of.
+  static std::int64_t countOf(ondemand::value value, const std::string& key, const std::string& owner = {}) {
     std::int64_t count = 0;
     if (value.get_int64().get(count) != simdjson::SUCCESS || count < 0) {
-      throw Fault{"is no measurement: " + what + " is no whole number from 0 on"};
+      const std::string of = owner.empty() ? "" : " of " + owner;
+      throw Fault{"is no measurement: " + key + of + " is no whole number from 0 on"};
     }
     return count;
   }
@@ -133,7 +135,7 @@ class MeasurementReader {
       const auto place = totalNamed(key);
       if (!place || *place >= kFileCounters) continue;
       ondemand::value number = field.value();
-      file.counters[*place] = number.is_null() ? 0 : countOf(number, key + " of " + which);
+      file.counters[*place] = number.is_null() ? 0 : countOf(number, key, which);
       found[*place] = true;
     }
     if (file.path.empty()) throw Fault{"is no measurement: " + which + " has no filePath"};

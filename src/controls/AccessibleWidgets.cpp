@@ -65,7 +65,7 @@ QString AccessibleWidget::text(QAccessible::Text which) const {
   if (kind_ == AccessibleKind::silent) return {};
   if (which == QAccessible::Description && kind_ == AccessibleKind::label)
     return widget()->accessibleDescription();
-  const QString known = QAccessibleWidget::text(which);
+  QString known = QAccessibleWidget::text(which);
   if (which != QAccessible::Name || !known.isEmpty()) return known;
   if (button() != nullptr) return button()->text().remove(QLatin1Char('&'));
   const auto* label = qobject_cast<QLabel*>(widget());

@@ -1,18 +1,12 @@
 #include "export/FontMetrics.h"
 
-#include <hpdf.h>
-
 #include <cstddef>
 #include <cstdlib>
 
-#include "support/MemoryGuard.h"
+#include "export/PdfLibraryDocument.h"
 
 namespace quillmeter {
 namespace {
-
-void* allocate(HPDF_UINT size) {
-  return memoryOrEnd(size);
-}
 
 // No font has a character there.
 constexpr char32_t kLastOfBasicPlane = 0xFFFF;
@@ -20,17 +14,12 @@ constexpr char32_t kLastOfBasicPlane = 0xFFFF;
 }  // namespace
 
 struct FontMetrics::Document {
-  HPDF_Doc handle = HPDF_NewEx(nullptr, allocate, std::free, 0, nullptr);
+  PdfLibraryDocument handle = newPdfLibraryDocument();
   HPDF_Font font = nullptr;
 
   explicit Document(const std::string& name) {
-    if (handle != nullptr) font = HPDF_GetFont(handle, name.c_str(), "MacRomanEncoding");
+    if (handle) font = HPDF_GetFont(handle.get(), name.c_str(), "MacRomanEncoding");
   }
-  ~Document() {
-    if (handle != nullptr) HPDF_Free(handle);
-  }
-  Document(const Document&) = delete;
-  Document& operator=(const Document&) = delete;
 };
 
 FontMetrics::FontMetrics(const std::string& name) : document_(std::make_unique<Document>(name)) {

@@ -81,10 +81,10 @@ class PDFExporter {
   /// How the cells of a table row look.
   struct RowStyle {
     PdfColor fill;
-    const char* fontName;
-    double fontSize;
-    double indent;  ///< of the text from both sides of its cell
-    double ruleWidth;
+    const char* fontName = nullptr;
+    double fontSize = 0.0;
+    double indent = 0.0;  ///< of the text from both sides of its cell
+    double ruleWidth = 0.0;
   };
 
   void setFiles(ReportFiles files);

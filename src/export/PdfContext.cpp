@@ -6,19 +6,13 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <map>
-#include <type_traits>
 #include <vector>
 
-#include "support/MemoryGuard.h"
+#include "export/PdfLibraryDocument.h"
 
 namespace quillmeter {
 namespace {
-
-void* allocate(HPDF_UINT size) {
-  return memoryOrEnd(size);
-}
 
 // Long lists of pages are cut into a tree, so that no array of the file outgrows the format's limit.
 constexpr HPDF_UINT kPagesInOneNode = 1024;
@@ -57,16 +51,10 @@ void describeForReaders(HPDF_Doc document, const std::string& language) {
   HPDF_Dict_Add(document->catalog, "Lang", HPDF_String_New(document->mmgr, language.c_str(), nullptr));
 }
 
-struct DocumentDeleter {
-  void operator()(HPDF_Doc document) const { HPDF_Free(document); }
-};
-
 }  // namespace
 
 struct PdfContext::Implementation {
-  // Without an error callback the library only remembers the first error.
-  std::unique_ptr<std::remove_pointer_t<HPDF_Doc>, DocumentDeleter> document{
-      HPDF_NewEx(nullptr, allocate, std::free, 0, nullptr)};
+  PdfLibraryDocument document = newPdfLibraryDocument();
   HPDF_Page page = nullptr;
   std::map<std::string, FontMetrics> metrics;
   std::map<double, HPDF_ExtGState> strokeAlphas;

@@ -1,6 +1,7 @@
 #include "measuring/FileRanking.h"
 
 #include <algorithm>
+#include <compare>
 
 namespace quillmeter {
 namespace {
@@ -19,7 +20,7 @@ FileList rankedFiles(const FileList& files, FileMeasure measure) {
   for (const auto& file : files)
     ranking.push_back({(*file.*measure)().value_or(Number()), &file});
   std::stable_sort(ranking.begin(), ranking.end(),
-                   [](const Ranked& a, const Ranked& b) { return a.measure.compare(b.measure) > 0; });
+                   [](const Ranked& a, const Ranked& b) { return std::is_gt(a.measure.compare(b.measure)); });
   FileList result;
   result.reserve(files.size());
   for (const Ranked& entry : ranking)

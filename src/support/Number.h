@@ -28,7 +28,7 @@ class Number {
   /// Numeric order, exact also between integers beyond 2^53 and doubles' neighbours; a not-a-number comes
   /// first.
   [[nodiscard]] std::weak_ordering compare(const Number& other) const;
-  [[nodiscard]] bool operator==(const Number& other) const { return compare(other) == 0; }
+  [[nodiscard]] bool operator==(const Number& other) const { return std::is_eq(compare(other)); }
 
  private:
   std::variant<std::int64_t, std::uint64_t, double> value_ = std::int64_t{0};

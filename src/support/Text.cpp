@@ -128,14 +128,10 @@ std::string caseFoldKey(std::string_view text) {
   return key;
 }
 
-int compareCaseInsensitive(std::string_view left, std::string_view right) {
-  return caseFoldKey(left).compare(caseFoldKey(right));
-}
-
-int compareCodeUnits(std::string_view left, std::string_view right) {
+std::strong_ordering compareCodeUnits(std::string_view left, std::string_view right) {
   const auto [l, r] = std::mismatch(left.begin(), left.end(), right.begin(), right.end());
-  if (l == left.end() || r == right.end()) return l != left.end() ? 1 : (r != right.end() ? -1 : 0);
-  return codeUnitRank(*l) < codeUnitRank(*r) ? -1 : 1;
+  if (l == left.end() || r == right.end()) return left.size() <=> right.size();
+  return codeUnitRank(*l) <=> codeUnitRank(*r);
 }
 
 std::string removingOccurrences(std::string_view text, std::string_view piece) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <compare>
 #include <cstddef>
 #include <span>
 #include <string>
@@ -28,11 +29,8 @@ namespace quillmeter {
 /// units. Sort by stored keys where many comparisons are needed.
 [[nodiscard]] std::string caseFoldKey(std::string_view text);
 
-/// Less than, equal to or greater than 0 as `left` comes before, with or after `right`, ignoring letter case.
-[[nodiscard]] int compareCaseInsensitive(std::string_view left, std::string_view right);
-
-/// The same, case-sensitively: by UTF-16 code units, with no Unicode normalisation.
-[[nodiscard]] int compareCodeUnits(std::string_view left, std::string_view right);
+/// The case-sensitive order of texts: by UTF-16 code units, with no Unicode normalisation.
+[[nodiscard]] std::strong_ordering compareCodeUnits(std::string_view left, std::string_view right);
 
 /// `text` with every non-overlapping occurrence of `piece`, taken from the left, replaced by nothing.
 /// An empty `piece` occurs nowhere.

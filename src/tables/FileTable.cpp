@@ -1,6 +1,7 @@
 #include "tables/FileTable.h"
 
 #include <algorithm>
+#include <compare>
 #include <numeric>
 #include <utility>
 
@@ -29,8 +30,9 @@ std::vector<std::size_t> sortedOrder(const std::vector<Key>& keys, Compare isBef
 
 template <class Key, class Compare>
 std::vector<std::size_t> sortedOrder(const std::vector<Key>& keys, bool ascending, Compare compare) {
-  if (ascending) return sortedOrder(keys, [&](const Key& a, const Key& b) { return compare(a, b) < 0; });
-  return sortedOrder(keys, [&](const Key& a, const Key& b) { return compare(a, b) > 0; });
+  if (ascending)
+    return sortedOrder(keys, [&](const Key& a, const Key& b) { return std::is_lt(compare(a, b)); });
+  return sortedOrder(keys, [&](const Key& a, const Key& b) { return std::is_gt(compare(a, b)); });
 }
 
 template <class Key, class KeyOf>

@@ -138,9 +138,9 @@ TEST(LinkedReference, FollowsTheLinksOnTheWayToTheProject) {
 }
 
 /// Folders, files and references from few names, so that much is found at every height.
-class Generator {
+class LinkGenerator {
  public:
-  explicit Generator(unsigned seed) : random_(seed) {}
+  explicit LinkGenerator(unsigned seed) : random_(seed) {}
 
   int below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(random_); }
 
@@ -174,7 +174,7 @@ TEST(LinkedReference, LeadsWhereThePlainRuleDoes) {
   int found = 0;
   int pastRoot = 0;
   for (unsigned seed = 0; seed < 1000; ++seed) {
-    Generator generator(seed);
+    LinkGenerator generator(seed);
     CountingDisk disk;
     for (int i = generator.below(6); i > 0; --i)
       disk.add(generator.path(1 + generator.below(5)));

@@ -190,9 +190,9 @@ std::filesystem::path placeForTrees() {
 
 /// Trees and references from few, colliding, awkward names. Every twentieth tree is crowded: it has so many
 /// files of each name, and of each two components, that looking at all of them is no way any more.
-class Generator {
+class TreeGenerator {
  public:
-  explicit Generator(unsigned seed) : crowded_(seed % 20 == 0), random_(seed) {}
+  explicit TreeGenerator(unsigned seed) : crowded_(seed % 20 == 0), random_(seed) {}
 
   void makeTree(const TemporaryFolder& folder) {
     const int files = crowded_ ? 200 : below(24) + 2;
@@ -291,7 +291,7 @@ class Generator {
 TEST(PathIndexAgainstTheLinearRule, OffersTheSameCandidates) {
   for (unsigned seed = 0; seed < 300; ++seed) {
     const TemporaryFolder folder(placeForTrees());
-    Generator generator(seed);
+    TreeGenerator generator(seed);
     generator.makeTree(folder);
     const Texts paths = pathsOf(FolderWalk(folder / "B"));
     for (int i = 0; i < 12; ++i) {
@@ -369,7 +369,7 @@ TEST(PathIndexAgainstTheLinearRule, ResolvesToTheSameFileThroughAWholeList) {
   int found = 0;
   for (unsigned seed = 1000; seed < 3000; ++seed) {
     const TemporaryFolder folder(placeForTrees());
-    Generator generator(seed);
+    TreeGenerator generator(seed);
     generator.makeTree(folder);
     const std::string bundle = folder / "B/App.xcodeproj";
     folder.file("B/App.xcodeproj/project.pbxproj", testing::projectText({"nothing.m"}));

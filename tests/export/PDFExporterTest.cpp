@@ -31,7 +31,7 @@ std::vector<std::string> names(const PDFExporter::ReportFiles& files) {
   return result;
 }
 
-PDFExporter::ReportFiles filesNamed(const std::vector<std::string>& fileNames) {
+PDFExporter::ReportFiles reportFilesNamed(const std::vector<std::string>& fileNames) {
   PDFExporter::ReportFiles files;
   for (const std::string& name : fileNames)
     files.push_back(record({.name = name}));
@@ -55,27 +55,27 @@ TEST(PDFExporter, BeginsWithItsColumnTitlesAndNoPages) {
 }
 
 TEST(PDFExporter, ReportGoesGroupByGroup) {
-  const auto files = filesNamed({"a.mm", "b.m", "c.c", "i.png", "r.txt", "x.xib"});
+  const auto files = reportFilesNamed({"a.mm", "b.m", "c.c", "i.png", "r.txt", "x.xib"});
   EXPECT_THAT(names(exporter().sortFilesArray(files)), ElementsAre("c.c", "a.mm", "b.m", "i.png", "x.xib"));
 }
 
 TEST(PDFExporter, FilesKeepTheirOrderInsideAGroup) {
-  const auto files =
-      filesNamed({"z.xib", "a.icns", "b.jpg", "c.tiff", "d.png", "e.pch", "f.h", "g.HH", "h.cpp", "i.c"});
+  const auto files = reportFilesNamed(
+      {"z.xib", "a.icns", "b.jpg", "c.tiff", "d.png", "e.pch", "f.h", "g.HH", "h.cpp", "i.c"});
   EXPECT_THAT(
       names(exporter().sortFilesArray(files)),
       ElementsAre("h.cpp", "i.c", "e.pch", "f.h", "g.HH", "a.icns", "b.jpg", "c.tiff", "d.png", "z.xib"));
 }
 
 TEST(PDFExporter, FilteringGoesByTheExactExtensionAsOftenAsItIsAsked) {
-  const auto files = filesNamed({"a.c", "b.C", "c.cc", "c"});
+  const auto files = reportFilesNamed({"a.c", "b.C", "c.cc", "c"});
   const std::vector<std::string_view> c = {"c"};
   const std::vector<std::string_view> upper = {"C"};
   const std::vector<std::string_view> twice = {"c", "c"};
   EXPECT_THAT(names(PDFExporter::getFilesForExtensionTypesFromArray(c, files)),
               ElementsAre("a.c", "b.C", "c"));
   EXPECT_THAT(names(PDFExporter::getFilesForExtensionTypesFromArray(upper, files)), IsEmpty());
-  EXPECT_THAT(names(PDFExporter::getFilesForExtensionTypesFromArray(twice, filesNamed({"a.c"}))),
+  EXPECT_THAT(names(PDFExporter::getFilesForExtensionTypesFromArray(twice, reportFilesNamed({"a.c"}))),
               ElementsAre("a.c", "a.c"));
   EXPECT_THAT(PDFExporter::getFilesForExtensionTypesFromArray(c, {nullptr, std::make_shared<FileObject>()}),
               IsEmpty());

@@ -64,13 +64,13 @@ TEST(WorkerPool, OfOneThreadDoesAllOnItsOwnersInOrder) {
 }
 
 TEST(WorkerPool, DoesTasksAtTheSameTime) {
-  constexpr int kThreads = 4;
-  WorkerPool pool({kThreads, kThreads});
-  Meeting meeting(kThreads);  // would wait for ever for fewer
-  for (int i = 0; i < kThreads; ++i)
+  constexpr int kWorkers = 4;
+  WorkerPool pool({kWorkers, kWorkers});
+  Meeting meeting(kWorkers);  // would wait for ever for fewer
+  for (int i = 0; i < kWorkers; ++i)
     pool.add([&meeting] { meeting.arrive(); });
   pool.workUntilIdle();
-  EXPECT_EQ(pool.threads(), kThreads);
+  EXPECT_EQ(pool.threads(), kWorkers);
 }
 
 TEST(WorkerPool, DoesWhatTasksAdd) {

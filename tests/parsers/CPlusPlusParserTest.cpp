@@ -6,25 +6,15 @@
 
 #include "helpers/TemporaryFolder.h"
 #include "parsers/MemoryFile.h"
+#include "parsers/MethodCounts.h"
 
 namespace quillmeter {
 namespace {
 
 using testing::MemoryFile;
+using testing::MethodCounts;
 
-struct Counts {
-  int methods;
-  int staticOnes;
-  int instanceOnes;
-  bool operator==(const Counts&) const = default;
-};
-
-void PrintTo(const Counts& counts, std::ostream* stream) {
-  *stream << counts.methods << " functions, " << counts.staticOnes << " static, " << counts.instanceOnes
-          << " instance";
-}
-
-Counts countsIn(std::string_view source) {
+MethodCounts functionCountsIn(std::string_view source) {
   const MemoryFile file(source);
   const auto stats = CPlusPlusParser::create(file)->execute("any.c");
   return {stats->noMethods(), stats->noStaticMethods(), stats->noInstanceMethods()};
@@ -50,42 +40,42 @@ TEST(CommentConversion, SplitsAtLineFeedsOnly) {
 }
 
 TEST(CPlusPlusParser, TellsStaticFunctionsFromOthers) {
-  EXPECT_EQ(countsIn("static int add(int a, int b) {\n}\n"), (Counts{1, 1, 0}));
-  EXPECT_EQ(countsIn("int add(int a, int b) {\n}\n"), (Counts{1, 0, 1}));
+  EXPECT_EQ(functionCountsIn("static int add(int a, int b) {\n}\n"), (MethodCounts{1, 1, 0}));
+  EXPECT_EQ(functionCountsIn("int add(int a, int b) {\n}\n"), (MethodCounts{1, 0, 1}));
 }
 
 TEST(CPlusPlusParser, RespectsTheLetterCaseOfStatic) {
-  EXPECT_EQ(countsIn("STATIC int add(int a, int b) {\n}\n"), (Counts{1, 0, 1}));
-  EXPECT_EQ(countsIn("\u017ftatic int add(int a, int b) {\n}\n"), (Counts{1, 0, 1}));
+  EXPECT_EQ(functionCountsIn("STATIC int add(int a, int b) {\n}\n"), (MethodCounts{1, 0, 1}));
+  EXPECT_EQ(functionCountsIn("\u017ftatic int add(int a, int b) {\n}\n"), (MethodCounts{1, 0, 1}));
 }
 
 TEST(CPlusPlusParser, ReadsTheFirstWordUpToAnUnderscore) {
-  EXPECT_EQ(countsIn("static_word f(int a) {\n}\n"), (Counts{1, 1, 0}));
-  EXPECT_EQ(countsIn("statics f(int a) {\n}\n"), (Counts{1, 0, 1}));
-  EXPECT_EQ(countsIn("_static f(int a) {\n}\n"), (Counts{1, 0, 1}));
+  EXPECT_EQ(functionCountsIn("static_word f(int a) {\n}\n"), (MethodCounts{1, 1, 0}));
+  EXPECT_EQ(functionCountsIn("statics f(int a) {\n}\n"), (MethodCounts{1, 0, 1}));
+  EXPECT_EQ(functionCountsIn("_static f(int a) {\n}\n"), (MethodCounts{1, 0, 1}));
 }
 
 TEST(CPlusPlusParser, CountsNoFunctionInALineComment) {
-  EXPECT_EQ(countsIn("// int f(int a) {\n"), (Counts{0, 0, 0}));
-  EXPECT_EQ(countsIn("//int f(int a) {   \r\n\n\nint g(int a) {\n"), (Counts{1, 0, 1}));
-  EXPECT_EQ(countsIn("// int f(int a)\n{\n"), (Counts{0, 0, 0}));
+  EXPECT_EQ(functionCountsIn("// int f(int a) {\n"), (MethodCounts{0, 0, 0}));
+  EXPECT_EQ(functionCountsIn("//int f(int a) {   \r\n\n\nint g(int a) {\n"), (MethodCounts{1, 0, 1}));
+  EXPECT_EQ(functionCountsIn("// int f(int a)\n{\n"), (MethodCounts{0, 0, 0}));
 }
 
 TEST(CPlusPlusParser, CountsAFunctionInABlockComment) {
-  EXPECT_EQ(countsIn("/*\nint f(int a) {\n*/\n"), (Counts{1, 0, 1}));
+  EXPECT_EQ(functionCountsIn("/*\nint f(int a) {\n*/\n"), (MethodCounts{1, 0, 1}));
 }
 
 TEST(CPlusPlusParser, CountsNothingInAnEmptyFile) {
-  EXPECT_EQ(countsIn(""), (Counts{0, 0, 0}));
+  EXPECT_EQ(functionCountsIn(""), (MethodCounts{0, 0, 0}));
 }
 
 TEST(CPlusPlusParser, CountsNothingInAFileThatIsNotUtf8) {
-  EXPECT_EQ(countsIn("int f(int a) {\n}\n// \xe9\n"), (Counts{0, 0, 0}));
+  EXPECT_EQ(functionCountsIn("int f(int a) {\n}\n// \xe9\n"), (MethodCounts{0, 0, 0}));
 }
 
 TEST(CPlusPlusParser, DoesNotTakeAByteOrderMarkForText) {
-  EXPECT_EQ(countsIn("\ufeff// int f(int a) {\n"), (Counts{0, 0, 0}));
-  EXPECT_EQ(countsIn("\ufeffstatic int f(int a) {\n"), (Counts{1, 1, 0}));
+  EXPECT_EQ(functionCountsIn("\ufeff// int f(int a) {\n"), (MethodCounts{0, 0, 0}));
+  EXPECT_EQ(functionCountsIn("\ufeffstatic int f(int a) {\n"), (MethodCounts{1, 1, 0}));
 }
 
 TEST(CPlusPlusParser, CountsNothingInAFileThatCannotBeRead) {

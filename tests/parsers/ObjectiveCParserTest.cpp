@@ -6,33 +6,23 @@
 
 #include "helpers/TemporaryFolder.h"
 #include "parsers/MemoryFile.h"
+#include "parsers/MethodCounts.h"
 
 namespace quillmeter {
 namespace {
 
 using testing::MemoryFile;
+using testing::MethodCounts;
 using testing::TemporaryFolder;
 
-struct Counts {
-  int methods;
-  int staticOnes;
-  int instanceOnes;
-  bool operator==(const Counts&) const = default;
-};
-
-void PrintTo(const Counts& counts, std::ostream* stream) {
-  *stream << counts.methods << " methods, " << counts.staticOnes << " static, " << counts.instanceOnes
-          << " instance";
-}
-
-Counts countsOf(const FMethodStats& stats) {
+MethodCounts countsOf(const FMethodStats& stats) {
   return {stats.noMethods(), stats.noStaticMethods(), stats.noInstanceMethods()};
 }
 
-Counts countsIn(std::string_view source) {
+MethodCounts methodCountsIn(std::string_view source) {
   const MemoryFile file(source);
   const auto stats = ObjectiveCParser::create(file)->execute("any.m");
-  return stats ? countsOf(*stats) : Counts{-1, -1, -1};
+  return stats ? countsOf(*stats) : MethodCounts{-1, -1, -1};
 }
 
 TEST(ObjectiveCParser, StartsWithNothing) {
@@ -45,36 +35,38 @@ TEST(ObjectiveCParser, StartsWithNothing) {
 }
 
 TEST(ObjectiveCParser, CountsInstanceAndClassMethods) {
-  EXPECT_EQ(countsIn("- (void)viewDidLoad {\n}\n"), (Counts{1, 0, 1}));
-  EXPECT_EQ(countsIn("+ (id)shared {\n}\n"), (Counts{1, 1, 0}));
+  EXPECT_EQ(methodCountsIn("- (void)viewDidLoad {\n}\n"), (MethodCounts{1, 0, 1}));
+  EXPECT_EQ(methodCountsIn("+ (id)shared {\n}\n"), (MethodCounts{1, 1, 0}));
 }
 
 TEST(ObjectiveCParser, CountsADefinitionOverTwoLinesOnce) {
-  EXPECT_EQ(countsIn("- (void)setWidth:(int)width\n      height:(int)height {\n}\n"), (Counts{1, 0, 1}));
-  EXPECT_EQ(countsIn("- (void)draw\n{\n}\n"), (Counts{1, 0, 1}));
+  EXPECT_EQ(methodCountsIn("- (void)setWidth:(int)width\n      height:(int)height {\n}\n"),
+            (MethodCounts{1, 0, 1}));
+  EXPECT_EQ(methodCountsIn("- (void)draw\n{\n}\n"), (MethodCounts{1, 0, 1}));
 }
 
 TEST(ObjectiveCParser, CountsNothingInAnEmptyFile) {
-  EXPECT_EQ(countsIn(""), (Counts{0, 0, 0}));
-  EXPECT_EQ(countsIn("\n \n"), (Counts{0, 0, 0}));
+  EXPECT_EQ(methodCountsIn(""), (MethodCounts{0, 0, 0}));
+  EXPECT_EQ(methodCountsIn("\n \n"), (MethodCounts{0, 0, 0}));
 }
 
 TEST(ObjectiveCParser, NeedsTheBraceAtTheEndOfALine) {
-  EXPECT_EQ(countsIn("- (void)draw { return; }\n"), (Counts{0, 0, 0}));
-  EXPECT_EQ(countsIn("- (void)draw { // draws\n"), (Counts{0, 0, 0}));
+  EXPECT_EQ(methodCountsIn("- (void)draw { return; }\n"), (MethodCounts{0, 0, 0}));
+  EXPECT_EQ(methodCountsIn("- (void)draw { // draws\n"), (MethodCounts{0, 0, 0}));
 }
 
 TEST(ObjectiveCParser, LetsADeclarationSpoilTheNextDefinition) {
-  EXPECT_EQ(countsIn("- (void)draw;\n@end\n- (void)draw {\n}\n+ (void)hide {\n}\n"), (Counts{1, 1, 0}));
+  EXPECT_EQ(methodCountsIn("- (void)draw;\n@end\n- (void)draw {\n}\n+ (void)hide {\n}\n"),
+            (MethodCounts{1, 1, 0}));
 }
 
 TEST(ObjectiveCParser, IgnoresLinesBeforeABegin) {
-  EXPECT_EQ(countsIn("int main() {\n}\n(void)draw {\n"), (Counts{0, 0, 0}));
+  EXPECT_EQ(methodCountsIn("int main() {\n}\n(void)draw {\n"), (MethodCounts{0, 0, 0}));
 }
 
 TEST(ObjectiveCParser, RespectsLetterCaseOfFoldedLetters) {
-  EXPECT_EQ(countsIn("- (void)\u017f {\n}\n"), (Counts{0, 0, 0}));
-  EXPECT_EQ(countsIn("- (void)\u212a {\n}\n"), (Counts{0, 0, 0}));
+  EXPECT_EQ(methodCountsIn("- (void)\u017f {\n}\n"), (MethodCounts{0, 0, 0}));
+  EXPECT_EQ(methodCountsIn("- (void)\u212a {\n}\n"), (MethodCounts{0, 0, 0}));
 }
 
 TEST(ObjectiveCParser, KeepsCollectingUntilABrace) {
@@ -99,7 +91,7 @@ TEST(ObjectiveCParser, HandlesTheCurrentLineWhenThereIsOne) {
   parser.setMethodStats(stats);
   parser.setCurrentLine("  + (id)shape {\n");
   EXPECT_EQ(parser.execute({}), nullptr);
-  EXPECT_EQ(countsOf(*stats), (Counts{1, 1, 0}));
+  EXPECT_EQ(countsOf(*stats), (MethodCounts{1, 1, 0}));
 }
 
 TEST(ObjectiveCParser, SurvivesALineWithoutAResultToCountIn) {
@@ -116,17 +108,17 @@ TEST(ObjectiveCParser, ReadsOneFileAndThenGivesItsResultAgain) {
   const auto parser = ObjectiveCParser::create();
   const auto stats = parser->execute(first);
   ASSERT_NE(stats, nullptr);
-  EXPECT_EQ(countsOf(*stats), (Counts{2, 0, 2}));
+  EXPECT_EQ(countsOf(*stats), (MethodCounts{2, 0, 2}));
 
   EXPECT_EQ(parser->execute(second), stats);
-  EXPECT_EQ(countsOf(*stats), (Counts{3, 0, 3})) << "the last line is handled once more";
+  EXPECT_EQ(countsOf(*stats), (MethodCounts{3, 0, 3})) << "the last line is handled once more";
   EXPECT_TRUE(parser->eof());
   EXPECT_EQ(parser->currentLine(), "- (void)hide {");
 
   parser->initialize();
   const auto fresh = parser->execute(second);
   ASSERT_NE(fresh, nullptr);
-  EXPECT_EQ(countsOf(*fresh), (Counts{3, 3, 0}));
+  EXPECT_EQ(countsOf(*fresh), (MethodCounts{3, 3, 0}));
 }
 
 TEST(ObjectiveCParser, BeginsTheNextFileWithoutTheEndOfTheLastOne) {
@@ -150,7 +142,7 @@ TEST(ObjectiveCParser, GivesNothingMoreOfAFileThatEndedInABlankLine) {
     const auto stats = parser->execute(file);
     ASSERT_NE(stats, nullptr);
     EXPECT_EQ(parser->execute(file), nullptr) << "a blank line gives no result";
-    EXPECT_EQ(countsOf(*stats), (Counts{1, 0, 1}));
+    EXPECT_EQ(countsOf(*stats), (MethodCounts{1, 0, 1}));
     EXPECT_EQ(parser->methodStats(), stats);
   }
 }
@@ -165,15 +157,15 @@ TEST(ObjectiveCParser, HasNoResultForAFileThatCannotBeOpened) {
 }
 
 TEST(ObjectiveCParser, GoesOnBehindBytesThatAreNotText) {
-  EXPECT_EQ(countsIn("- (void)caf\xe9 {\n}\n\xff\xfe\n- (void)draw {\n}\n"), (Counts{1, 0, 1}));
+  EXPECT_EQ(methodCountsIn("- (void)caf\xe9 {\n}\n\xff\xfe\n- (void)draw {\n}\n"), (MethodCounts{1, 0, 1}));
 }
 
 TEST(ObjectiveCParser, TestsACandidateOfTheSizeOfTheFile) {
   std::string source = "- (void)draw";
   for (int i = 0; i < 200000; ++i)
     source += "\n:(int)a";
-  EXPECT_EQ(countsIn(source + " {\n"), (Counts{1, 0, 1}));
-  EXPECT_EQ(countsIn(source + ";\n- (void)hide {\n- (void)show {"), (Counts{1, 0, 1}));
+  EXPECT_EQ(methodCountsIn(source + " {\n"), (MethodCounts{1, 0, 1}));
+  EXPECT_EQ(methodCountsIn(source + ";\n- (void)hide {\n- (void)show {"), (MethodCounts{1, 0, 1}));
 }
 
 TEST(ObjectiveCParser, ReadsTheSameThroughShortReads) {
@@ -182,7 +174,7 @@ TEST(ObjectiveCParser, ReadsTheSameThroughShortReads) {
   file.setInterruptReads(true);
   const auto stats = ObjectiveCParser::create(file)->execute("any.m");
   ASSERT_NE(stats, nullptr);
-  EXPECT_EQ(countsOf(*stats), (Counts{2, 1, 1}));
+  EXPECT_EQ(countsOf(*stats), (MethodCounts{2, 1, 1}));
 }
 
 }  // namespace

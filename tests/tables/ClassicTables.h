@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "measuring/FileKinds.h"
 #include "tables/DetailsTable.h"
@@ -16,6 +17,14 @@ inline FileTable classicTable(const FileList& files, std::uint32_t number, bool 
 
 inline std::vector<FileTableColumn> classicColumns(std::uint32_t number, bool showsExtraColumns) {
   return detailsColumns(detailsFilter(classicKinds(), number), showsExtraColumns);
+}
+
+/// The names in the rows, from above; "(none)" for a file without one.
+inline std::vector<std::string> rowNames(const FileTable& table) {
+  std::vector<std::string> names;
+  for (const auto& file : table.rows())
+    names.push_back(file->fileName().value_or("(none)"));
+  return names;
 }
 
 }  // namespace quillmeter::testing

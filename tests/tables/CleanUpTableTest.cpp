@@ -9,6 +9,7 @@
 #include <random>
 
 #include "helpers/ProjectFixture.h"
+#include "tables/ClassicTables.h"
 
 namespace quillmeter {
 namespace {
@@ -36,13 +37,6 @@ std::shared_ptr<FileObject> atPath(const std::string& path) {
   return file;
 }
 
-std::vector<std::string> names(const FileTable& table) {
-  std::vector<std::string> result;
-  for (const auto& file : table.rows())
-    result.push_back(*file->fileName());
-  return result;
-}
-
 std::vector<std::string> paths(const FileList& files) {
   std::vector<std::string> result;
   for (const auto& file : files)
@@ -51,7 +45,7 @@ std::vector<std::string> paths(const FileList& files) {
 }
 
 std::vector<std::string> leftovers(const ParseProject& project) {
-  return names(cleanUpTable(unreferencedFiles(project), project.kinds()));
+  return testing::rowNames(cleanUpTable(unreferencedFiles(project), project.kinds()));
 }
 
 /// The superuser reads every folder; while this lives, the process is nobody in particular.

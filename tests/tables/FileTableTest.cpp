@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <compare>
 #include <random>
 
 #include "helpers/ProjectFixture.h"
@@ -16,13 +17,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using testing::record;
-
-std::vector<std::string> names(const FileTable& table) {
-  std::vector<std::string> result;
-  for (const auto& file : table.rows())
-    result.push_back(file->fileName().value_or("(none)"));
-  return result;
-}
+using testing::rowNames;
 
 std::size_t columnOf(const FileTable& table, std::string_view identifier) {
   for (std::size_t i = 0; i < table.columns().size(); ++i) {
@@ -43,21 +38,21 @@ FileTable allColumns(FileList files) {
 TEST(FileTable, RowsBeginInTheOrderOfTheirNamesIgnoringCase) {
   const FileTable table =
       allColumns({record({.name = "b.m"}), record({.name = "A.m"}), record({.name = "a.h"})});
-  EXPECT_THAT(names(table), ElementsAre("a.h", "A.m", "b.m"));
+  EXPECT_THAT(rowNames(table), ElementsAre("a.h", "A.m", "b.m"));
 }
 
 TEST(FileTable, AnAscendingNameSortPutsCapitalsFirst) {
   FileTable table = allColumns({record({.name = "b.m"}), record({.name = "A.m"}), record({.name = "a.h"})});
   table.sort(columnOf(table, "fileName"), true);
-  EXPECT_THAT(names(table), ElementsAre("A.m", "a.h", "b.m"));
+  EXPECT_THAT(rowNames(table), ElementsAre("A.m", "a.h", "b.m"));
   table.sort(columnOf(table, "fileName"), false);
-  EXPECT_THAT(names(table), ElementsAre("b.m", "a.h", "A.m"));
+  EXPECT_THAT(rowNames(table), ElementsAre("b.m", "a.h", "A.m"));
 }
 
 TEST(FileTable, TheFirstOrderFoldsCaseInAllScripts) {
   const FileTable table = allColumns({record({.name = "ä2.c"}), record({.name = "Ä1.c"}),
                                       record({.name = "STRASSE2.c"}), record({.name = "straße1.c"})});
-  EXPECT_THAT(names(table), ElementsAre("straße1.c", "STRASSE2.c", "Ä1.c", "ä2.c"));
+  EXPECT_THAT(rowNames(table), ElementsAre("straße1.c", "STRASSE2.c", "Ä1.c", "ä2.c"));
 }
 
 TEST(FileTable, EqualNamesKeepTheOrderOfTheProject) {
@@ -71,7 +66,7 @@ TEST(FileTable, EqualNamesKeepTheOrderOfTheProject) {
 TEST(FileTable, TypesSortByTheLowerCasedExtension) {
   FileTable table = allColumns({record({.name = "1.MM"}), record({.name = "2.h"}), record({.name = "3.C"})});
   table.sort(columnOf(table, "getFileExtension"), true);
-  EXPECT_THAT(names(table), ElementsAre("3.C", "2.h", "1.MM"));
+  EXPECT_THAT(rowNames(table), ElementsAre("3.C", "2.h", "1.MM"));
 }
 
 TEST(FileTable, NumbersSortAsNumbers) {
@@ -79,9 +74,9 @@ TEST(FileTable, NumbersSortAsNumbers) {
                                 record({.name = "c.c", .lines = 100})});
   for (const char* column : {"noLinesTotal", "kloc"}) {
     table.sort(columnOf(table, column), false);
-    EXPECT_THAT(names(table), ElementsAre("c.c", "b.c", "a.c")) << column;
+    EXPECT_THAT(rowNames(table), ElementsAre("c.c", "b.c", "a.c")) << column;
     table.sort(columnOf(table, column), true);
-    EXPECT_THAT(names(table), ElementsAre("a.c", "b.c", "c.c")) << column;
+    EXPECT_THAT(rowNames(table), ElementsAre("a.c", "b.c", "c.c")) << column;
   }
 }
 
@@ -103,17 +98,18 @@ TEST(FileTable, EverySortIsStableAndRight) {
                             .characters = below(4)}));
   }
   const auto number = [](const std::optional<Number>& value) { return integerValue(value); };
-  const auto compare = [&](std::string_view column, const FileObject& a, const FileObject& b) -> long {
+  const auto compare = [&](std::string_view column, const FileObject& a,
+                           const FileObject& b) -> std::strong_ordering {
     if (column == "fileName") return compareCodeUnits(*a.fileName(), *b.fileName());
     if (column == "getFileExtension") return compareCodeUnits(*a.getFileExtension(), *b.getFileExtension());
     if (column == "noLinesWithoutSpaces") {
-      return number(a.noLinesWithoutSpaces()) - number(b.noLinesWithoutSpaces());
+      return number(a.noLinesWithoutSpaces()) <=> number(b.noLinesWithoutSpaces());
     }
-    if (column == "noLinesComments") return number(a.noLinesComments()) - number(b.noLinesComments());
-    if (column == "noWords") return number(a.noWords()) - number(b.noWords());
-    if (column == "noCharactersTotal") return number(a.noCharactersTotal()) - number(b.noCharactersTotal());
-    if (column == "fileSize") return number(a.fileSize()) - number(b.fileSize());
-    return number(a.noLinesTotal()) - number(b.noLinesTotal());
+    if (column == "noLinesComments") return number(a.noLinesComments()) <=> number(b.noLinesComments());
+    if (column == "noWords") return number(a.noWords()) <=> number(b.noWords());
+    if (column == "noCharactersTotal") return number(a.noCharactersTotal()) <=> number(b.noCharactersTotal());
+    if (column == "fileSize") return number(a.fileSize()) <=> number(b.fileSize());
+    return number(a.noLinesTotal()) <=> number(b.noLinesTotal());
   };
   FileTable table = allColumns(files);
   int sorted = 0;
@@ -123,7 +119,7 @@ TEST(FileTable, EverySortIsStableAndRight) {
       const FileList before = table.rows();
       FileList expected = before;
       std::stable_sort(expected.begin(), expected.end(), [&](const auto& a, const auto& b) {
-        const long order = compare(table.columns()[column].identifier, *a, *b);
+        const std::strong_ordering order = compare(table.columns()[column].identifier, *a, *b);
         return ascending ? order < 0 : order > 0;
       });
       const auto oldRows = table.sort(column, ascending);
@@ -186,19 +182,19 @@ TEST(FileTable, AbsentCountersReadAsZero) {
     }
   }
   table.sort(columnOf(table, "noLinesTotal"), true);
-  EXPECT_THAT(names(table), ElementsAre("bare.c", "a.c"));
+  EXPECT_THAT(rowNames(table), ElementsAre("bare.c", "a.c"));
 }
 
 TEST(FileTable, ARecordWithoutANameIsAnEmptyTextAndComesFirst) {
   FileTable table(cleanUpColumns(), {record({.name = "a.c"}), std::make_shared<FileObject>()}, classicKinds(),
                   1000.0);
-  EXPECT_THAT(names(table), ElementsAre("(none)", "a.c"));
+  EXPECT_THAT(rowNames(table), ElementsAre("(none)", "a.c"));
   EXPECT_EQ(cell(table, "fileName"), "");
   EXPECT_EQ(cell(table, "filePath"), "");
   EXPECT_EQ(table.iconName(0), "icon_extension_other");
   for (const char* column : {"fileName", "filePath", "getFileExtension"}) {
     table.sort(columnOf(table, column), false);
-    EXPECT_THAT(names(table), ElementsAre("a.c", "(none)")) << column;
+    EXPECT_THAT(rowNames(table), ElementsAre("a.c", "(none)")) << column;
     table.sort(columnOf(table, column), true);
   }
 }
@@ -208,7 +204,7 @@ TEST(FileTable, ASizeBeyondSignedNumbersIsShownAndSorted) {
   huge->setFileSize(Number(std::uint64_t{18446744073709551615U}));
   FileTable table = allColumns({huge, record({.name = "a.c", .size = 5})});
   table.sort(columnOf(table, "fileSize"), true);
-  EXPECT_THAT(names(table), ElementsAre("a.c", "huge.c"));
+  EXPECT_THAT(rowNames(table), ElementsAre("a.c", "huge.c"));
   EXPECT_EQ(cell(table, "fileSize", 1), "18,014,398,509,481,984");
 }
 
@@ -264,7 +260,7 @@ TEST(FileTable, AColumnOfItsOwnIsShownSortedAndCopied) {
                   classicKinds(), 1000.0);
   EXPECT_EQ(cell(table, "emptyLines", 0), "10");
   table.sort(columnOf(table, "emptyLines"), true);
-  EXPECT_THAT(names(table), ElementsAre("b.c", "a.c"));
+  EXPECT_THAT(rowNames(table), ElementsAre("b.c", "a.c"));
   EXPECT_EQ(table.tabSeparated({0}), "c\tb.c\t/project/b.c\t0\t1\n");
 }
 
@@ -274,8 +270,7 @@ TEST(FileTable, AColumnThatItDoesNotHaveIsNowhere) {
 }
 
 TEST(FileTable, ARowHasOneKindOfDigits) {
-  const FileTable table =
-      detailsTable({record({.name = "a.c", .size = 2048, .lines = 1234})}, classicKinds(),
+  const FileTable table = detailsTable({record({.name = "a.c", .size = 2048, .lines = 1234})}, classicKinds(),
                                        detailsFilter(classicKinds(), 0), false, "ar_EG");
   EXPECT_EQ(table.cellText(0, 3), "١٢٣٤");
   EXPECT_EQ(table.cellText(0, 5), "٢");

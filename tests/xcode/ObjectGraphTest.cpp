@@ -19,7 +19,7 @@ ObjectGraph graphOf(std::string_view objects, std::string_view root = "r") {
   return std::get<ObjectGraph>(std::move(result));
 }
 
-std::string faultOf(std::string_view text) {
+std::string graphFaultOf(std::string_view text) {
   const auto result = ObjectGraph::read(std::string(text));
   const auto* fault = std::get_if<PropertyListFault>(&result);
   return fault != nullptr ? std::to_string(fault->line) + ": " + fault->expected : "";
@@ -71,12 +71,12 @@ TEST(ObjectGraph, MayHaveARootThatLeadsNowhere) {
 }
 
 TEST(ObjectGraph, NeedsADictionaryOfObjectsAndTheNameOfARoot) {
-  EXPECT_EQ(faultOf("\n{rootObject = a;}"), "1: expected a dictionary called 'objects'");
-  EXPECT_EQ(faultOf("{objects = (); rootObject = a;}"), "1: expected a dictionary called 'objects'");
-  EXPECT_EQ(faultOf("\n(a)"), "1: expected a dictionary called 'objects'");
-  EXPECT_EQ(faultOf("{objects = {};}"), "1: expected a string called 'rootObject'");
-  EXPECT_EQ(faultOf("{objects = {}; rootObject = (a);}"), "1: expected a string called 'rootObject'");
-  EXPECT_EQ(faultOf("{\nobjects"), "2: expected '=' after the key");
+  EXPECT_EQ(graphFaultOf("\n{rootObject = a;}"), "1: expected a dictionary called 'objects'");
+  EXPECT_EQ(graphFaultOf("{objects = (); rootObject = a;}"), "1: expected a dictionary called 'objects'");
+  EXPECT_EQ(graphFaultOf("\n(a)"), "1: expected a dictionary called 'objects'");
+  EXPECT_EQ(graphFaultOf("{objects = {};}"), "1: expected a string called 'rootObject'");
+  EXPECT_EQ(graphFaultOf("{objects = {}; rootObject = (a);}"), "1: expected a string called 'rootObject'");
+  EXPECT_EQ(graphFaultOf("{\nobjects"), "2: expected '=' after the key");
 }
 
 }  // namespace

@@ -2,7 +2,8 @@
 
 namespace quillmeter {
 
-/// What the tool tells a build server by its exit status.
+/// What the tool tells a build server by its exit status. The application says the same of its command line
+/// and of a report that it makes for the tool.
 enum ExitStatus : int {
   kSuccess = 0,
   kFindings = 1,         ///< a check that the user asked for found something
