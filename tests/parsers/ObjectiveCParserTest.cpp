@@ -130,8 +130,8 @@ TEST(ObjectiveCParser, BeginsTheNextFileWithoutTheEndOfTheLastOne) {
     parser->initialize();
     return countsOf(*parser->execute(folder.file("next.m", source)));
   };
-  EXPECT_EQ(countsAfter("- (void)draw {\n"), (Counts{1, 0, 1}));
-  EXPECT_EQ(countsAfter("with:(int)sides\n- (void)draw {\n"), (Counts{1, 0, 1}));
+  EXPECT_EQ(countsAfter("- (void)draw {\n"), (MethodCounts{1, 0, 1}));
+  EXPECT_EQ(countsAfter("with:(int)sides\n- (void)draw {\n"), (MethodCounts{1, 0, 1}));
 }
 
 TEST(ObjectiveCParser, GivesNothingMoreOfAFileThatEndedInABlankLine) {
