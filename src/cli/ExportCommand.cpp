@@ -10,6 +10,7 @@
 #include "cli/Measurement.h"
 #include "cli/Output.h"
 #include "cli/ReportProcess.h"
+#include "cli/Suggestions.h"
 #include "cli/ToolConfinement.h"
 #include "export/CsvText.h"
 #include "support/ExitStatus.h"
@@ -47,8 +48,8 @@ std::optional<std::string> misuse(const ExportOptions& options) {
     return "export: --csv and --pdf name the same file";
   }
   const FileKindTable& kinds = kindsBy(options.read.rules);
-  if (!fileGroupsNamed(kindsOf(options), kinds)) {
-    return "export: --kinds takes a list of " + fileGroupKeysInWords(kinds) + ", separated by commas";
+  if (const auto wrong = wrongFileGroupKey(kindsOf(options), kinds)) {
+    return "export: --kinds: " + noneOf(*wrong, CLI::detail::split(fileGroupKeys(kinds), ','));
   }
   return std::nullopt;
 }

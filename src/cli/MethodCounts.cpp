@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <system_error>
 
+#include "files/ReadingFiles.h"
 #include "parsers/RegulatorParser.h"
 
 namespace quillmeter {
@@ -60,6 +61,9 @@ std::optional<std::string> obstacleTo(const std::string& path, const FileSystem&
   if (status->type == FileStatus::Type::folder) return messageOf(EISDIR);
   if (status->type != FileStatus::Type::regular) return "Not a regular file";
   if (status->size > kLargest) return messageOf(EFBIG);
+  // Files that the kernel makes up are refused as in a project; no call fails that could be noted.
+  const DiskError refusal = status->size == 0 ? refusalOfKernelFile(fileSystem, *file) : DiskError{};
+  if (refusal) return messageOf(refusal.number);
   return std::nullopt;
 }
 

@@ -152,11 +152,15 @@ std::string wrongUsageMessage(const CLI::App* app, const CLI::Error& error) {
          "--help' to see how it is used.\n";
 }
 
+std::string noneOf(const std::string& word, const std::vector<std::string>& known) {
+  return inQuotes(word) + " is none of " + joined(known) + question(word, known, "");
+}
+
 CLI::Validator oneOf(std::vector<std::string> words) {
   const std::string description = "{" + CLI::detail::join(words, ",") + "}";
   return {[words = std::move(words)](std::string& value) {
             if (std::find(words.begin(), words.end(), value) != words.end()) return std::string();
-            return inQuotes(value) + " is none of " + joined(words) + question(value, words, "");
+            return noneOf(value, words);
           },
           description};
 }

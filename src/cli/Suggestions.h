@@ -12,6 +12,9 @@ namespace quillmeter {
 /// one that points to the help of the command in question.
 [[nodiscard]] std::string wrongUsageMessage(const CLI::App* app, const CLI::Error& error);
 
+/// "'jsno' is none of table, json, did you mean json?"
+[[nodiscard]] std::string noneOf(const std::string& word, const std::vector<std::string>& known);
+
 /// Takes one of a few words and names the nearest to any other; the help lists them.
 [[nodiscard]] CLI::Validator oneOf(std::vector<std::string> words);
 

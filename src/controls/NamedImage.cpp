@@ -22,6 +22,22 @@ QString resourcePath(const QString& name) {
   return QStringLiteral(":/images/%1.svg").arg(name);
 }
 
+/// What `draw` gives, kept by the toolkit for a while under `key`. The same picture from there has the same
+/// key in the toolkit's own caches, too; pictures made anew for each window would fill them.
+template <class Draw>
+QPixmap keptPicture(const QString& key, const Draw& draw) {
+  QPixmap picture;
+  if (!QPixmapCache::find(key, &picture)) {
+    picture = draw();
+    QPixmapCache::insert(key, picture);
+  }
+  return picture;
+}
+
+QString keyOf(const QString& name, QSize size, qreal scale) {
+  return QStringLiteral("%1 %2x%3@%4").arg(name).arg(size.width()).arg(size.height()).arg(scale);
+}
+
 QPixmap drawnImage(const QString& name, QSize size, qreal scale) {
   QSvgRenderer renderer(resourcePath(name));
   if (!renderer.isValid()) return {};
@@ -32,6 +48,14 @@ QPixmap drawnImage(const QString& name, QSize size, qreal scale) {
   QPainter painter(&pixmap);
   renderer.render(&painter, QRectF(QPointF(), QSizeF(size)));
   return pixmap;
+}
+
+QPixmap drawnWithRoom(const QString& name, QSize size, int room, qreal scale) {
+  QPixmap picture((QSizeF(size) * scale).toSize());
+  picture.setDevicePixelRatio(scale);
+  picture.fill(Qt::transparent);
+  QPainter(&picture).drawPixmap(0, 0, namedImage(name, size - QSize(room, 0), scale));
+  return picture;
 }
 
 }  // namespace
@@ -47,13 +71,7 @@ QSize namedImageSize(const QString& name) {
 /// Drawn once and kept by the toolkit for a while: the main screen's outline is cut from the picture that it
 /// shows.
 QPixmap namedImage(const QString& name, QSize size, qreal scale) {
-  const QString key = QStringLiteral("%1 %2x%3@%4").arg(name).arg(size.width()).arg(size.height()).arg(scale);
-  QPixmap image;
-  if (!QPixmapCache::find(key, &image)) {
-    image = drawnImage(name, size, scale);
-    QPixmapCache::insert(key, image);
-  }
-  return image;
+  return keptPicture(keyOf(name, size, scale), [&] { return drawnImage(name, size, scale); });
 }
 
 QString themedImageName(const QString& name) {
@@ -65,10 +83,8 @@ QString themedImageName(const QString& name) {
 QIcon undimmedIcon(const QString& name, QSize size, int room) {
   QIcon icon;
   for (const qreal scale : {1.0, 2.0, 3.0}) {
-    QPixmap picture((QSizeF(size) * scale).toSize());
-    picture.setDevicePixelRatio(scale);
-    picture.fill(Qt::transparent);
-    QPainter(&picture).drawPixmap(0, 0, namedImage(name, size - QSize(room, 0), scale));
+    const QPixmap picture = keptPicture(keyOf(name, size, scale) + QStringLiteral("+%1").arg(room),
+                                        [&] { return drawnWithRoom(name, size, room, scale); });
     icon.addPixmap(picture, QIcon::Normal);
     icon.addPixmap(picture, QIcon::Disabled);
   }

@@ -21,22 +21,42 @@ std::string keys(const FileKindTable& kinds, std::string_view separator, std::st
   return text;
 }
 
+/// The entries of a list; at least one, which may be empty.
+std::vector<std::string_view> split(std::string_view list) {
+  std::vector<std::string_view> entries;
+  for (std::size_t comma = list.find(','); comma != std::string_view::npos; comma = list.find(',')) {
+    entries.push_back(list.substr(0, comma));
+    list.remove_prefix(comma + 1);
+  }
+  entries.push_back(list);
+  return entries;
+}
+
+/// Null when no group that can be chosen has that key.
+const FileGroupEntry* groupOfKey(std::string_view key, const FileKindTable& kinds) {
+  for (const FileGroupEntry& entry : kinds.groups()) {
+    if (!entry.chosenWith && entry.key == key) return &entry;
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 std::optional<FileGroups> fileGroupsNamed(std::string_view list, const FileKindTable& kinds) {
   FileGroups groups;
-  for (bool more = true; more;) {
-    const std::size_t comma = list.find(',');
-    const std::string_view key = list.substr(0, comma);
-    const auto known =
-        std::find_if(kinds.groups().begin(), kinds.groups().end(),
-                     [key](const FileGroupEntry& entry) { return !entry.chosenWith && entry.key == key; });
-    if (known == kinds.groups().end()) return std::nullopt;
+  for (const std::string_view key : split(list)) {
+    const FileGroupEntry* const known = groupOfKey(key, kinds);
+    if (known == nullptr) return std::nullopt;
     groups.insert(kinds.chosenBy(known->group));
-    more = comma != std::string_view::npos;
-    if (more) list.remove_prefix(comma + 1);
   }
   return groups;
+}
+
+std::optional<std::string> wrongFileGroupKey(std::string_view list, const FileKindTable& kinds) {
+  for (const std::string_view key : split(list)) {
+    if (groupOfKey(key, kinds) == nullptr) return std::string(key);
+  }
+  return std::nullopt;
 }
 
 std::string fileGroupKeys(const FileKindTable& kinds) {

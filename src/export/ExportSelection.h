@@ -16,6 +16,9 @@ namespace quillmeter {
 /// anything else.
 [[nodiscard]] std::optional<FileGroups> fileGroupsNamed(std::string_view list, const FileKindTable& kinds);
 
+/// The first entry of such a list that is no group's key; nothing when all are.
+[[nodiscard]] std::optional<std::string> wrongFileGroupKey(std::string_view list, const FileKindTable& kinds);
+
 /// All keys, separated by commas: the list that names every group.
 [[nodiscard]] std::string fileGroupKeys(const FileKindTable& kinds);
 

@@ -16,6 +16,19 @@ std::size_t tolerance(std::size_t letters) {
   return letters / 3;
 }
 
+/// Whether `word` is `whole` with letters left out, though not the first: "--fmt" for "--format". Fewer than
+/// three letters may be anything.
+bool isAbbreviation(std::string_view word, std::string_view whole) {
+  const std::size_t first = word.find_first_not_of('-');
+  if (first == std::string_view::npos || word.size() - first < 3) return false;
+  if (whole.substr(0, first + 1) != word.substr(0, first + 1)) return false;
+  std::size_t found = 0;
+  for (const char letter : whole) {
+    if (found < word.size() && letter == word[found]) ++found;
+  }
+  return found == word.size();
+}
+
 }  // namespace
 
 std::size_t editDistance(std::string_view from, std::string_view to) {
@@ -47,7 +60,8 @@ std::optional<std::string> nearestWord(std::string_view word, std::span<const st
     const std::size_t distance = editDistance(lowered, lowerCased(candidate));
     // The beginning of a word is a slip as well: "meas", "com".
     const bool isBeginning = lowered.size() >= 2 && lowerCased(candidate).starts_with(lowered);
-    if (distance > tolerance(std::max(lowered.size(), candidate.size())) && !isBeginning) continue;
+    const bool isShort = isBeginning || isAbbreviation(lowered, lowerCased(candidate));
+    if (distance > tolerance(std::max(lowered.size(), candidate.size())) && !isShort) continue;
     if (nearest && distance >= least) continue;
     nearest = candidate;
     least = distance;

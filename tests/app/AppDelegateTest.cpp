@@ -14,6 +14,7 @@
 
 #include "app/CustomShapeWindow.h"
 #include "app/OpenPanel.h"
+#include "app/ProjectRead.h"
 #include "app/WindowButton.h"
 #include "helpers/FakeServices.h"
 #include "helpers/ProjectFixture.h"
@@ -545,6 +546,19 @@ TEST_F(AppDelegateTest, QuittingDuringAReadLeavesMostFilesUnread) {
   open(writeProject("p", files));
   waitForReading();
   delegate.reset();
+  EXPECT_LT(std::ssize(logLines()), files / 2) << "those that the threads had under way are done";
+}
+
+TEST_F(AppDelegateTest, AnotherProjectLeavesMostFilesOfTheOneThatIsReadUnread) {
+  constexpr std::ptrdiff_t files = 2000;
+  readerPause = 2ms;
+  open(writeProject("big", files));
+  waitForReading();
+  open(writeProject("small"));
+  ASSERT_TRUE(waitForStats());
+  EXPECT_EQ(delegate->parserProject()->files().size(), 2U);
+  // The read that was given up ends before its project does.
+  ASSERT_TRUE(QTest::qWaitFor([&] { return delegate->findChildren<ProjectRead*>().isEmpty(); }, 60'000));
   EXPECT_LT(std::ssize(logLines()), files / 2) << "those that the threads had under way are done";
 }
 

@@ -106,6 +106,18 @@ TEST_F(ExportCommand, MistakesAreWrongUsage) {
   EXPECT_THAT(entries(), ::testing::IsEmpty());
 }
 
+TEST_F(ExportCommand, AWrongKindIsNamedWithTheNearest) {
+  const auto told = [&](const std::string& kinds) {
+    return runTool({"export", "--csv", "-", "--kinds", kinds, bundle}).errors;
+  };
+  const std::string known = "' is none of c, headers, objc, images, xib";
+  EXPECT_EQ(told("foo"), "quillmeter-cli: export: --kinds: 'foo" + known + "\n");
+  EXPECT_EQ(told("c,header,foo"),
+            "quillmeter-cli: export: --kinds: 'header" + known + ", did you mean headers?\n");
+  EXPECT_EQ(told("c,"), "quillmeter-cli: export: --kinds: '" + known + "\n");
+  EXPECT_EQ(told("two\nlines"), "quillmeter-cli: export: --kinds: 'two lines" + known + "\n");
+}
+
 TEST_F(ExportCommand, ProjectWithoutFilesIsNotExported) {
   const ToolResult result = runTool({"export", "--csv", folder / "out.csv", folder / "missing"});
   EXPECT_EQ(result.status, 3);

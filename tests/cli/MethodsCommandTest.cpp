@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <nlohmann/json.hpp>
 #include <string>
@@ -104,6 +105,15 @@ TEST_F(MethodsCommand, TakesNoFolderForAFile) {
   EXPECT_EQ(result.status, 3);
   EXPECT_EQ(result.errors, "quillmeter-cli: folder.m: Is a directory\n");
   EXPECT_EQ(json::parse(result.output), files({noCountsOf("folder.m")}));
+}
+
+TEST_F(MethodsCommand, TakesNoFileThatTheKernelMakesUpForAnEmptyOne) {
+  ASSERT_EQ(::symlink("/proc/self/status", (folder / "made.m").c_str()), 0);
+  folder.file("empty.m", "");
+  const ToolResult result = run({"--format", "json", "made.m", "empty.m"});
+  EXPECT_EQ(result.status, 3);
+  EXPECT_EQ(result.errors, "quillmeter-cli: made.m: Operation not permitted\n");
+  EXPECT_EQ(json::parse(result.output), files({noCountsOf("made.m"), countsOf("empty.m", 0, 0, 0)}));
 }
 
 TEST_F(MethodsCommand, DoesNotWaitForAPipe) {

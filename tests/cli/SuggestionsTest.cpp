@@ -49,6 +49,8 @@ TEST(Suggestions, AnUnknownOptionNamesTheNearestOfItsCommand) {
             "measure: there is no option --fromat, did you mean --format?");
   EXPECT_EQ(mistake({"measure", "--fromat=json", "/"}, "measure --help"),
             "measure: there is no option --fromat, did you mean --format?");
+  EXPECT_EQ(mistake({"measure", "--fmt", "json", "/"}, "measure --help"),
+            "measure: there is no option --fmt, did you mean --format?");
   EXPECT_EQ(mistake({"cleanup", "--chek", "/"}, "cleanup --help"),
             "cleanup: there is no option --chek, did you mean --check?");
   EXPECT_EQ(mistake({"measure", "--zebra", "/"}, "measure --help"), "measure: there is no option --zebra");

@@ -33,6 +33,15 @@ TEST(NearestWord, IsTheFirstOfEquals) {
   EXPECT_EQ(nearestWord("catt", std::vector<std::string>{"cats", "cat"}), "cats");
 }
 
+TEST(NearestWord, KnowsAbbreviations) {
+  const std::vector<std::string> options = {"--top", "--format", "--fail-if"};
+  EXPECT_EQ(nearestWord("--fmt", options), "--format");
+  EXPECT_EQ(nearestWord("cmp", kCommands), "compare");
+  EXPECT_FALSE(nearestWord("--rmt", options)) << "the first letter is never left out";
+  EXPECT_FALSE(nearestWord("--ft", options)) << "two letters may be anything";
+  EXPECT_FALSE(nearestWord("--tmf", options)) << "the order counts";
+}
+
 TEST(NearestWord, NamesNothingThatWouldOnlyPuzzle) {
   EXPECT_FALSE(nearestWord("zebra", kCommands));
   EXPECT_FALSE(nearestWord("", kCommands));
