@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QGuiApplication>
+#include <QHash>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QSvgRenderer>
@@ -92,7 +93,10 @@ QIcon undimmedIcon(const QString& name, QSize size, int room) {
 }
 
 QIcon namedIcon(const QString& name) {
-  return QIcon(resourcePath(name));
+  static QHash<QString, QIcon> icons;
+  auto known = icons.find(name);
+  if (known == icons.end()) known = icons.insert(name, QIcon(resourcePath(name)));
+  return *known;
 }
 
 }  // namespace quillmeter

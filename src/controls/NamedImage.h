@@ -26,7 +26,8 @@ void registerNamedImages();
 /// 3, with `room` points left empty to its right.
 [[nodiscard]] QIcon undimmedIcon(const QString& name, QSize size, int room = 0);
 
-/// The picture as an icon that stays crisp at every scale factor.
+/// The picture as an icon that stays crisp at every scale factor: the same one whoever asks, since the
+/// toolkit keeps pictures of each icon that is made.
 [[nodiscard]] QIcon namedIcon(const QString& name);
 
 }  // namespace quillmeter

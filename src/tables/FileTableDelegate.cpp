@@ -86,9 +86,8 @@ void FileTableDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
 }
 
 void FileTableDelegate::paintMagnifier(QPainter* painter, const QStyleOptionViewItem& option) const {
-  static const QIcon lense = namedIcon(QStringLiteral("lense"));
   static const QSize natural = namedImageSize(QStringLiteral("lense"));
-  paintPicture(painter, option, lense, natural);
+  paintPicture(painter, option, namedIcon(QStringLiteral("lense")), natural);
 }
 
 void FileTableDelegate::paintBullet(QPainter* painter, const QStyleOptionViewItem& option,

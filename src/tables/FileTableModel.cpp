@@ -40,7 +40,7 @@ QVariant FileTableModel::data(const QModelIndex& index, int role) const {
       return tableText(table_.cellText(row, static_cast<std::size_t>(index.column())));
     case Qt::DecorationRole:
       if (!shown.showsPicture()) return {};
-      return icon(tableText(table_.iconName(row)));
+      return namedIcon(tableText(table_.iconName(row)));
     case Qt::TextAlignmentRole:
       return QVariant::fromValue((shown.isLeftAligned() ? Qt::AlignLeft : Qt::AlignHCenter) |
                                  Qt::AlignVCenter);
@@ -87,12 +87,6 @@ void FileTableModel::sort(int columnNumber, Qt::SortOrder order) {
 
 const FileTableColumn& FileTableModel::column(int number) const {
   return table_.columns()[static_cast<std::size_t>(number)];
-}
-
-QIcon FileTableModel::icon(const QString& name) const {
-  auto known = icons_.find(name);
-  if (known == icons_.end()) known = icons_.insert(name, namedIcon(name));
-  return *known;
 }
 
 QString tableText(std::string_view text) {

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <QAbstractTableModel>
-#include <QHash>
-#include <QIcon>
 
 #include "tables/FileTable.h"
 
@@ -29,10 +27,8 @@ class FileTableModel final : public QAbstractTableModel {
 
  private:
   [[nodiscard]] const FileTableColumn& column(int number) const;
-  [[nodiscard]] QIcon icon(const QString& name) const;
 
   FileTable table_;
-  mutable QHash<QString, QIcon> icons_;
 };
 
 /// A text of a file table, names with bytes that are not UTF-8 among them, as Qt has it.

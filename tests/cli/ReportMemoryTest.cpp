@@ -59,7 +59,7 @@ class ReportMemory : public ::testing::TestWithParam<Limit> {
   }
 
   TemporaryFolder outputs;
-  ToolSurroundings surroundings{.patience = 10};
+  ToolSurroundings surroundings{.patience = 60};
   std::string wholeCsv;
   std::string wholePdf;
 };
@@ -89,7 +89,7 @@ TEST(ReportMemoryOfThreads, ThatIsScarceEndsInAMessageToo) {
   const TemporaryFolder outputs;
   const testing::ToolResult result = testing::runTool(
       {"export", "--quiet", "--pdf", outputs / "out.pdf", QUILLMETER_SOURCE_DIR "/samples/Notebook"},
-      {.addressSpace = 1024 * kMebibyte, .stack = 2048 * kMebibyte, .patience = 10});
+      {.addressSpace = 1024 * kMebibyte, .stack = 2048 * kMebibyte, .patience = 60});
   if (result.status == 0) GTEST_SKIP() << "this machine has one processor, so there is one thread";
   EXPECT_EQ(result.status, 3);
   EXPECT_EQ(result.errors, "quillmeter: Not enough memory to do this\n");
