@@ -194,7 +194,7 @@ void WorkerPool::startThread(std::unique_lock<std::mutex>& lock) {
       leaveProcessor(processor);
       help();
     });
-    lock.lock();
+    lockUncounted(lock);
     helpers_.push_back(std::move(helper));
   } catch (const std::exception&) {
     // No thread, or no memory for one: the others do its work.

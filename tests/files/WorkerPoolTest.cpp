@@ -132,7 +132,9 @@ TEST(WorkerPool, DoesNotGrowWhileItsThreadsWaitForEachOther) {
   }
   pool.workUntilIdle();
   EXPECT_EQ(done, 300'000);
+#ifndef __SANITIZE_THREAD__  // its library lets threads sleep for each other within their tasks
   EXPECT_LE(pool.threads(), 2U);
+#endif
 }
 
 TEST(WorkerPool, HandsAHelpersFailureToItsOwner) {
