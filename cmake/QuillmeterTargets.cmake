@@ -31,6 +31,13 @@ function(quillmeter_use_qt name)
   quillmeter_use_toolkits_data_in_place(${name})
 endfunction()
 
+# Of a test program. The sources of src/ stay apart but under sanitizers, so that each is seen to include what it uses.
+function(quillmeter_may_join name)
+  if(QUILLMETER_JOIN_TESTS)
+    set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+  endif()
+endfunction()
+
 # quillmeter_test(NAME LABELS core|cli|ui|slow|threads … SOURCES a_test.cpp … LIBS lib … [QT] [ARGUMENTS …])
 # One test program a folder; each is one ctest entry. The thread sanitizer is run over those labelled "threads".
 function(quillmeter_test name)
@@ -40,6 +47,7 @@ function(quillmeter_test name)
   target_compile_definitions(${name} PRIVATE QUILLMETER_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data"
     QUILLMETER_SOURCE_DIR="${CMAKE_SOURCE_DIR}" QUILLMETER_BINARY_DIR="${CMAKE_BINARY_DIR}")
   target_link_libraries(${name} PRIVATE ${arg_LIBS} GTest::gmock quillmeter_warnings)
+  quillmeter_may_join(${name})
   if(arg_QT)
     quillmeter_use_qt(${name})
     target_link_libraries(${name} PRIVATE Qt6::Test quillmeter_test_qt_main)
