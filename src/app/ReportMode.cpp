@@ -63,7 +63,9 @@ int wrongUsage() {
 }
 
 int report(const std::string& file, const FileGroups& groups, ProjectRules rules, const std::string& bundle) {
-  confineThread(file == "-" ? std::vector<std::string>() : std::vector{folderOfOutput(file)});
+  FileAccess access;
+  if (file != "-") access.writableFolders.push_back(folderOfOutput(file));
+  confineThread(access);
   const std::shared_ptr<ProjectReader> project = projectReader(rules);
   try {
     project->parseFileAtPathAndDelegate(bundle, nullptr);

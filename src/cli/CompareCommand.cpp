@@ -35,10 +35,15 @@ std::size_t top(const ComparisonOptions& options) {
   return options.format == "json" ? kAll : kUsualTop;
 }
 
+/// Of a measurement, not a project.
+bool isFile(const std::string& path) {
+  const auto status = FileSystem::real().status(path);
+  return status && status->type != FileStatus::Type::folder;
+}
+
 /// A JSON file or a project as the user named it. Absent when it could not be read; the user has been told.
 std::optional<Snapshot> snapshotAt(const std::string& path, ReadOptions read) {
-  const auto status = FileSystem::real().status(path);
-  if (status && status->type != FileStatus::Type::folder) return snapshotInFile(path);
+  if (isFile(path)) return snapshotInFile(path);
   read.project = path;
   const auto project = readProject(read);
   if (!project) return std::nullopt;
@@ -53,8 +58,18 @@ struct CompareOptions {
   ComparisonOptions comparison;
 };
 
+/// A project's references lead anywhere, a measurement's file nowhere.
+void confine(const CompareOptions& options) {
+  const auto& output = options.comparison.outputPath;
+  if (isFile(options.before) && isFile(options.after)) {
+    confineToInputs({options.before, options.after}, output);
+  } else {
+    confineToOutputs({output});
+  }
+}
+
 int compare(const CompareOptions& options) {
-  confineToOutputs({options.comparison.outputPath});
+  confine(options);
   const auto before = snapshotAt(options.before, options.read);
   if (!before) return kNothingMeasured;
   const auto after = snapshotAt(options.after, options.read);

@@ -116,7 +116,7 @@ std::unique_ptr<CountsFormat> formatNamed(const std::string& name, Output& outpu
 }
 
 int countMethods(const MethodsOptions& options) {
-  confineToOutputs();
+  confineToInputs(options.files);
   int status = kSuccess;
   Output output(std::nullopt);
   const auto format = formatNamed(options.format, output);

@@ -6,6 +6,7 @@
 #include <linux/landlock.h>
 #include <linux/seccomp.h>
 #include <sys/prctl.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -38,8 +39,13 @@ constexpr std::uint64_t kForbidden = kWriting | LANDLOCK_ACCESS_FS_EXECUTE | LAN
                                      LANDLOCK_ACCESS_FS_MAKE_SOCK | LANDLOCK_ACCESS_FS_MAKE_FIFO |
                                      LANDLOCK_ACCESS_FS_MAKE_BLOCK | LANDLOCK_ACCESS_FS_MAKE_SYM;
 
-Rules rulesOf(int version, bool truncationIsFiltered) {
-  Rules rules{.files = kForbidden};
+constexpr std::uint64_t kReading = LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_READ_DIR;
+
+/// Languages and character sets, the libraries themselves, and what the system says of the process.
+constexpr std::array kReadByLibraries = {"/usr", "/lib", "/lib64", "/proc/self"};
+
+Rules rulesOf(int version, bool truncationIsFiltered, bool confinesReading) {
+  Rules rules{.files = kForbidden | (confinesReading ? kReading : 0)};
   if (version >= 2) rules.files |= LANDLOCK_ACCESS_FS_REFER;
   if (version >= 3 && !truncationIsFiltered) rules.files |= kTruncate;
   if (version >= 4) rules.network = 0b11;  // to bind and to connect TCP
@@ -50,28 +56,40 @@ Rules rulesOf(int version, bool truncationIsFiltered) {
   return rules;
 }
 
-void allowWriting(int ruleSet, const Rules& rules, const std::string& folder) {
-  const int descriptor = ::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return;  // what is not there cannot be written to either
-  const std::uint64_t all = kWriting | LANDLOCK_ACCESS_FS_REFER | kTruncate;
-  const landlock_path_beneath_attr rule{.allowed_access = all & rules.files, .parent_fd = descriptor};
+/// Allows `rights` at `path` and below.
+void allow(int ruleSet, std::uint64_t rights, const std::string& path) {
+  const int descriptor = ::open(path.c_str(), O_PATH | O_CLOEXEC);
+  if (descriptor < 0) return;  // what is not there can be neither read nor written to
+  struct stat status {};
+  // The kernel takes no rule that allows a file what only folders can do.
+  if (::fstat(descriptor, &status) == 0 && !S_ISDIR(status.st_mode)) rights &= LANDLOCK_ACCESS_FS_READ_FILE;
+  const landlock_path_beneath_attr rule{.allowed_access = rights, .parent_fd = descriptor};
   ::syscall(SYS_landlock_add_rule, ruleSet, LANDLOCK_RULE_PATH_BENEATH, &rule, 0);
   ::close(descriptor);
 }
 
+void allow(int ruleSet, const Rules& rules, const FileAccess& access) {
+  for (const std::string& folder : access.writableFolders)
+    allow(ruleSet, (kReading | kWriting | LANDLOCK_ACCESS_FS_REFER | kTruncate) & rules.files, folder);
+  if (!access.readable) return;
+  for (const char* const path : kReadByLibraries)
+    allow(ruleSet, kReading, path);
+  for (const std::string& path : *access.readable)
+    allow(ruleSet, kReading, path);
+}
+
 /// Gives the version of the rules in force, 0 when the kernel has none.
-int confineFiles(const std::vector<std::string>& writableFolders, bool truncationIsFiltered) {
+int confineFiles(const FileAccess& access, bool truncationIsFiltered) {
   const auto version =
       static_cast<int>(::syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION));
   if (version < 1) return 0;
-  const Rules rules = rulesOf(version, truncationIsFiltered);
+  const Rules rules = rulesOf(version, truncationIsFiltered, access.readable.has_value());
   const std::size_t size = version >= 6   ? sizeof(Rules)
                            : version >= 4 ? 2 * sizeof(std::uint64_t)
                                           : sizeof(std::uint64_t);
   const auto ruleSet = static_cast<int>(::syscall(SYS_landlock_create_ruleset, &rules, size, 0));
   if (ruleSet < 0) return 0;
-  for (const std::string& folder : writableFolders)
-    allowWriting(ruleSet, rules, folder);
+  allow(ruleSet, rules, access);
   const bool inForce = ::syscall(SYS_landlock_restrict_self, ruleSet, 0) == 0;
   ::close(ruleSet);
   return inForce ? version : 0;
@@ -164,12 +182,12 @@ bool filterCalls() {
 
 }  // namespace
 
-Confinement confineThread(const std::vector<std::string>& writableFolders) {
+Confinement confineThread(const FileAccess& access) {
   Confinement result;
   // The kernel asks for this first: no program that is started can get rights that the thread has not.
   if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) return result;
   result.network = filterCalls();
-  result.files = confineFiles(writableFolders, result.network);
+  result.files = confineFiles(access, result.network);
   return result;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,11 +12,18 @@ struct Confinement {
   bool network = false;  ///< whether sockets are denied
 };
 
-/// Confines the calling thread, and every thread and process that it makes from now on: it can read any file,
-/// but write, create, remove, rename, truncate and execute nothing, except that files can be written in and
-/// below `writableFolders`; and it can make no use of the network. What is open stays usable. Reading is not
-/// confined: a project's references and links lead to any folder, and they are followed.
-Confinement confineThread(const std::vector<std::string>& writableFolders = {});
+/// What a confined thread can do with files all the same.
+struct FileAccess {
+  std::vector<std::string> writableFolders;  ///< files can be written in and below these
+  /// The files that can be read, and the folders with all that is below them; beside these only the writable
+  /// folders and what libraries need. What is not there by now cannot be read later. Absent: everything can.
+  std::optional<std::vector<std::string>> readable;
+};
+
+/// Confines the calling thread, and every thread and process that it makes from now on: beyond `access` it
+/// can write, create, remove, rename, truncate and execute nothing, and it can make no use of the network.
+/// What is open stays usable.
+Confinement confineThread(const FileAccess& access = {});
 
 /// The same in words, for users.
 [[nodiscard]] std::string confinementText(const Confinement& confinement);

@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <filesystem>
 #include <functional>
 #include <thread>
 
@@ -65,11 +66,10 @@ std::vector<Attempt> attemptsIn(const TemporaryFolder& folder) {
 }
 
 /// Runs `body` on a thread of its own, which dies confined. Gives what was in force.
-Confinement onConfinedThread(const std::function<void()>& body,
-                             const std::vector<std::string>& writable = {}) {
+Confinement onConfinedThread(const std::function<void()>& body, const FileAccess& access = {}) {
   Confinement result;
   std::thread([&] {
-    result = confineThread(writable);
+    result = confineThread(access);
     body();
   }).join();
   return result;
@@ -134,12 +134,40 @@ TEST(Confinement, OutputsCanBeWrittenInTheirFoldersAlone) {
         inside = writeFileAtomically(folder / "a.csv", "new");
         outside = writeFileAtomically(other / "a.csv", "new");
       },
-      {folder.path()});
+      {.writableFolders = {folder.path()}, .readable = {}});
   EXPECT_EQ(inside, std::nullopt);
   EXPECT_TRUE(truncated);
   EXPECT_EQ(readFile(folder / "a.csv"), "new");
   if (inForce.files == 0) GTEST_SKIP() << "this kernel has no rules for files";
   EXPECT_EQ(outside, "Permission denied");
+}
+
+TEST(Confinement, ReadsNothingButWhatItWasGiven) {
+  const TemporaryFolder folder;
+  const std::string given = folder.file("given.m", "a");
+  const std::string other = folder.file("other.m", "b");
+  std::filesystem::create_symlink(given, folder / "link.m");
+  folder.file("listed/below.m", "c");
+  folder.file("outputs/old.csv", "d");
+  const FileAccess access{.writableFolders = {folder / "outputs"},
+                          .readable = {{given, folder / "listed", folder / "absent.m"}}};
+  if (onConfinedThread([] {}).files == 0) GTEST_SKIP() << "this kernel has no rules for files";
+  onConfinedThread(
+      [&] {
+        EXPECT_TRUE(opens(given, O_RDONLY));
+        EXPECT_TRUE(opens(folder / "link.m", O_RDONLY)) << "leads to it";
+        EXPECT_TRUE(opens(folder / "listed", O_RDONLY | O_DIRECTORY));
+        EXPECT_TRUE(opens(folder / "outputs", O_RDONLY | O_DIRECTORY)) << "leftovers are looked for";
+        EXPECT_TRUE(opens("/usr/lib", O_RDONLY | O_DIRECTORY)) << "libraries";
+        EXPECT_FALSE(opens(given, O_WRONLY));
+        EXPECT_FALSE(opens(other, O_RDONLY));
+        EXPECT_FALSE(opens(folder.path(), O_RDONLY | O_DIRECTORY));
+        EXPECT_FALSE(opens("/etc/passwd", O_RDONLY));
+        EXPECT_EQ(writeFileAtomically(folder / "outputs/old.csv", "new"), std::nullopt);
+      },
+      access);
+  EXPECT_TRUE(opens(other, O_RDONLY));
+  EXPECT_EQ(readFile(folder / "outputs/old.csv"), "new");
 }
 
 TEST(Confinement, DeniesTheNetwork) {
