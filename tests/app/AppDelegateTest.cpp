@@ -416,7 +416,7 @@ TEST_F(AppDelegateTest, ClosingTheStatisticsComesBackToTheMainScreen) {
   delegate->controllerWindow()->tapCloseTab();
   expectIdle();
   EXPECT_EQ(delegate->controllerWindow(), nullptr);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return stats.isNull(); }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return stats.isNull(); }, 60'000));
 }
 
 TEST_F(AppDelegateTest, MainScreenThatWasMinimisedIsThereAgainAfterTheStatistics) {
@@ -473,7 +473,7 @@ TEST_F(AppDelegateTest, NewReadClosesTheStatisticsAtItsStart) {
   open(second);
   waitForReading();
   EXPECT_EQ(delegate->controllerWindow(), nullptr);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return first.isNull(); }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return first.isNull(); }, 60'000));
   reading.unlock();
   ASSERT_TRUE(waitForStats());
   EXPECT_EQ(delegate->parserProject()->files().size(), 5U);
@@ -543,8 +543,11 @@ TEST_F(AppDelegateTest, ClosingTheScreenDuringAReadLeavesTheReadAlone) {
 TEST_F(AppDelegateTest, QuittingDuringAReadLeavesMostFilesUnread) {
   constexpr std::ptrdiff_t files = 2000;
   readerPause = 2ms;
-  open(writeProject("p", files));
+  const std::string project = writeProject("p", files);
+  std::unique_lock reading(readerGate);
+  open(project);
   waitForReading();
+  reading.unlock();
   delegate.reset();
   EXPECT_LT(std::ssize(logLines()), files / 2) << "those that the threads had under way are done";
 }
@@ -552,9 +555,13 @@ TEST_F(AppDelegateTest, QuittingDuringAReadLeavesMostFilesUnread) {
 TEST_F(AppDelegateTest, AnotherProjectLeavesMostFilesOfTheOneThatIsReadUnread) {
   constexpr std::ptrdiff_t files = 2000;
   readerPause = 2ms;
-  open(writeProject("big", files));
+  const std::string big = writeProject("big", files);
+  const std::string small = writeProject("small");
+  std::unique_lock reading(readerGate);
+  open(big);
   waitForReading();
-  open(writeProject("small"));
+  open(small);
+  reading.unlock();
   ASSERT_TRUE(waitForStats());
   EXPECT_EQ(delegate->parserProject()->files().size(), 2U);
   // The read that was given up ends before its project does.
@@ -601,6 +608,7 @@ TEST_F(AppDelegateTest, TakesNoMoreThanItsOwnDefaults) {
   open(writeProject());
   ASSERT_TRUE(waitForStats());
   fakes.delayedCalls->advance(5s);
+  EXPECT_FALSE(fakes.userDefaults->values.empty());
   for (const auto& [key, value] : fakes.userDefaults->values) {
     EXPECT_TRUE(key == "DETAILS_SHOW_MINIMAL" || key.starts_with("quillmeter.ratings_reminder.")) << key;
   }

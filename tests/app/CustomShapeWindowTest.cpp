@@ -66,7 +66,7 @@ TEST_F(ShapeWindow, ContentGrowsWithTheWindow) {
   window.setContentView(content);
   window.show();
   window.resize(300, 250);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return content->size() == QSize(300, 250); }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return content->size() == QSize(300, 250); }, 60'000));
 }
 
 TEST_F(ShapeWindow, ContentSizeIsThatOfTheContent) {
@@ -74,7 +74,7 @@ TEST_F(ShapeWindow, ContentSizeIsThatOfTheContent) {
   window.setContentView(content);
   window.show();
   window.setContentSize(QSize(123, 77));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return content->size() == QSize(123, 77); }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return content->size() == QSize(123, 77); }, 60'000));
 }
 
 TEST_F(ShapeWindow, ContentSizeMakesUpForContentSmallerThanTheWindow) {
@@ -188,14 +188,14 @@ TEST(WindowButton, IsDrawnAnewWhenItsWindowGainsOrLosesTheKeyboard) {
   auto* between = new QWidget(&window);
   WindowButton button(WindowButton::Kind::close, between);
   window.show();
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window, 60'000));
   QApplication::setActiveWindow(&window);
   QCoreApplication::processEvents();
   Drawings drawings(button);
   QApplication::setActiveWindow(nullptr);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count == 1; }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count == 1; }, 60'000));
   QApplication::setActiveWindow(&window);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count == 2; }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count == 2; }, 60'000));
 }
 
 TEST(WindowButton, MouseOverCloseWarnsAndOverMinimiseDoesNot) {
@@ -228,7 +228,7 @@ TEST(WindowButton, IsDrawnAnewWhenTheMouseComesAndGoesInAnyStyleOfTheDesktop) {
   button.setStyle(plain.get());
   button.move(50, 50);
   window.show();
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window, 60'000));
   const auto moveTo = [&](QPoint place) {
     QTest::mouseMove(&window, place);
     QCoreApplication::processEvents();
@@ -236,10 +236,10 @@ TEST(WindowButton, IsDrawnAnewWhenTheMouseComesAndGoesInAnyStyleOfTheDesktop) {
   moveTo(QPoint(5, 5));
   Drawings drawings(button);
   moveTo(QPoint(58, 58));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count > 0; }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count > 0; }, 60'000));
   drawings.count = 0;
   moveTo(QPoint(5, 5));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count > 0; }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count > 0; }, 60'000));
 }
 
 TEST(WindowButton, ReturnPressesIt) {

@@ -178,14 +178,14 @@ TEST(ProjectRead, DestroyedInTheMiddleItWaitsForTheReaderAndDropsItsMessages) {
 }
 
 /// A disk that hangs from a certain call on until the read that uses it is stopped (or, so that the test ends
-/// in any case, for two seconds in all).
+/// in any case, for a minute in all).
 struct HangingDisk {
   static constexpr int kHangsFrom = 40;
   HangingDisk()
       : disk([this](std::string_view, const std::string&) {
           if (++calls < kHangsFrom) return DiskError{};
           std::call_once(hangs, [this] {
-            patience = std::chrono::steady_clock::now() + std::chrono::seconds(2);
+            patience = std::chrono::steady_clock::now() + std::chrono::minutes(1);
             hanging.set_value();
           });
           while (!stop.stop_requested() && std::chrono::steady_clock::now() < patience)

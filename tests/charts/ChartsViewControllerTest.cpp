@@ -352,7 +352,7 @@ TEST_F(ChartsTab, ChartThatIsChosenAgainStaysTheOneMarked) {
 TEST_F(ChartsTab, ArrowKeysGoThroughThePanelWithoutChoosing) {
   open(twentyOfEach());
   tab->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(tab.get()));
+  ASSERT_TRUE(QTest::qWaitForWindowActive(tab.get(), 60'000));
   named("btnFilters")->setFocus();
   tab->tapFilters();
   for (const int chart : {2, 3, 4}) {
@@ -533,7 +533,7 @@ TEST_F(ChartsTab, DetailsAreHiddenFromEverybodyUntilTheyAreShown) {
       tab->viewPopoverDetailsChart()->accessibleName(),
       QStringLiteral("Source16.m, LOC: 1600 lines, Average: 1050.0 lines, code level is in normal range"));
   tab->dismissInfoForItem();
-  EXPECT_TRUE(QTest::qWaitFor([this] { return tab->viewPopoverDetailsChart()->isHidden(); }));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return tab->viewPopoverDetailsChart()->isHidden(); }, 60'000));
 }
 
 TEST_F(ChartsTab, PressBesideTheMagnifiersFadesTheDetailsOut) {

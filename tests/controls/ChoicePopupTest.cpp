@@ -32,7 +32,7 @@ class ChoicePopupTest : public ::testing::Test {
     QObject::connect(&popup, &ChoicePopup::dismissed, &popup, [this] { popup.tap(1); });
     page.show();
     page.activateWindow();
-    static_cast<void>(QTest::qWaitForWindowActive(&page));
+    static_cast<void>(QTest::qWaitForWindowActive(&page, 60'000));
   }
 
   void openByHand() {

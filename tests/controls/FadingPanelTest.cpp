@@ -15,7 +15,7 @@ TEST(FadingPanel, ChangesAtOnceOrFadesThere) {
   panel.animateAlphaValue(0.9);
   EXPECT_EQ(panel.alphaValue(), 0.9);
   EXPECT_LT(panel.shownAlpha(), 0.9);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return panel.shownAlpha() == 0.9; }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return panel.shownAlpha() == 0.9; }, 60'000));
 }
 
 TEST(FadingPanel, SettingTheOpacityEndsAFade) {

@@ -107,7 +107,7 @@ TEST(QtDelayedCalls, MessageIsDroppedWithItsReceiver) {
     calls.performAfterDelay(&receiver, std::chrono::milliseconds(1), [&] { came = true; });
   }
   calls.performAfterDelay(&lasting, std::chrono::milliseconds(20), [&] { later = true; });
-  EXPECT_TRUE(QTest::qWaitFor([&] { return later; }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return later; }, 60'000));
   EXPECT_FALSE(came);
 }
 

@@ -167,7 +167,7 @@ TEST_F(SavePanelSheet, RenamesAndDeletesNothing) {
   folder.file("kept/inside.txt", "text");
   dialog()->setDirectory(QString::fromStdString(folder.path()));
   auto* list = dialog()->findChild<QTreeView*>(QStringLiteral("treeView"));
-  ASSERT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }, 60'000));
   list->setFocus();
   list->setCurrentIndex(list->model()->index(0, 0, list->rootIndex()));
   QTest::keyClick(list, Qt::Key_Delete);
@@ -182,9 +182,9 @@ TEST_F(SavePanelSheet, ShowsItsColumns) {
   dialog()->setDirectory(QString::fromStdString(folder / "shown"));
   auto* list = dialog()->findChild<QTreeView*>(QStringLiteral("treeView"));
   EXPECT_TRUE(list->isVisible());
-  ASSERT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }, 60'000));
   const QAbstractItemView& view = *list;
-  ASSERT_TRUE(QTest::qWaitFor([&] { return list->columnWidth(3) >= view.sizeHintForColumn(3); }));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return list->columnWidth(3) >= view.sizeHintForColumn(3); }, 60'000));
   for (int column = 0; column < 4; ++column)
     EXPECT_GE(list->columnWidth(column), view.sizeHintForColumn(column)) << column;
   EXPECT_LE(list->header()->length(), list->viewport()->width());

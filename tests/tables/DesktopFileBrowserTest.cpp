@@ -117,7 +117,7 @@ class DesktopFileBrowserTest : public ::testing::Test {
   }
   template <class Condition>
   static void waitUntil(Condition condition) {
-    EXPECT_TRUE(QTest::qWaitFor(condition, 10000));
+    EXPECT_TRUE(QTest::qWaitFor(condition, 60'000));
   }
   /// Lets everything that is under way arrive.
   static void settle() { QTest::qWait(100); }

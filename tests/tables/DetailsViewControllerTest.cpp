@@ -50,7 +50,7 @@ class DetailsViewControllerTest : public ::testing::Test {
   }
   /// The fades themselves run on the toolkit's clock.
   void waitForFade() const {
-    ASSERT_TRUE(QTest::qWaitFor([this] { return fade().state() == QAbstractAnimation::Stopped; }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return fade().state() == QAbstractAnimation::Stopped; }, 60'000));
   }
   void choose(int filter) {
     button("btnFilters").click();
@@ -190,7 +190,7 @@ TEST_F(DetailsViewControllerTest, AChoiceFadesThePopupOutAndTurnsItsButtonOff) {
 
 TEST_F(DetailsViewControllerTest, AChoiceTakesTheKeyboardToTheFirstRow) {
   controller->show();
-  static_cast<void>(QTest::qWaitForWindowActive(controller.get()));
+  static_cast<void>(QTest::qWaitForWindowActive(controller.get(), 60'000));
   choose(3);
   EXPECT_TRUE(table().hasFocus());
   EXPECT_EQ(table().selectionModel()->selectedRows(), QModelIndexList({table().model()->index(0, 0)}));
@@ -201,7 +201,7 @@ TEST_F(DetailsViewControllerTest, AChoiceTakesTheKeyboardToTheFirstRow) {
 
 TEST_F(DetailsViewControllerTest, AChoiceWithTheMouseSelectsNoRow) {
   controller->show();
-  static_cast<void>(QTest::qWaitForWindowActive(controller.get()));
+  static_cast<void>(QTest::qWaitForWindowActive(controller.get(), 60'000));
   button("btnFilters").click();
   fakes.delayedCalls->advance(300ms);
   QTest::mouseClick(&button("btnFilter4"), Qt::LeftButton);
@@ -252,7 +252,7 @@ TEST_F(DetailsViewControllerTest, APopupOpenedAgainAtOnceStaysOpen) {
 
 TEST_F(DetailsViewControllerTest, EscapeClosesThePopup) {
   controller->show();
-  static_cast<void>(QTest::qWaitForWindowActive(controller.get()));
+  static_cast<void>(QTest::qWaitForWindowActive(controller.get(), 60'000));
   button("btnFilters").click();
   fakes.delayedCalls->advance(300ms);
   QTest::keyClick(&button("btnFilter1"), Qt::Key_Escape);

@@ -39,7 +39,7 @@ class FileTableViewTest : public ::testing::Test {
                                record({.name = "A.m", .lines = 3}), record({.name = "a.h", .lines = 100})},
                               0, false, "en_US"));
     view.show();
-    static_cast<void>(QTest::qWaitForWindowExposed(&view));
+    static_cast<void>(QTest::qWaitForWindowExposed(&view, 60'000));
     view.setFocus();  // the header comes before it
   }
 
@@ -196,7 +196,7 @@ TEST_F(FileTableViewTest, TheSortArrowPointsDownForAnAscendingOrderAndUpForADesc
 
 TEST_F(FileTableViewTest, TheHeaderSortsFromTheKeyboard) {
   QHeaderView* header = view.horizontalHeader();
-  static_cast<void>(QTest::qWaitForWindowActive(&view));
+  static_cast<void>(QTest::qWaitForWindowActive(&view, 60'000));
   view.setFocus();
   QTest::keyClick(&view, Qt::Key_Backtab);
   ASSERT_TRUE(header->hasFocus());
@@ -230,7 +230,7 @@ TEST_F(FileTableViewTest, ARightClickBesideTheRowsOffersNothing) {
 }
 
 TEST_F(FileTableViewTest, NoBoxStandsAroundTheCellThatTheKeyboardHasReached) {
-  static_cast<void>(QTest::qWaitForWindowActive(&view));
+  static_cast<void>(QTest::qWaitForWindowActive(&view, 60'000));
   view.setFocus();
   view.selectRow(1);
   const auto row = [this] {
