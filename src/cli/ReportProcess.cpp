@@ -15,6 +15,7 @@
 #include "cli/Measurement.h"
 #include "files/ReadingFiles.h"
 #include "support/ExitStatus.h"
+#include "support/Uninterrupted.h"
 #include "support/WriteAll.h"
 
 namespace quillmeter {
@@ -86,7 +87,7 @@ ReportProcess::ReportProcess(std::vector<std::string> arguments) {
 
 ReportProcess::~ReportProcess() {
   toChild_.reset();
-  if (child_ > 0) ::waitpid(child_, nullptr, 0);
+  if (child_ > 0) uninterrupted([this] { return ::waitpid(child_, nullptr, 0); });
 }
 
 int ReportProcess::finishWith(const std::string& lastArgument) {
@@ -94,8 +95,7 @@ int ReportProcess::finishWith(const std::string& lastArgument) {
     // A process that has gone tells why by its end.
     [[maybe_unused]] const auto error = writeAll(toChild_.value(), lastArgument);
     toChild_.reset();
-    while (::read(fromChild_.value(), &reason_, sizeof(reason_)) < 0 && errno == EINTR) {
-    }
+    uninterrupted([this] { return ::read(fromChild_.value(), &reason_, sizeof(reason_)); });
   }
   if (reason_ == ENOENT) return failed("the application is missing, it belongs at " + application_);
   if (reason_ != 0) return failed(application_ + ": " + std::generic_category().message(reason_));
@@ -104,8 +104,7 @@ int ReportProcess::finishWith(const std::string& lastArgument) {
 
 int ReportProcess::wait() {
   int status = 0;
-  while (::waitpid(child_, &status, 0) < 0 && errno == EINTR) {
-  }
+  uninterrupted([&] { return ::waitpid(child_, &status, 0); });
   child_ = -1;
   if (!WIFEXITED(status)) return failed("the application was ended by a signal");
   const int ended = WEXITSTATUS(status);

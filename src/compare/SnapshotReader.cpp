@@ -13,6 +13,7 @@
 #include "compare/CountedRules.h"
 #include "files/ReadingFiles.h"
 #include "support/Paths.h"
+#include "support/Uninterrupted.h"
 
 namespace quillmeter {
 namespace {
@@ -211,7 +212,7 @@ SnapshotReading readSnapshot(std::string json) {
 
 SnapshotReading readSnapshotFile(const std::string& path) {
   // Waits for the writer of a pipe, so that a shell may put a command in the place of a file.
-  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY));
+  const Descriptor file(uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY); }));
   if (!file) return {std::nullopt, std::strerror(errno)};
   std::string json;
   for (constexpr std::size_t block = std::size_t{1} << 20U;;) {

@@ -15,6 +15,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "support/Uninterrupted.h"
+
 namespace quillmeter {
 namespace {
 
@@ -58,11 +60,12 @@ Rules rulesOf(int version, bool truncationIsFiltered, bool confinesReading) {
 
 /// Allows `rights` at `path` and below.
 void allow(int ruleSet, std::uint64_t rights, const std::string& path) {
-  const int descriptor = ::open(path.c_str(), O_PATH | O_CLOEXEC);
+  const int descriptor = uninterrupted([&] { return ::open(path.c_str(), O_PATH | O_CLOEXEC); });
   if (descriptor < 0) return;  // what is not there can be neither read nor written to
   struct stat status {};
   // The kernel takes no rule that allows a file what only folders can do.
-  if (::fstat(descriptor, &status) == 0 && !S_ISDIR(status.st_mode)) rights &= LANDLOCK_ACCESS_FS_READ_FILE;
+  const bool isKnown = uninterrupted([&] { return ::fstat(descriptor, &status); }) == 0;
+  if (isKnown && !S_ISDIR(status.st_mode)) rights &= LANDLOCK_ACCESS_FS_READ_FILE;
   const landlock_path_beneath_attr rule{.allowed_access = rights, .parent_fd = descriptor};
   ::syscall(SYS_landlock_add_rule, ruleSet, LANDLOCK_RULE_PATH_BENEATH, &rule, 0);
   ::close(descriptor);
