@@ -248,11 +248,23 @@ TEST_F(ScriptedReport, FailedTableBesideAGoodReportIsAFailure) {
   EXPECT_TRUE(std::filesystem::exists(folder / "reported")) << "the report is made all the same";
 }
 
-TEST_F(ScriptedReport, PathsInItsMessagesStayOnOneLine) {
+TEST_F(ScriptedReport, StatusThatIsNoneOfTheApplicationsIsNamed) {
   script("exit 9");
-  EXPECT_EQ(WEXITSTATUS(runShell(command("--pdf 'two\nlines.pdf'"))), 4);
+  EXPECT_EQ(WEXITSTATUS(runShell(command("--pdf out.pdf"))), 4);
   EXPECT_EQ(readFile(folder / "errors"),
             "quillmeter-cli: cannot make the PDF report: the application ended with status 9\n");
+}
+
+TEST_F(ScriptedReport, PathsInTheToolsMessagesStayOnOneLine) {
+  const std::string tool = folder / "two\nlines/quillmeter-cli";
+  folder.folder("two\nlines");
+  std::filesystem::rename(folder / "quillmeter-cli", tool);
+  EXPECT_EQ(WEXITSTATUS(runShell("'" + tool + "' export --quiet --pdf out.pdf '" + bundle + "' 2>'" +
+                                 (folder / "errors") + "'")),
+            4);
+  EXPECT_EQ(readFile(folder / "errors"),
+            "quillmeter-cli: cannot make the PDF report: the application is missing, it belongs at " +
+                (folder / "two lines/quillmeter") + "\n");
 }
 
 TEST_F(ScriptedReport, EndsWithAToolThatIsKilled) {
@@ -339,6 +351,14 @@ TEST_F(ExportCommand, ReportThatCannotBeWrittenIsNamed) {
   const ToolResult full = runTool({"export", "--pdf", "-", bundle}, {.standardOutput = "/dev/full"});
   EXPECT_EQ(full.status, 4);
   EXPECT_THAT(full.errors, HasSubstr("standard output: No space left on device"));
+}
+
+TEST_F(ExportCommand, PathsInMessagesOfTheReportStayOnOneLine) {
+  const ToolResult result = runTool({"export", "--pdf", folder / "two\nlines\x1B[31m/out.pdf", bundle});
+  EXPECT_EQ(result.status, 4);
+  EXPECT_THAT(result.errors, StartsWith("quillmeter: "));
+  EXPECT_THAT(result.errors, HasSubstr(folder / "two lines [31m/out.pdf"));
+  EXPECT_EQ(result.errors.find('\n'), result.errors.size() - 1);
 }
 
 TEST_F(ExportCommand, OldReportSurvivesAnApplicationThatIsKilled) {

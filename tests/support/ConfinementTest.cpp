@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <linux/landlock.h>
 #include <linux/openat2.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -9,6 +10,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <functional>
@@ -73,6 +75,15 @@ Confinement onConfinedThread(const std::function<void()>& body, const FileAccess
     body();
   }).join();
   return result;
+}
+
+// The others below are skipped where nothing is in force, so this one is not.
+TEST(Confinement, IsInForceAsFarAsTheKernelHasIt) {
+  const long version = ::syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION);
+  const bool hasFilter = std::filesystem::exists("/proc/sys/kernel/seccomp/actions_avail");
+  const Confinement inForce = onConfinedThread([] {});
+  EXPECT_EQ(inForce.files, std::max(version, 0L));
+  EXPECT_EQ(inForce.network, hasFilter);
 }
 
 TEST(Confinement, ThreadCanReadAndNothingElseWhileOthersCan) {
