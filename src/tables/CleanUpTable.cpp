@@ -1,15 +1,29 @@
 #include "tables/CleanUpTable.h"
 
 #include <algorithm>
+#include <future>
 #include <iterator>
+#include <system_error>
+#include <thread>
 #include <utility>
 
 #include "analysis/MeasuredProject.h"
+#include "support/Confinement.h"
 
 namespace quillmeter {
 
 FileList unreferencedFiles(const MeasuredProject& project) {
-  return project.unreferencedFiles();
+  std::packaged_task<FileList()> search([&project] {
+    confineThread();
+    return project.unreferencedFiles();
+  });
+  auto found = search.get_future();
+  try {
+    std::thread(std::move(search)).join();
+  } catch (const std::system_error&) {
+    return project.unreferencedFiles();  // no thread to be had
+  }
+  return found.get();
 }
 
 std::vector<FileTableColumn> cleanUpColumns() {

@@ -19,7 +19,8 @@ inline constexpr std::string_view kCleanProjectText =
 
 /// The files of a known kind in the project's folder, in walk order, whose path is not the path of any of its
 /// files. Paths are compared byte by byte: another letter case, a "." or ".." step or a way through a link is
-/// another path. Linear in what lies in the folder and in the project's files.
+/// another path. Linear in what lies in the folder and in the project's files. What a stranger's folder holds
+/// is looked at by threads that can do nothing but read; the caller waits for them.
 [[nodiscard]] FileList unreferencedFiles(const MeasuredProject& project);
 
 [[nodiscard]] std::vector<FileTableColumn> cleanUpColumns();

@@ -3,17 +3,21 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include <QGraphicsOpacityEffect>
 #include <QHeaderView>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
+#include <atomic>
+#include <filesystem>
+#include <thread>
 
 #include "helpers/FakeServices.h"
+#include "helpers/PlayedFileSystem.h"
 #include "helpers/ProjectFixture.h"
+#include "support/AtomicFile.h"
+#include "support/Confinement.h"
 #include "tables/FileTableView.h"
 #include "tables/TablesTestSupport.h"
 
@@ -109,6 +113,33 @@ TEST_F(CleanUpToolViewControllerTest, EachSearchStartsAfresh) {
   folder.file("Other.c");
   search();
   EXPECT_THAT(names(), ElementsAre("new.c", "Other.c"));
+}
+
+TEST_F(CleanUpToolViewControllerTest, SearchesWithThreadsThatCannotWrite) {
+  folder.file("below/left.c");
+  const testing::TemporaryFolder elsewhere;
+  std::atomic<int> attempts = 0;
+  std::atomic<int> written = 0;
+  bool isSearch = false;
+  const testing::PlayedFileSystem disk([&](std::string_view, const std::string&) {
+    if (!isSearch) return DiskError{};
+    const std::string path = elsewhere / std::to_string(++attempts);
+    if (!writeFileAtomically(path, "x")) ++written;
+    return DiskError{};
+  });
+  auto project = std::make_shared<ParseProject>(disk);
+  project->parseFileAtPathAndDelegate(folder / "App.xcodeproj", nullptr);
+  host = std::make_unique<testing::TablesHost>(project);
+  controller = CleanUpToolViewController::create(*host, fakes.services());
+  isSearch = true;
+  search();
+  EXPECT_THAT(names(), ElementsAre("left.c"));
+  EXPECT_GT(attempts, 2);
+  EXPECT_EQ(writeFileAtomically(elsewhere / "main", "x"), std::nullopt) << "the main thread may";
+  Confinement inForce;
+  std::thread([&inForce] { inForce = confineThread(); }).join();
+  if (inForce.files == 0) GTEST_SKIP() << "this kernel has no rules for files";
+  EXPECT_EQ(written, 0);
 }
 
 TEST_F(CleanUpToolViewControllerTest, APressDuringASearchDoesNotSearchTwice) {
