@@ -54,8 +54,13 @@ WorkerPool::~WorkerPool() {
 void WorkerPool::lockUncounted(std::unique_lock<std::mutex>& lock) {
   if (lock.try_lock()) return;
   lock.lock();
+  ownGauge().restart();
+}
+
+/// Of the calling thread, which holds the lock.
+WaitGauge& WorkerPool::ownGauge() {
   const auto gauge = gauges_.find(std::this_thread::get_id());
-  (gauge == gauges_.end() ? ownersGauge_ : *gauge->second).restart();
+  return gauge == gauges_.end() ? ownersGauge_ : *gauge->second;
 }
 
 std::unique_lock<std::mutex> WorkerPool::locked() {
@@ -194,7 +199,8 @@ void WorkerPool::startThread(std::unique_lock<std::mutex>& lock) {
       leaveProcessor(processor);
       help();
     });
-    lockUncounted(lock);
+    lock.lock();
+    ownGauge().restart();  // the system may have had to wait for something, to make a thread
     helpers_.push_back(std::move(helper));
   } catch (const std::exception&) {
     // No thread, or no memory for one: the others do its work.

@@ -63,6 +63,7 @@ class WorkerPool {
  private:
   [[nodiscard]] std::unique_lock<std::mutex> locked();
   void lockUncounted(std::unique_lock<std::mutex>& lock);
+  [[nodiscard]] WaitGauge& ownGauge();
   void callHelp(std::unique_lock<std::mutex>& lock, std::size_t wanted);
   void help();
   void doNext(std::unique_lock<std::mutex>& lock, WaitGauge& gauge);
