@@ -97,6 +97,10 @@ class CallFailure : public ::testing::TestWithParam<std::vector<std::string>> {
     folder.file("one/project/App.xcodeproj/project.pbxproj",
                 testing::projectText({"a.m", "b.h", "linked.h", "Über.png", "../above.c", "gone.m"}));
     std::filesystem::current_path(folder / "one/project");
+    const ForkedRun before = testing::runForked([] {
+      return testing::runToolHere(testing::commandLine({"measure", "--format", "json", "."}));
+    });
+    folder.file("one/project/before.json", before.output);
     const auto name = std::find_if(GetParam().begin(), GetParam().end(),
                                    [](const std::string& argument) { return argument.starts_with("out."); });
     if (name != GetParam().end()) output = *name;
@@ -187,6 +191,7 @@ INSTANTIATE_TEST_SUITE_P(
                       std::vector<std::string>{"export", "--csv", "out.csv", "."},
                       std::vector<std::string>{"report", "--html", "out.html", "."},
                       std::vector<std::string>{"compare", "--format", "json", "-o", "out.json", ".", "."},
+                      std::vector<std::string>{"compare", "before.json", "before.json"},
                       std::vector<std::string>{"methods", "a.m", "Sub/Other/left.c"},
                       std::vector<std::string>{"pdf", "out.pdf"}),
     [](const auto& given) {

@@ -80,10 +80,11 @@ Confinement onConfinedThread(const std::function<void()>& body, const FileAccess
 // The others below are skipped where nothing is in force, so this one is not.
 TEST(Confinement, IsInForceAsFarAsTheKernelHasIt) {
   const long version = ::syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION);
-  const bool hasFilter = std::filesystem::exists("/proc/sys/kernel/seccomp/actions_avail");
   const Confinement inForce = onConfinedThread([] {});
   EXPECT_EQ(inForce.files, std::max(version, 0L));
-  EXPECT_EQ(inForce.network, hasFilter);
+#if defined(__x86_64__) || defined(__aarch64__)
+  EXPECT_EQ(inForce.network, std::filesystem::exists("/proc/sys/kernel/seccomp/actions_avail"));
+#endif
 }
 
 TEST(Confinement, ThreadCanReadAndNothingElseWhileOthersCan) {
