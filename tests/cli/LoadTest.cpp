@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <cmath>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -100,7 +99,7 @@ class KilledExports : public ::testing::TestWithParam<std::string> {
   }
 
   /// Kills the tool `after` its start. Gives whether it was killed.
-  [[nodiscard]] bool exportAndKill(std::chrono::microseconds after) const {
+  [[nodiscard]] bool exportAndKill(std::chrono::duration<double, std::micro> after) const {
     const std::string tool = QUILLMETER_BINARY_DIR "/bin/quillmeter-cli";
     const std::string form = "--" + GetParam();
     const pid_t child = ::fork();
@@ -138,23 +137,21 @@ TEST_P(KilledExports, LeaveTheOldFileOrTheNewOneAndNothingElse) {
   const int times = timesFrom("QUILLMETER_LOAD_KILLS", 40);
   const auto start = std::chrono::steady_clock::now();
   ASSERT_EQ(exportWhole(), 0);
-  const auto whole =
-      std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - start);
+  // As long as the machine takes at present, and a third more: shorter after each run that came to its end,
+  // longer after each that did not.
+  std::chrono::duration<double, std::micro> longest = std::chrono::steady_clock::now() - start;
   const std::string right = written();
   constexpr unsigned seed = 1;
-  std::mt19937 chance(seed);  // NOLINT(cert-msc51-cpp): the same shares in each run
-  std::uniform_real_distribution<double> share;
-  // The first run may have been a slow one, the machine may be busier now or less: what is waited for at most
-  // follows it, so that about every other run is killed.
-  double most = static_cast<double>(whole.count());
+  std::mt19937 chance(seed);  // NOLINT(cert-msc51-cpp): the same chances in each run
+  std::uniform_real_distribution<double> moment(0, 1);
   int killed = 0;
   int replaced = 0;
   int leftovers = 0;
   for (int time = 0; time < times; ++time) {
     outputs.file("out", "old");
-    const bool isKilled = exportAndKill(std::chrono::microseconds(std::lround(most * share(chance))));
-    most *= isKilled ? 1.25 : 0.8;
-    killed += isKilled ? 1 : 0;
+    const bool wasKilled = exportAndKill(longest * moment(chance));
+    killed += wasKilled ? 1 : 0;
+    longest *= wasKilled ? 1.1 : 0.75;
     for (int wait = 0; wait < 6000 && isAnyoneAtWorkOn(output); ++wait)
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
     ASSERT_FALSE(isAnyoneAtWorkOn(output)) << "a process outlives the tool";
