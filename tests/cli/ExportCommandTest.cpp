@@ -248,6 +248,14 @@ TEST_F(ScriptedReport, FailedTableBesideAGoodReportIsAFailure) {
   EXPECT_TRUE(std::filesystem::exists(folder / "reported")) << "the report is made all the same";
 }
 
+TEST_F(ScriptedReport, GetsNothingThatWasMeantForAClosedStandardOutput) {
+  // What the tool opens first, to tell the application of the project, must not take the place of a stream.
+  script("for last; do :; done; echo \"$last\" >'" + (folder / "asked") + "'");
+  EXPECT_EQ(WEXITSTATUS(runShell(command("--pdf out.pdf --csv -") + " <&- >&-")), 4);
+  EXPECT_THAT(readFile(folder / "errors"), HasSubstr("cannot write standard output: Bad file descriptor"));
+  EXPECT_EQ(readFile(folder / "asked"), bundle + "\n");
+}
+
 TEST_F(ScriptedReport, StatusThatIsNoneOfTheApplicationsIsNamed) {
   script("exit 9");
   EXPECT_EQ(WEXITSTATUS(runShell(command("--pdf out.pdf"))), 4);
