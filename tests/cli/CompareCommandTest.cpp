@@ -197,7 +197,7 @@ TEST_F(CompareCommand, RefusesToCompareNumbersOfDifferentRules) {
   EXPECT_EQ(result.errors,
             "quillmeter-cli: these numbers cannot be compared: the earlier ones are by the current rules, "
             "the later "
-            "ones by the classic rules\n");
+            "ones by the classic rules; measure both with --rules current, or both without\n");
   const ToolResult same = runTool({"compare", current, current});
   EXPECT_EQ(same.status, 0);
   EXPECT_THAT(same.output, HasSubstr("\nInterface files (XIB, storyboard)"));

@@ -100,7 +100,7 @@ def compared_by_current_rules(tool, before, after):
     said = refused.stderr.decode().splitlines()[-1]
     assert (refused.returncode, refused.stdout) == (2, b"") and said == (
         "quillmeter-cli: these numbers cannot be compared: the earlier ones are by the current rules, the later ones by "
-        "the classic rules"), (refused, said)
+        "the classic rules; measure both with --rules current, or both without"), (refused, said)
     return comparison
 
 
