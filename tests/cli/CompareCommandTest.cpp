@@ -209,6 +209,10 @@ TEST_F(CompareCommand, SaysWhichFileIsNoMeasurement) {
   EXPECT_EQ(result.status, 3);
   EXPECT_THAT(result.errors,
               HasSubstr("quillmeter-cli: " + cut + ": is not JSON, or only the beginning of it"));
+  const std::string comparison = after / "comparison.json";
+  EXPECT_EQ(compare({"--format", "json", "-o", comparison}).status, 0);
+  EXPECT_EQ(runTool({"compare", comparison, after.path()}).errors,
+            "quillmeter-cli: " + comparison + ": is no measurement, but a comparison of two\n");
   EXPECT_EQ(runTool({"measure", "--baseline", before / "missing.json", after.path()}).errors,
             "quillmeter-cli: " + before / "missing.json" + ": No such file or directory\n");
   EXPECT_EQ(runTool({"compare", baseline, after / "missing"}).status, 3);
