@@ -96,7 +96,7 @@ class KilledExports : public ::testing::TestWithParam<std::string> {
   }
 
   /// Kills the tool `after` its start. Gives whether it was killed.
-  [[nodiscard]] bool exportAndKill(std::chrono::microseconds after) const {
+  [[nodiscard]] bool exportAndKill(std::chrono::duration<double, std::micro> after) const {
     const std::string tool = QUILLMETER_BINARY_DIR "/bin/quillmeter-cli";
     const std::string form = "--" + GetParam();
     const pid_t child = ::fork();
@@ -134,18 +134,21 @@ TEST_P(KilledExports, LeaveTheOldFileOrTheNewOneAndNothingElse) {
   const int times = timesFrom("QUILLMETER_LOAD_KILLS", 40);
   const auto start = std::chrono::steady_clock::now();
   ASSERT_EQ(exportWhole(), 0);
-  const auto whole =
-      std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - start);
+  // As long as the machine takes at present, and a third more: shorter after each run that came to its end,
+  // longer after each that did not.
+  std::chrono::duration<double, std::micro> longest = std::chrono::steady_clock::now() - start;
   const std::string right = written();
   constexpr unsigned seed = 1;
-  std::mt19937 chance(seed);  // NOLINT(cert-msc51-cpp): the same times in each run
-  std::uniform_int_distribution<long> moment(0, whole.count() * 5 / 4);
+  std::mt19937 chance(seed);  // NOLINT(cert-msc51-cpp): the same chances in each run
+  std::uniform_real_distribution<double> moment(0, 1);
   int killed = 0;
   int replaced = 0;
   int leftovers = 0;
   for (int time = 0; time < times; ++time) {
     outputs.file("out", "old");
-    killed += exportAndKill(std::chrono::microseconds(moment(chance))) ? 1 : 0;
+    const bool wasKilled = exportAndKill(longest * moment(chance));
+    killed += wasKilled ? 1 : 0;
+    longest *= wasKilled ? 1.1 : 0.75;
     for (int wait = 0; wait < 1000 && isAnyoneAtWorkOn(output); ++wait)
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
     ASSERT_FALSE(isAnyoneAtWorkOn(output)) << "a process outlives the tool";
