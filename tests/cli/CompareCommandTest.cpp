@@ -76,6 +76,16 @@ moved        0    0 B  old/moves.m -> new/moves.m
 )");
 }
 
+TEST_F(CompareCommand, WritesPerCentAsTheOtherNumbersOfALocale) {
+  after.file("comes.m", std::string(1500, '\n'));
+  for (const std::string format : {"table", "markdown"}) {
+    const ToolResult result = runTool({"compare", "--format", format, baseline, after.path()},
+                                      {.variables = {"LC_ALL=de_DE.UTF-8"}});
+    EXPECT_THAT(result.output, HasSubstr("1.533"));
+    EXPECT_THAT(result.output, HasSubstr("+9.481,2 %"));
+  }
+}
+
 TEST_F(CompareCommand, TakesProjectsAndFilesOnBothSides) {
   const std::string expected = compare({"--format", "json"}).output;
   const std::string file = after / "numbers.json";
