@@ -20,7 +20,8 @@ void writeTextColumns(const std::vector<std::vector<std::string>>& rows, const L
     for (std::size_t i = 0; i < row.size(); ++i) {
       const std::string padding(widths[i] - utf16Length(row[i]), ' ');
       const bool isLeft = std::find(left.begin(), left.end(), i) != left.end();
-      line += (i > 0 ? "  " : "") + (isLeft ? row[i] + padding : padding + row[i]);
+      if (i > 0) line += "  ";
+      line += isLeft ? row[i] + padding : padding + row[i];
     }
     line.resize(line.find_last_not_of(' ') + 1);
     output.write(line + "\n");
