@@ -8,6 +8,7 @@
 
 #include "analysis/ProjectChooser.h"
 #include "support/Addresses.h"
+#include "support/NearestWord.h"
 
 namespace quillmeter {
 namespace {
@@ -55,6 +56,12 @@ bool asksForRules(std::string_view argument) {
          (argument.starts_with(kRules) && argument.substr(kRules.size()).starts_with('='));
 }
 
+std::string unknownOption(std::string_view argument) {
+  const std::array<std::string, 3> known{std::string(kRules), "--help", "--version"};
+  const auto nearest = nearestWord(argument.substr(0, argument.find('=')), known);
+  return "unknown option: " + std::string(argument) + (nearest ? ", did you mean " + *nearest + "?" : "");
+}
+
 CommandLine withOutput(std::string output) {
   CommandLine result;
   result.output = std::move(output);
@@ -93,7 +100,7 @@ CommandLine readCommandLine(std::span<const char* const> arguments) {
       result.toolkitArguments.emplace_back(argument);
       if (toolkit == ToolkitOption::withValue) result.toolkitArguments.emplace_back(arguments[++at]);
     } else if (option) {
-      result.error = "unknown option: " + std::string(argument);
+      result.error = unknownOption(argument);
       return result;
     } else if (result.project) {
       result.error = "only one project can be opened";

@@ -98,7 +98,8 @@ std::optional<Snapshot> snapshotInFile(const std::string& path) {
 int showComparison(const Snapshot& before, const Snapshot& after, const ComparisonOptions& options) {
   if (before.rules != after.rules) {
     complain("these numbers cannot be compared: the earlier ones are by the " + before.rules +
-             " rules, the later ones by the " + after.rules + " rules");
+             " rules, the later ones by the " + after.rules +
+             " rules; measure both with --rules current, or both without");
     return kWrongUsage;
   }
   const Differences differences = differencesBetween(before, after);

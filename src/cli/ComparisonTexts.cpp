@@ -38,17 +38,18 @@ std::string captionOf(const Caption& caption, const Comparison& comparison) {
   return std::string(overviewCaptions(kindsBy(rulesOf(comparison)))[kInterfaceFilesMetric].caption);
 }
 
-std::string percentCell(std::int64_t before, std::int64_t after) {
+std::string percentCell(std::int64_t before, std::int64_t after, const DecimalFormatter& oneDecimal) {
   if (before == after) return "";
   if (before == 0) return "new";
   const double percent = 100.0 * static_cast<double>(after - before) / static_cast<double>(before);
-  return (percent > 0 ? "+" : "") + fixed(percent, 1) + " %";
+  return (percent > 0 ? "+" : "") + oneDecimal.format(percent) + " %";
 }
 
 }  // namespace
 
 std::vector<TotalRow> totalRows(const Comparison& comparison, const DecimalFormatter& formatter) {
   const Differences& differences = comparison.differences;
+  const DecimalFormatter oneDecimal(1, 1);
   std::vector<TotalRow> rows;
   for (const Caption& caption : kCaptions) {
     const std::size_t place = *totalNamed(caption.name);
@@ -59,7 +60,7 @@ std::vector<TotalRow> totalRows(const Comparison& comparison, const DecimalForma
                     isSize ? sizeText(before, formatter) : formatter.format(before),
                     isSize ? sizeText(after, formatter) : formatter.format(after),
                     isSize ? signedSize(after - before, formatter) : signedCount(after - before, formatter),
-                    percentCell(before, after)});
+                    percentCell(before, after, oneDecimal)});
   }
   return rows;
 }

@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -22,9 +23,13 @@ struct ReferencesOptions {
   bool check = false;
 };
 
+/// The form of the JSON, described in docs/json.md. It grows when a member changes its meaning or goes.
+constexpr std::int64_t kReferencesJsonVersion = 1;
+
 void writeJson(const ProjectFindings& findings, Output& output) {
   JsonWriter json(output);
   json.beginObject();
+  json.member("version", kReferencesJsonVersion);
   writeMissing(findings, json);
   json.key("otherCase");
   json.beginArray();

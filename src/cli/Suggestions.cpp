@@ -88,15 +88,27 @@ std::string meantBy(const std::string& name, const CLI::App& command) {
   return meant;
 }
 
+/// ", it belongs to X, Y", the commands that have an option of that name; nothing when none has.
+std::string owners(const std::string& name, const CLI::App& app) {
+  std::vector<std::string> names;
+  for (const CLI::App* command : app.get_subcommands({})) {
+    const std::vector<std::string> known = optionNames(*command);
+    if (std::find(known.begin(), known.end(), name) != known.end()) names.push_back(command->get_name());
+  }
+  return names.empty() || !name.starts_with("--") ? "" : ", it belongs to " + joined(names);
+}
+
 /// What is wrong with an option that nothing takes where it stands.
-std::string misplacedOption(const std::string& word, const CLI::App& command) {
+std::string misplacedOption(const std::string& word, const CLI::App& app, const CLI::App& command) {
   const std::string name = word.substr(0, word.find('='));
   const std::vector<std::string> known = optionNames(command);
   if (std::find(known.begin(), known.end(), name) != known.end())
     return name + " belongs behind the command: '" + command.get_name() + " " + name + "'";
-  const std::string meant = meantBy(name, command);
-  return "there is no option " + onOneLine(name) +
-         (meant.empty() ? question(name, known, "") : ", did you mean " + meant + "?");
+  const std::string wrong = "there is no option " + onOneLine(name);
+  if (const std::string meant = meantBy(name, command); !meant.empty())
+    return wrong + ", did you mean " + meant + "?";
+  const std::string others = owners(name, app);
+  return wrong + (others.empty() ? question(name, known, "") : others);
 }
 
 std::string noCommand(const std::string& word, const CLI::App& app) {
@@ -121,15 +133,17 @@ std::string libraryMessage(const CLI::Error& error, const CLI::App& command) {
       return option->get_name() + " is missing: " + onOneLine(option->get_description());
     }
   }
-  if (isError(error, CLI::ExitCodes::ArgumentMismatch))
-    return text.substr(0, text.find(':')) + " needs a value";
+  if (isError(error, CLI::ExitCodes::ArgumentMismatch)) {
+    const bool hasTooMany = text.find("At Most") != std::string::npos;
+    return text.substr(0, text.find(':')) + (hasTooMany ? " can be given once" : " needs a value");
+  }
   return text;
 }
 
 std::string mistake(const CLI::App& app, const CLI::App& command, const CLI::Error& error) {
   const bool hasCommand = &command != &app;
   if (const auto word = leftOver(app)) {
-    if (word->size() > 1 && word->front() == '-') return misplacedOption(*word, command);
+    if (word->size() > 1 && word->front() == '-') return misplacedOption(*word, app, command);
     if (!hasCommand) return noCommand(*word, app);
     if (*word == "help")
       return "there is no command 'help', did you mean '" + command.get_name() + " --help'?";

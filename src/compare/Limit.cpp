@@ -154,7 +154,9 @@ LimitReading readLimit(std::string_view text) {
   limit.ofAnyFile = rest.starts_with(kFilePrefix);
   if (limit.ofAnyFile) rest.remove_prefix(kFilePrefix.size());
   const std::size_t sign = rest.find_first_of("<>");
-  if (sign == std::string_view::npos) return refused(text, "it has none of > >= < <=");
+  if (sign == std::string_view::npos)
+    return refused(text,
+                   "it has none of > >= < <=, which a shell keeps for itself unless the limit is in quotes");
   const std::string_view name = withoutBlanks(rest.substr(0, sign));
   const bool isAbove = rest[sign] == '>';
   rest.remove_prefix(sign + 1);

@@ -108,6 +108,8 @@ class MeasurementReader {
       readFiles(value);
     } else if (key == "totals") {
       readTotals(value);
+    } else if (key == "before") {
+      throw Fault{"is no measurement, but a comparison of two"};
     }
   }
 

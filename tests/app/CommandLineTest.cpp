@@ -76,6 +76,13 @@ TEST(CommandLine, WrongUsageIsTold) {
   EXPECT_EQ(read({""}).error, "the project's path is empty");
 }
 
+TEST(CommandLine, AnUnknownOptionNamesTheNearest) {
+  EXPECT_EQ(read({"--rulse", "current"}).error, "unknown option: --rulse, did you mean --rules?");
+  EXPECT_EQ(read({"--rule=current"}).error, "unknown option: --rule=current, did you mean --rules?");
+  EXPECT_EQ(read({"--versoin"}).error, "unknown option: --versoin, did you mean --version?");
+  EXPECT_EQ(read({"-help"}).error, "unknown option: -help, did you mean --help?");
+}
+
 TEST(CommandLine, RulesAreTakenByName) {
   EXPECT_EQ(read({"/a"}).rules, std::nullopt);
   EXPECT_EQ(read({"--rules", "current", "/a"}).rules, ProjectRules::current);
@@ -88,7 +95,7 @@ TEST(CommandLine, OtherRulesAreWrongUsage) {
   for (const auto& arguments : std::vector<std::vector<const char*>>{
            {"--rules", "modern"}, {"--rules=", "/a"}, {"--rules=Current"}, {"/a", "--rules"}})
     EXPECT_EQ(read(arguments).error, "--rules takes classic or current");
-  EXPECT_EQ(read({"--rulesof", "/a"}).error, "unknown option: --rulesof");
+  EXPECT_EQ(read({"--rulesof", "/a"}).error, "unknown option: --rulesof, did you mean --rules?");
 }
 
 }  // namespace

@@ -76,6 +76,16 @@ moved        0    0 B  old/moves.m -> new/moves.m
 )");
 }
 
+TEST_F(CompareCommand, WritesPerCentAsTheOtherNumbersOfALocale) {
+  after.file("comes.m", std::string(1500, '\n'));
+  for (const std::string format : {"table", "markdown"}) {
+    const ToolResult result = runTool({"compare", "--format", format, baseline, after.path()},
+                                      {.variables = {"LC_ALL=de_DE.UTF-8"}});
+    EXPECT_THAT(result.output, HasSubstr("1.533"));
+    EXPECT_THAT(result.output, HasSubstr("+9.481,2 %"));
+  }
+}
+
 TEST_F(CompareCommand, TakesProjectsAndFilesOnBothSides) {
   const std::string expected = compare({"--format", "json"}).output;
   const std::string file = after / "numbers.json";
@@ -197,7 +207,7 @@ TEST_F(CompareCommand, RefusesToCompareNumbersOfDifferentRules) {
   EXPECT_EQ(result.errors,
             "quillmeter-cli: these numbers cannot be compared: the earlier ones are by the current rules, "
             "the later "
-            "ones by the classic rules\n");
+            "ones by the classic rules; measure both with --rules current, or both without\n");
   const ToolResult same = runTool({"compare", current, current});
   EXPECT_EQ(same.status, 0);
   EXPECT_THAT(same.output, HasSubstr("\nInterface files (XIB, storyboard)"));
@@ -209,6 +219,10 @@ TEST_F(CompareCommand, SaysWhichFileIsNoMeasurement) {
   EXPECT_EQ(result.status, 3);
   EXPECT_THAT(result.errors,
               HasSubstr("quillmeter-cli: " + cut + ": is not JSON, or only the beginning of it"));
+  const std::string comparison = after / "comparison.json";
+  EXPECT_EQ(compare({"--format", "json", "-o", comparison}).status, 0);
+  EXPECT_EQ(runTool({"compare", comparison, after.path()}).errors,
+            "quillmeter-cli: " + comparison + ": is no measurement, but a comparison of two\n");
   EXPECT_EQ(runTool({"measure", "--baseline", before / "missing.json", after.path()}).errors,
             "quillmeter-cli: " + before / "missing.json" + ": No such file or directory\n");
   EXPECT_EQ(runTool({"compare", baseline, after / "missing"}).status, 3);

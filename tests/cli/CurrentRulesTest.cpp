@@ -197,6 +197,7 @@ TEST(References, AreListedUnderBothRules) {
       runTool({"references", "--rules", "current", "--format", "json", "--check", kWeather});
   EXPECT_EQ(current.status, 1);
   const json output = json::parse(current.output);
+  EXPECT_EQ(output["version"], 1);
   ASSERT_EQ(output["missing"].size(), 1U);
   EXPECT_THAT(output["missing"][0]["location"].get<std::string>(),
               HasSubstr("WeatherTests/RadarTests.swift"));

@@ -57,6 +57,15 @@ TEST(Suggestions, AnUnknownOptionNamesTheNearestOfItsCommand) {
   EXPECT_EQ(mistake({"--versoin"}, "--help"), "there is no option --versoin, did you mean --version?");
 }
 
+TEST(Suggestions, AnOptionOfAnotherCommandNamesThatCommand) {
+  EXPECT_EQ(mistake({"report", "--pdf", "a.pdf", "/"}, "report --help"),
+            "report: there is no option --pdf, it belongs to export");
+  EXPECT_EQ(mistake({"cleanup", "--output=a", "/"}, "cleanup --help"),
+            "cleanup: there is no option --output, it belongs to measure, compare");
+  EXPECT_EQ(mistake({"--baseline", "a", "/"}, "--help"),
+            "there is no option --baseline, it belongs to measure");
+}
+
 TEST(Suggestions, AnOptionBeforeItsCommandIsSentBehindIt) {
   EXPECT_EQ(mistake({"--format", "json", "measure", "/"}, "measure --help"),
             "measure: --format belongs behind the command: 'measure --format'");
@@ -89,6 +98,11 @@ TEST(Suggestions, AMissingArgumentIsNamedAndExplained) {
   EXPECT_EQ(mistake({"measure", "/", "--format"}, "measure --help"), "measure: --format needs a value");
 }
 
+TEST(Suggestions, AnOptionThatIsGivenTwiceHasNotLostItsValue) {
+  EXPECT_EQ(mistake({"measure", "-o", "a", "--output", "b", "/"}, "measure --help"),
+            "measure: --output can be given once");
+}
+
 TEST(Suggestions, OneArgumentTooManyIsNamed) {
   EXPECT_EQ(mistake({"measure", "a", "b"}, "measure --help"), "measure: 'b' is one argument too many");
 }
@@ -106,6 +120,14 @@ TEST(Suggestions, AWrongLimitSaysWhatIsUnderstood) {
       mistake({"measure", "--fail-if", "noLineTotal>5", "/"}, "measure --help"),
       "measure: --fail-if: 'noLineTotal>5' is no limit: there is no number 'noLineTotal' (did you mean "
       "noLinesTotal?); a limit is written like noLinesTotal>2000, noLinesTotal>+5% or file:noLinesTotal>800");
+}
+
+TEST(Suggestions, ALimitThatTheShellTookItsSignFromAsksForQuotes) {
+  EXPECT_EQ(
+      mistake({"measure", "--fail-if", "noLinesTotal", "/"}, "measure --help"),
+      "measure: --fail-if: 'noLinesTotal' is no limit: it has none of > >= < <=, which a shell keeps for "
+      "itself unless the limit is in quotes; a limit is written like noLinesTotal>2000, noLinesTotal>+5% "
+      "or file:noLinesTotal>800");
 }
 
 }  // namespace

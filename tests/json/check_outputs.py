@@ -6,6 +6,7 @@ usage: check_outputs.py TOOL SCHEMA_DIR SAMPLES_DIR
 import copy
 import json
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -54,6 +55,15 @@ def broken_counts(counts):
         yield {**counts, key: -1}
 
 
+def commands_with_json(tool):
+    """The commands that --format json is an option of, as the tool's help has it."""
+    def help_of(*command):
+        return subprocess.run([tool, *command, "--help"], stdout=subprocess.PIPE, check=True, text=True).stdout
+
+    names = re.findall(r"^  (\w+) {2,}", help_of().split("Subcommands:")[1], re.MULTILINE)
+    return {name for name in names if re.search(r"--format \w*:?\{[a-z,]*\bjson\b", help_of(name))}
+
+
 def run(tool, *arguments):
     done = subprocess.run([tool, *arguments], stdout=subprocess.PIPE, check=True)
     return json.loads(done.stdout)
@@ -90,7 +100,7 @@ def compared_by_current_rules(tool, before, after):
     said = refused.stderr.decode().splitlines()[-1]
     assert (refused.returncode, refused.stdout) == (2, b"") and said == (
         "quillmeter-cli: these numbers cannot be compared: the earlier ones are by the current rules, the later ones by "
-        "the classic rules"), (refused, said)
+        "the classic rules; measure both with --rules current, or both without"), (refused, said)
     return comparison
 
 
@@ -123,6 +133,7 @@ def outputs(tool, samples, folder):
         "/* Begin PBXFileReference section */\n1 /* main.m */ = {path = main.m; };\n/* End PBXFileReference section */")
     yield "references", run(tool, "references", "--format", "json", misspelt)
     yield "cleanup", run(tool, "cleanup", "--format", "json", project)
+    yield "methods", run(tool, "methods", "--format", "json", project / "main.m", changed)
     comparison = run(tool, "compare", "--format", "json", baseline, project)
     assert {file["change"] for file in comparison["files"]} >= {"grown", "removed", "moved"}, comparison["files"]
     yield "compare", comparison
@@ -135,9 +146,11 @@ def outputs(tool, samples, folder):
 def main():
     tool, schema_folder, samples = sys.argv[1], pathlib.Path(sys.argv[2]), pathlib.Path(sys.argv[3])
     faults = []
+    seen = set()
     checked = 0
     with tempfile.TemporaryDirectory() as folder:
         for name, output in outputs(tool, samples, pathlib.Path(folder)):
+            seen.add(name)
             schema = json.loads((schema_folder / f"{name}.schema.json").read_text())
             jsonschema.Draft202012Validator.check_schema(schema)
             faults += [f"{name}: {error}" for error in errors(closed(schema), output)]
@@ -145,6 +158,7 @@ def main():
                 if not errors(schema, bad):
                     faults.append(f"{name}: the schema takes a broken output: {json.dumps(bad)[:300]}")
                 checked += 1
+    faults += [f"{name}: no output was checked" for name in sorted(commands_with_json(tool) - seen)]
     print("\n".join(faults) or f"the outputs are as described; {checked} broken ones are not")
     return 1 if faults or checked < 50 else 0
 

@@ -14,6 +14,8 @@ import sys
 import unittest
 import xml.etree.ElementTree
 
+import yaml
+
 INSTALLED, APPLICATION, SOURCES, VERSION = sys.argv[1:5]
 SHARE = pathlib.Path(INSTALLED, "share")
 sys.path.insert(0, os.path.join(SOURCES, "tests/ui"))
@@ -63,6 +65,12 @@ class NamesTest(unittest.TestCase):
         (manifest,) = pathlib.Path(SOURCES, "packaging/flatpak").glob("*.yml")
         self.assertEqual(manifest.stem, IDENTIFIER)
         self.assertRegex(manifest.read_text(encoding="utf-8"), rf"(?m)^id: {re.escape(IDENTIFIER)}$")
+
+    def test_the_manifest_of_the_flatpak_gives_no_access_to_files(self):
+        (manifest,) = pathlib.Path(SOURCES, "packaging/flatpak").glob("*.yml")
+        rights = yaml.safe_load(manifest.read_text(encoding="utf-8"))["finish-args"]
+        self.assertIn("--socket=wayland", rights)
+        self.assertEqual([right for right in rights if re.match("--(filesystem|persist|device=all|share=network)", right)], [])
 
     def test_pictures_are_among_those_of_the_documents(self):
         pictures = [image.text for image in self.metadata.iter("image")]

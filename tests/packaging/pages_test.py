@@ -16,9 +16,9 @@ INSTALLED, TOOL = sys.argv[1:3]
 APPLICATION = sys.argv[3] if len(sys.argv) > 3 else None
 
 
-def shown(page):
-    """The page as a wide terminal shows it, and what groff has to say about it."""
-    environment = {"PATH": os.environ["PATH"], "LC_ALL": "C.UTF-8", "MANWIDTH": "300", "HOME": "/nonexistent"}
+def shown(page, width=300):
+    """The page as a terminal of that width shows it, a wide one if not said, and what groff has to say about it."""
+    environment = {"PATH": os.environ["PATH"], "LC_ALL": "C.UTF-8", "MANWIDTH": str(width), "HOME": "/nonexistent"}
     path = os.path.join(INSTALLED, "share/man/man1", page + ".1.gz")
     result = subprocess.run(["man", "--warnings=w", "-l", path], env=environment, capture_output=True, text=True,
                             check=False)
@@ -38,6 +38,11 @@ class PagesTest(unittest.TestCase):
                 self.assertEqual(warnings, "")
                 for heading in ("NAME", "SYNOPSIS", "DESCRIPTION", "OPTIONS", "EXIT STATUS", "FILES", "EXAMPLES", "SEE ALSO"):
                     self.assertRegex(text, f"(?m)^{heading}$")
+
+    def test_no_word_is_broken_and_what_is_to_be_typed_can_be_copied(self):
+        for page in ("quillmeter-cli", *(["quillmeter"] if APPLICATION else [])):
+            for width in (60, 80, 100):
+                self.assertEqual(re.findall("\\S*\u2010\n.*", shown(page, width)[0]), [], (page, width))
 
     def test_every_option_of_every_command_stands_under_the_command(self):
         text, _ = shown("quillmeter-cli")

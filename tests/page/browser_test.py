@@ -22,6 +22,7 @@ const names = () => Array.from(document.querySelectorAll("tbody tr"))
   .filter((row) => row.offsetParent !== null).map((row) => row.cells[0].textContent);
 const header = (column) => document.querySelectorAll("thead th")[column];
 seen.first = names();
+seen.heights = Array.from(document.querySelectorAll("tbody tr"), (row) => row.offsetHeight);
 seen.label = document.querySelector(".finding output").textContent;
 header(3).querySelector("button").click();
 seen.mostLines = names();
@@ -84,7 +85,9 @@ def check_sample(browser, tool, samples, folder):
     assert seen["requests"] == 0
     dark = look(browser, page, "--force-dark-mode")
     assert seen["paper"] == "rgb(255, 255, 255)" and dark["paper"] == "rgb(29, 33, 37)", (seen["paper"], dark["paper"])
-    assert not look(browser, page, "--window-size=500,800")["wide"], "a narrow window scrolls sideways"
+    narrow = look(browser, page, "--window-size=500,800")
+    assert not narrow["wide"], "a narrow window scrolls sideways"
+    assert max(narrow["heights"]) < 2 * min(seen["heights"]), ("short names are broken into lines", narrow["heights"])
 
 
 def printed(browser, page):

@@ -35,8 +35,12 @@ def check_figures(page, measured):
         "codeFiles": str(measured["totals"]["getNumberCodeFiles"]),
         "imageFiles": str(measured["totals"]["getNumberImageFiles"]),
         "xibFiles": str(measured["totals"]["getNumberXIBFiles"]),
+        "averageNonEmptyLines": str(sum(file["noLinesWithoutSpaces"] for file in code) // max(len(code), 1)),
+        "averageCommentLines": str(sum(file["noLinesComments"] for file in code) // max(len(code), 1)),
     }
-    assert expected.items() <= page.figures.items(), (expected, page.figures)
+    assert page.figures == expected, (expected, page.figures)
+    read = {key: text.replace(",", "") for key, text in page.figure_texts.items() if key != "size"}
+    assert read == {key: value for key, value in expected.items() if key != "size"}, read
 
 
 def check_rows(page, measured):
@@ -47,6 +51,8 @@ def check_rows(page, measured):
         assert row[0][1] == shown(os.path.relpath(file["filePath"], folder)), row
         numbers = [None if value is None else int(value) for value, _ in row[2:]]
         assert numbers == [file[counter] for counter in COUNTERS], (row, file)
+        texts = ["–" if number is None else str(number) for number in numbers[1:]]
+        assert [text.replace(",", "") for _, text in row[3:]] == texts, row
 
 
 def check(tool, project, folder, rules="classic"):

@@ -1,6 +1,7 @@
 """Projects to make pages of, and the reading back of such a page."""
 import html.parser
 import json
+import os
 import pathlib
 import subprocess
 
@@ -39,16 +40,18 @@ def measure(tool, project, rules="classic"):
 
 
 def report(tool, project, page, rules="classic"):
-    subprocess.run([tool, "report", "--html", page, "--rules", rules, project], check=True)
+    subprocess.run([tool, "report", "--html", page, "--rules", rules, project], check=True,
+                   env={**os.environ, "LC_ALL": "C.UTF-8"})
 
 
 class Page(html.parser.HTMLParser):
-    """What a page shows: its title, the lines below it, its figures by key, the kinds to choose from, and the rows of its
-    table."""
+    """What a page shows: its title, the lines below it, its figures by key, exactly and as they are read, the kinds to
+    choose from, and the rows of its table."""
 
     def __init__(self, text):
         super().__init__(convert_charrefs=True)
         self.figures = {}
+        self.figure_texts = {}
         self.rows = []
         self.scripts = 0
         self.elements = []
@@ -66,6 +69,7 @@ class Page(html.parser.HTMLParser):
         self._open.append(tag)
         if tag == "data":
             self.figures[values["id"]] = values["value"]
+            self.figure_texts[values["id"]] = ""
         if tag == "tr":
             self.rows.append([])
         if tag == "td":
@@ -80,6 +84,8 @@ class Page(html.parser.HTMLParser):
     def handle_data(self, text):
         if self._open and self._open[-1] == "td":
             self.rows[-1][-1][1] += text
+        if self._open and self._open[-1] == "data":
+            self.figure_texts[list(self.figure_texts)[-1]] += text
         if self._open and self._open[-1] == "h1":
             self.heading += text
         if self._open and self._open[-1] == "option":
