@@ -133,8 +133,8 @@ TEST(WorkerPool, DoesNotGrowWhileItsThreadsWaitForEachOther) {
   pool.workUntilIdle();
   EXPECT_EQ(done, 300'000);
 #ifndef __SANITIZE_THREAD__  // its library lets threads sleep for each other within their tasks
-  // If waiting for a lock counted, there would be 32. One more by chance, on a machine with much else to do, is
-  // no harm.
+  // If waiting for a lock counted, there would be 32. One more by chance, on a machine with much else to do,
+  // is no harm.
   EXPECT_LE(pool.threads(), 8U);
 #endif
 }
