@@ -81,14 +81,13 @@ QPushButton:hover { border-color: @accent; }
 QPushButton:pressed { background: @background; }
 QPushButton[focusRing="true"] { border: 2px solid @accent; padding: 6px 13px; }
 QPushButton:checked { background: @accent; border-color: @accent; color: white; }
-QPushButton[focusRing="true"]:checked { border: 2px solid @accent; outline: 2px solid white; outline-offset: -5px;
-  outline-radius: 4px; }
 QPushButton:disabled { color: @mutedText; }
 QPushButton:checked:disabled { color: white; }
 QPushButton[role="primary"] { background: @accent; border-color: @accent; color: white; font-weight: 600; }
 QPushButton[role="primary"]:hover { background: @accentHover; }
-QPushButton[role="primary"][focusRing="true"] { border: 2px solid @accent; outline: 2px solid white; outline-offset: -5px;
-  outline-radius: 4px; }
+/* Filled buttons: clipped so, the fill ends half a border's width inside the ring, which the gap sets off. */
+QPushButton[focusRing="true"]:checked, QPushButton[role="primary"][focusRing="true"] {
+  border: 4px solid @accent; padding: 4px 11px; background-clip: padding; }
 QWidget[role="sidebar"] QPushButton, QFrame[role="popup"] QPushButton {
   background: transparent; border: 2px solid transparent; color: @sidebarText; text-align: left; padding: 8px 12px; }
 QWidget[role="sidebar"] QPushButton:hover, QFrame[role="popup"] QPushButton:hover { background: @sidebarHover; }
@@ -98,7 +97,7 @@ QFrame[role="popup"] QPushButton:checked, QFrame[role="popup"] QPushButton:press
 QWidget[role="sidebar"] QPushButton:checked { font-weight: 600; background: qlineargradient(x1:0, y1:0, x2:1, y2:0,
   stop:0 @sidebarText, stop:0.028 @sidebarText, stop:0.029 @accent, stop:1 @accent); }
 QWidget[role="sidebar"] QPushButton[focusRing="true"], QFrame[role="popup"] QPushButton[focusRing="true"] {
-  border: 2px solid @sidebarText; outline: none; }
+  border: 2px solid @sidebarText; padding: 8px 12px; background-clip: border; }
 QFrame[role="popup"] QPushButton[focusRing="true"]:checked, QFrame[role="popup"] QPushButton[focusRing="true"]:pressed {
   border: 2px solid @accent; }
 QWidget[role="sidebar"] QLabel, QFrame[role="popup"] QLabel { color: @sidebarText; }

@@ -121,22 +121,53 @@ TEST_F(FocusRingTest, FollowsTheFocusThatTheProgramMoves) {
   EXPECT_FALSE(hasFocusRing(&first));
 }
 
+/// The widget as it looks with the focus and its ring, or without both.
+QImage drawn(QWidget& widget, QWidget& window, bool ring) {
+  ring ? widget.setFocus() : widget.clearFocus();
+  widget.setProperty("focusRing", ring);
+  window.setStyleSheet(window.styleSheet());
+  return window.grab(widget.geometry()).toImage();
+}
+
 /// The strongest change of a pixel that the ring makes.
 double changeByRing(QWidget& widget, QWidget& window) {
-  const auto drawn = [&](bool ring) {
-    ring ? widget.setFocus() : widget.clearFocus();
-    widget.setProperty("focusRing", ring);
-    window.setStyleSheet(window.styleSheet());
-    return widget.grab().toImage();
-  };
-  const QImage without = drawn(false);
-  const QImage with = drawn(true);
+  const QImage without = drawn(widget, window, false);
+  const QImage with = drawn(widget, window, true);
   double strongest = 1;
   for (int y = 0; y < with.height(); ++y) {
     for (int x = 0; x < with.width(); ++x)
       strongest = std::max(strongest, contrast(with.pixelColor(x, y), without.pixelColor(x, y)));
   }
   return strongest;
+}
+
+TEST_F(ApplicationThemeTest, RingOfAButtonStaysClearOfItsTextAndMovesNothing) {
+  constexpr int kRing = 6;    // with the gap inside it
+  constexpr int kCorner = 4;  // the fill's, inside the gap
+  for (const char* place : {"page", "sidebar", "popup"}) {
+    for (const char* role : {"", "primary"}) {
+      for (const bool checked : {false, true}) {
+        SCOPED_TRACE(std::string(place) + " " + role + (checked ? " checked" : ""));
+        QFrame window;
+        window.setAttribute(Qt::WA_StyledBackground);
+        window.setProperty("role", QLatin1String(place));
+        window.setStyleSheet(styleSheetFor(themeFor(kLight)));
+        QPushButton button(QStringLiteral("Search"), &window);
+        button.setCheckable(true);
+        button.setChecked(checked);
+        button.setProperty("role", QLatin1String(role));
+        window.show();
+        QApplication::setActiveWindow(&window);
+        button.ensurePolished();
+        button.resize(button.sizeHint());
+        const QRect inside = button.rect().adjusted(kRing + kCorner, kRing, -kRing - kCorner, -kRing);
+        const QImage without = drawn(button, window, false).copy(inside);
+        const QSize size = button.sizeHint();
+        EXPECT_TRUE(drawn(button, window, true).copy(inside) == without);
+        EXPECT_EQ(button.sizeHint(), size);
+      }
+    }
+  }
 }
 
 TEST_F(ApplicationThemeTest, RingIsVisibleOnEverythingInEveryState) {
@@ -168,6 +199,8 @@ TEST_F(ApplicationThemeTest, RingIsVisibleOnEverythingInEveryState) {
       window.show();
       QApplication::setActiveWindow(&window);
       for (QWidget* widget : widgets) {
+        for (QWidget* other : widgets)
+          other->setVisible(other == widget);
         widget->resize(120, 40);
         EXPECT_GE(changeByRing(*widget, window), 3.0)
             << role << " " << widget->metaObject()->className() << " of "
