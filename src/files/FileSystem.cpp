@@ -14,6 +14,8 @@
 #include <cstdlib>
 #include <memory>
 
+#include "support/Uninterrupted.h"
+
 namespace quillmeter {
 namespace {
 
@@ -26,17 +28,8 @@ Result<Descriptor> opened(int descriptor) {
   return Descriptor(descriptor);
 }
 
-/// Makes a call again for as long as signals interrupt it.
-template <class Call>
-auto uninterrupted(const Call& call) {
-  auto result = call();
-  while (result.error().number == EINTR)
-    result = call();
-  return result;
-}
-
-/// The same for a call that is about what is at `path`. No path holds a zero byte, but the system would stop
-/// reading one there and take what lies in front of it for the whole.
+/// A call that is about what is at `path`, made again for as long as signals interrupt it. No path holds a
+/// zero byte, but the system would stop reading one there and take what lies in front of it for the whole.
 template <class Call>
 auto uninterruptedAt(const std::string& path, const Call& call) -> decltype(call()) {
   if (path.find('\0') != std::string::npos) return DiskError{ENOENT};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cerrno>
 #include <optional>
 #include <utility>
 
@@ -44,5 +45,11 @@ class [[nodiscard]] Result {
   std::optional<Value> value_;
   DiskError error_;
 };
+
+/// Whether a signal ended the call before it could do anything.
+template <class Value>
+[[nodiscard]] bool wasInterrupted(const Result<Value>& result) {
+  return result.error().number == EINTR;
+}
 
 }  // namespace quillmeter

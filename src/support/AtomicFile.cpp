@@ -10,7 +10,6 @@
 #include <utility>
 
 #include "support/PartFiles.h"
-#include "support/Uninterrupted.h"
 #include "support/WritingSystem.h"
 
 namespace quillmeter {
@@ -23,7 +22,7 @@ constexpr int kMaximumLinks = 40;
 std::string linkTarget(const WritingSystem& system, std::string path) {
   for (int followed = 0; followed < kMaximumLinks; ++followed) {
     std::array<char, PATH_MAX> target{};
-    const ssize_t length = uninterrupted([&] { return system.readLink(path, target.data(), target.size()); });
+    const ssize_t length = system.readLink(path, target.data(), target.size());
     if (length < 0) return path;
     const std::string_view text(target.data(), static_cast<std::size_t>(length));
     const std::size_t slash = path.rfind('/');
@@ -53,12 +52,11 @@ AtomicFile::AtomicFile(const std::string& path, const WritingSystem& system)
 
 void AtomicFile::open() {
   struct stat old {};
-  const bool exists = uninterrupted([&] { return system_.status(destination_, old); }) == 0;
+  const bool exists = system_.status(destination_, old) == 0;
   if (!exists && errno != ENOENT) return fail(errno);
   if (exists && S_ISDIR(old.st_mode)) return fail(EISDIR);
   if (exists && !S_ISREG(old.st_mode)) return fail("Not a regular file");
-  if (exists && uninterrupted([&] { return system_.accessForWriting(destination_); }) != 0)
-    return fail(errno);
+  if (exists && system_.accessForWriting(destination_) != 0) return fail(errno);
   const std::string folder = folderOf(destination_);
   removeLeftoverParts(system_, folder);
   // Nobody reads what replaces a private file before it has the old one's permissions.
@@ -67,16 +65,16 @@ void AtomicFile::open() {
 }
 
 void AtomicFile::openPart(const std::string& folder, mode_t mode) {
-  descriptor_ = uninterrupted([&] { return system_.openUnnamed(folder, mode); });
+  descriptor_ = system_.openUnnamed(folder, mode);
   if (descriptor_ >= 0) {
     // No other process can have it yet. Where nothing can be locked, nobody takes it for a leftover either.
-    [[maybe_unused]] const int locked = uninterrupted([this] { return system_.lock(descriptor_); });
+    [[maybe_unused]] const int locked = system_.lock(descriptor_);
     return;
   }
   do {
     removeTemporary();
     temporary_ = newPartPath(folder);
-    descriptor_ = uninterrupted([&] { return system_.openNew(temporary_, mode); });
+    descriptor_ = system_.openNew(temporary_, mode);
     if (descriptor_ >= 0) continue;
     temporary_.clear();
     if (errno != EEXIST) return fail(errno);
@@ -85,26 +83,23 @@ void AtomicFile::openPart(const std::string& folder, mode_t mode) {
 
 /// Another process may have come upon the new file before it could be locked, and removed it or be about to.
 bool AtomicFile::wasTakenForLeftover() const {
-  if (uninterrupted([this] { return system_.lock(descriptor_); }) != 0) return errno == EWOULDBLOCK;
+  if (system_.lock(descriptor_) != 0) return errno == EWOULDBLOCK;
   struct stat status {};
-  return uninterrupted([&] { return system_.statusOfOpen(descriptor_, status); }) == 0 &&
-         status.st_nlink == 0;
+  return system_.statusOfOpen(descriptor_, status) == 0 && status.st_nlink == 0;
 }
 
 /// Not the set-user and set-group bits: they were given to another content. An owner whom the system does not
 /// let this process give a file to is not kept, and neither is such a group.
 void AtomicFile::keepOwnerAndMode(const struct stat& old) {
   struct stat part {};
-  if (uninterrupted([&] { return system_.statusOfOpen(descriptor_, part); }) != 0) return fail(errno);
+  if (system_.statusOfOpen(descriptor_, part) != 0) return fail(errno);
   constexpr auto unchanged = static_cast<uid_t>(-1);
   const bool foreign = part.st_uid != old.st_uid || part.st_gid != old.st_gid;
-  const auto give = [this](uid_t owner, gid_t group) {
-    return uninterrupted([&] { return system_.setOwner(descriptor_, owner, group); });
-  };
-  if (foreign && give(old.st_uid, old.st_gid) != 0 && give(unchanged, old.st_gid) != 0 && errno != EPERM) {
+  if (foreign && system_.setOwner(descriptor_, old.st_uid, old.st_gid) != 0 &&
+      system_.setOwner(descriptor_, unchanged, old.st_gid) != 0 && errno != EPERM) {
     return fail(errno);
   }
-  if (uninterrupted([&] { return system_.setMode(descriptor_, old.st_mode & 0777U); }) != 0) fail(errno);
+  if (system_.setMode(descriptor_, old.st_mode & 0777U) != 0) fail(errno);
 }
 
 AtomicFile::~AtomicFile() {
@@ -120,7 +115,7 @@ void AtomicFile::write(std::string_view bytes) {
 void AtomicFile::flush() {
   std::string_view rest = buffer_;
   while (!rest.empty() && !error_) {
-    const ssize_t written = uninterrupted([&] { return system_.write(descriptor_, rest); });
+    const ssize_t written = system_.write(descriptor_, rest);
     if (written >= 0) {
       rest.remove_prefix(static_cast<std::size_t>(written));
     } else {
@@ -133,9 +128,9 @@ void AtomicFile::flush() {
 std::optional<std::string> AtomicFile::commit() {
   if (!error_) flush();
   if (error_) return error_;
-  if (uninterrupted([this] { return system_.sync(descriptor_); }) != 0) fail(errno);
+  if (system_.sync(descriptor_) != 0) fail(errno);
   if (!error_ && temporary_.empty()) nameUnnamed();
-  if (!error_ && uninterrupted([this] { return system_.rename(temporary_, destination_); }) != 0) fail(errno);
+  if (!error_ && system_.rename(temporary_, destination_) != 0) fail(errno);
   if (error_) return error_;
   temporary_.clear();
   // It was held until it had its place. Nothing is left to fail in closing what the disk has confirmed.
@@ -148,7 +143,7 @@ void AtomicFile::nameUnnamed() {
   int linked = -1;
   do {
     temporary_ = newPartPath(folderOf(destination_));
-    linked = uninterrupted([this] { return system_.link(descriptor_, temporary_); });
+    linked = system_.link(descriptor_, temporary_);
   } while (linked != 0 && errno == EEXIST);
   if (linked == 0) return;
   temporary_.clear();
@@ -167,9 +162,7 @@ void AtomicFile::fail(const std::string& reason) {
 
 void AtomicFile::removeTemporary() {
   if (descriptor_ >= 0) ::close(std::exchange(descriptor_, -1));
-  if (temporary_.empty()) return;
-  uninterrupted([this] { return system_.remove(temporary_); });
-  temporary_.clear();
+  if (!temporary_.empty()) system_.remove(std::exchange(temporary_, {}));
 }
 
 std::string folderOfOutput(const std::string& path) {

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "support/Paths.h"
+#include "support/Uninterrupted.h"
 #include "support/WritingSystem.h"
 
 namespace quillmeter {
@@ -33,7 +34,8 @@ struct FolderCloser {
 
 void removeUnlessHeld(const WritingSystem& system, const std::string& path) {
   // Only who may write a file is told whether it is locked everywhere.
-  const int descriptor = ::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+  const int descriptor = uninterrupted(
+      [&] { return ::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC); });
   if (descriptor < 0) return;
   struct stat status {};
   const bool regular = system.statusOfOpen(descriptor, status) == 0 && S_ISREG(status.st_mode);

@@ -105,7 +105,7 @@ TEST(AtomicFile, FollowsAChainOfLinks) {
 /// A file system on which every file has a name.
 class NamingSystem : public WritingSystem {
  public:
-  [[nodiscard]] int openUnnamed(const std::string& /*folder*/, mode_t /*mode*/) const override {
+  [[nodiscard]] int doOpenUnnamed(const std::string& /*folder*/, mode_t /*mode*/) const override {
     errno = EOPNOTSUPP;
     return -1;
   }
