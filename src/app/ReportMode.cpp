@@ -14,8 +14,7 @@
 #include "export/Export.h"
 #include "overview/OverviewFigures.h"
 #include "stats/CanvasReportChart.h"
-#include "support/AtomicFile.h"
-#include "support/Confinement.h"
+#include "support/CommandConfinement.h"
 #include "support/ExitStatus.h"
 #include "support/MemoryGuard.h"
 #include "support/NumberFormat.h"
@@ -63,9 +62,7 @@ int wrongUsage() {
 }
 
 int report(const std::string& file, const FileGroups& groups, ProjectRules rules, const std::string& bundle) {
-  FileAccess access;
-  if (file != "-") access.writableFolders.push_back(folderOfOutput(file));
-  confineThread(access);
+  confineToOutputs({file});
   const std::shared_ptr<ProjectReader> project = projectReader(rules);
   try {
     project->parseFileAtPathAndDelegate(bundle, nullptr);

@@ -9,7 +9,7 @@
 #include "cli/Measurement.h"
 #include "cli/Output.h"
 #include "cli/Suggestions.h"
-#include "cli/ToolConfinement.h"
+#include "support/CommandConfinement.h"
 #include "support/ExitStatus.h"
 #include "support/Text.h"
 #include "tables/CleanUpTable.h"

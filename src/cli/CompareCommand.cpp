@@ -9,9 +9,9 @@
 #include "cli/ComparisonFormats.h"
 #include "cli/Output.h"
 #include "cli/Suggestions.h"
-#include "cli/ToolConfinement.h"
 #include "compare/SnapshotReader.h"
 #include "files/FileSystem.h"
+#include "support/CommandConfinement.h"
 #include "support/ExitStatus.h"
 
 namespace quillmeter {

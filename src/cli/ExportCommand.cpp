@@ -11,8 +11,8 @@
 #include "cli/Output.h"
 #include "cli/ReportProcess.h"
 #include "cli/Suggestions.h"
-#include "cli/ToolConfinement.h"
 #include "export/CsvText.h"
+#include "support/CommandConfinement.h"
 #include "support/ExitStatus.h"
 #include "xcode/CurrentKinds.h"
 

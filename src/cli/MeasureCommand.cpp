@@ -9,7 +9,7 @@
 #include "cli/MeasurementFormats.h"
 #include "cli/Output.h"
 #include "cli/Suggestions.h"
-#include "cli/ToolConfinement.h"
+#include "support/CommandConfinement.h"
 #include "support/ExitStatus.h"
 
 namespace quillmeter {

@@ -12,7 +12,7 @@
 #include "cli/MethodCounts.h"
 #include "cli/Output.h"
 #include "cli/Suggestions.h"
-#include "cli/ToolConfinement.h"
+#include "support/CommandConfinement.h"
 #include "support/ExitStatus.h"
 #include "support/Text.h"
 

@@ -10,7 +10,7 @@
 #include "cli/ReferenceFindings.h"
 #include "cli/Suggestions.h"
 #include "cli/TextColumns.h"
-#include "cli/ToolConfinement.h"
+#include "support/CommandConfinement.h"
 #include "support/ExitStatus.h"
 #include "support/Text.h"
 

@@ -5,8 +5,8 @@
 #include "cli/Commands.h"
 #include "cli/Measurement.h"
 #include "cli/Output.h"
-#include "cli/ToolConfinement.h"
 #include "page/MeasurementPage.h"
+#include "support/CommandConfinement.h"
 #include "support/ExitStatus.h"
 
 namespace quillmeter {

@@ -1,4 +1,4 @@
-#include "cli/ToolConfinement.h"
+#include "support/CommandConfinement.h"
 
 #include <utility>
 
@@ -6,7 +6,6 @@
 #include "support/Confinement.h"
 
 namespace quillmeter {
-
 namespace {
 
 std::vector<std::string> foldersOf(std::initializer_list<std::optional<std::string>> outputs) {
