@@ -47,6 +47,11 @@ std::vector<std::string> optionNames(const CLI::App& app) {
   return names;
 }
 
+bool hasOption(const CLI::App& command, const std::string& name) {
+  const std::vector<std::string> known = optionNames(command);
+  return std::find(known.begin(), known.end(), name) != known.end();
+}
+
 bool exists(const std::string& path) {
   std::error_code error;
   return std::filesystem::exists(path, error);
@@ -88,27 +93,26 @@ std::string meantBy(const std::string& name, const CLI::App& command) {
   return meant;
 }
 
-/// ", it belongs to X, Y", the commands that have an option of that name; nothing when none has.
+/// ", it belongs to X, Y", the commands that have an option of that long name; nothing when none has.
 std::string owners(const std::string& name, const CLI::App& app) {
+  if (!name.starts_with("--")) return "";
   std::vector<std::string> names;
   for (const CLI::App* command : app.get_subcommands({})) {
-    const std::vector<std::string> known = optionNames(*command);
-    if (std::find(known.begin(), known.end(), name) != known.end()) names.push_back(command->get_name());
+    if (hasOption(*command, name)) names.push_back(command->get_name());
   }
-  return names.empty() || !name.starts_with("--") ? "" : ", it belongs to " + joined(names);
+  return names.empty() ? "" : ", it belongs to " + joined(names);
 }
 
 /// What is wrong with an option that nothing takes where it stands.
 std::string misplacedOption(const std::string& word, const CLI::App& app, const CLI::App& command) {
   const std::string name = word.substr(0, word.find('='));
-  const std::vector<std::string> known = optionNames(command);
-  if (std::find(known.begin(), known.end(), name) != known.end())
+  if (hasOption(command, name))
     return name + " belongs behind the command: '" + command.get_name() + " " + name + "'";
   const std::string wrong = "there is no option " + onOneLine(name);
   if (const std::string meant = meantBy(name, command); !meant.empty())
     return wrong + ", did you mean " + meant + "?";
   const std::string others = owners(name, app);
-  return wrong + (others.empty() ? question(name, known, "") : others);
+  return wrong + (others.empty() ? question(name, optionNames(command), "") : others);
 }
 
 std::string noCommand(const std::string& word, const CLI::App& app) {

@@ -4,7 +4,6 @@
 #include <future>
 #include <iterator>
 #include <system_error>
-#include <thread>
 #include <utility>
 
 #include "analysis/MeasuredProject.h"
@@ -13,13 +12,12 @@
 namespace quillmeter {
 
 FileList unreferencedFiles(const MeasuredProject& project) {
-  std::packaged_task<FileList()> search([&project] {
-    confineThread();
-    return project.unreferencedFiles();
-  });
-  auto found = search.get_future();
+  std::future<FileList> found;
   try {
-    std::thread(std::move(search)).join();
+    found = std::async(std::launch::async, [&project] {
+      confineThread();
+      return project.unreferencedFiles();
+    });
   } catch (const std::system_error&) {
     return project.unreferencedFiles();  // no thread to be had
   }
