@@ -18,6 +18,7 @@
 #include "app/WindowButton.h"
 #include "helpers/FakeServices.h"
 #include "helpers/ProjectFixture.h"
+#include "helpers/QtWaiting.h"
 #include "stats/StatsWindowController.h"
 #include "support/Addresses.h"
 #include "ui_AppDelegate.h"
@@ -85,17 +86,17 @@ class AppDelegateTest : public ::testing::Test {
     fakes.delayedCalls->advance(500ms);
   }
   bool waitForStats() {
-    return QTest::qWaitFor([&] { return delegate->controllerWindow() != nullptr; }, 60'000);
+    return testing::waitFor([&] { return delegate->controllerWindow() != nullptr; });
   }
   bool waitForAlert(std::size_t count = 1) {
-    return QTest::qWaitFor([&] { return fakes.alerts->shown.size() >= count; }, 60'000);
+    return testing::waitFor([&] { return fakes.alerts->shown.size() >= count; });
   }
   std::vector<std::string> logLines() {
     const std::lock_guard lock(logMutex);
     return logged;
   }
   void waitForReading() {
-    ASSERT_TRUE(QTest::qWaitFor([&] { return outlets().indicatorProgress->isVisible(); }, 60'000));
+    ASSERT_TRUE(testing::waitFor([&] { return outlets().indicatorProgress->isVisible(); }));
     EXPECT_TRUE(delegate->window()->isVisible());
     EXPECT_TRUE(outlets().lblProcessing->isVisible());
     EXPECT_FALSE(outlets().btnOpenProject->isVisible());
@@ -393,8 +394,8 @@ TEST_F(AppDelegateTest, SectionOfOneLineLeavesAValueThatIsNoNumber) {
   folder.file("p/App.xcodeproj/project.pbxproj",
               "/* Begin PBXFileReference section */path = a.c; sourceTree/* End PBXFileReference section */");
   open(folder / "p");
-  ASSERT_TRUE(QTest::qWaitFor(
-      [&] { return delegate->controllerWindow() != nullptr || !fakes.alerts->shown.empty(); }, 60'000));
+  ASSERT_TRUE(testing::waitFor(
+      [&] { return delegate->controllerWindow() != nullptr || !fakes.alerts->shown.empty(); }));
   EXPECT_TRUE(outlets().indicatorProgress->doubleValue() != outlets().indicatorProgress->doubleValue());
 }
 
@@ -416,7 +417,7 @@ TEST_F(AppDelegateTest, ClosingTheStatisticsComesBackToTheMainScreen) {
   delegate->controllerWindow()->tapCloseTab();
   expectIdle();
   EXPECT_EQ(delegate->controllerWindow(), nullptr);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return stats.isNull(); }, 60'000));
+  EXPECT_TRUE(testing::waitFor([&] { return stats.isNull(); }));
 }
 
 TEST_F(AppDelegateTest, MainScreenThatWasMinimisedIsThereAgainAfterTheStatistics) {
@@ -473,7 +474,7 @@ TEST_F(AppDelegateTest, NewReadClosesTheStatisticsAtItsStart) {
   open(second);
   waitForReading();
   EXPECT_EQ(delegate->controllerWindow(), nullptr);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return first.isNull(); }, 60'000));
+  EXPECT_TRUE(testing::waitFor([&] { return first.isNull(); }));
   reading.unlock();
   ASSERT_TRUE(waitForStats());
   EXPECT_EQ(delegate->parserProject()->files().size(), 5U);
@@ -490,8 +491,7 @@ TEST_F(AppDelegateTest, ControlOInTheStatisticsOpensAnotherProjectInTheirPlace) 
   QTest::keyClick(first, Qt::Key_O, Qt::ControlModifier);
   EXPECT_EQ(panelOver, first);
   fakes.delayedCalls->advance(500ms);
-  ASSERT_TRUE(
-      QTest::qWaitFor([&] { return first.isNull() && delegate->controllerWindow() != nullptr; }, 60'000));
+  ASSERT_TRUE(testing::waitFor([&] { return first.isNull() && delegate->controllerWindow() != nullptr; }));
   EXPECT_EQ(delegate->controllerWindow()->windowTitle(), QStringLiteral("Quillmeter – Second"));
 }
 
@@ -505,7 +505,7 @@ TEST_F(AppDelegateTest, NewReadUnderTheOpenConfirmationMakesItsAnswerVoid) {
       fakes.alerts->whileShown = nullptr;
       open(writeProject("second", 4));
       ASSERT_TRUE(
-          QTest::qWaitFor([&] { return first.isNull() && delegate->controllerWindow() != nullptr; }, 60'000));
+          testing::waitFor([&] { return first.isNull() && delegate->controllerWindow() != nullptr; }));
     };
     if (byWindowManager) {
       delegate->controllerWindow()->close();
@@ -565,7 +565,7 @@ TEST_F(AppDelegateTest, AnotherProjectLeavesMostFilesOfTheOneThatIsReadUnread) {
   ASSERT_TRUE(waitForStats());
   EXPECT_EQ(delegate->parserProject()->files().size(), 2U);
   // The read that was given up ends before its project does.
-  ASSERT_TRUE(QTest::qWaitFor([&] { return delegate->findChildren<ProjectRead*>().isEmpty(); }, 60'000));
+  ASSERT_TRUE(testing::waitFor([&] { return delegate->findChildren<ProjectRead*>().isEmpty(); }));
   EXPECT_LT(std::ssize(logLines()), files / 2) << "those that the threads had under way are done";
 }
 
@@ -642,8 +642,7 @@ class SwiftProject : public AppDelegateTest {
     return delegate->controllerWindow()->findChild<QPushButton*>(QLatin1String(name));
   }
   bool waitForStatsBy(ProjectRules wanted) {
-    return QTest::qWaitFor([&] { return delegate->controllerWindow() != nullptr && rules() == wanted; },
-                           60'000);
+    return testing::waitFor([&] { return delegate->controllerWindow() != nullptr && rules() == wanted; });
   }
 };
 

@@ -12,6 +12,7 @@
 
 #include "app/CustomShapeWindowFrameView.h"
 #include "app/WindowButton.h"
+#include "helpers/QtWaiting.h"
 
 namespace quillmeter {
 namespace {
@@ -66,7 +67,7 @@ TEST_F(ShapeWindow, ContentGrowsWithTheWindow) {
   window.setContentView(content);
   window.show();
   window.resize(300, 250);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return content->size() == QSize(300, 250); }, 60'000));
+  EXPECT_TRUE(testing::waitFor([&] { return content->size() == QSize(300, 250); }));
 }
 
 TEST_F(ShapeWindow, ContentSizeIsThatOfTheContent) {
@@ -74,7 +75,7 @@ TEST_F(ShapeWindow, ContentSizeIsThatOfTheContent) {
   window.setContentView(content);
   window.show();
   window.setContentSize(QSize(123, 77));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return content->size() == QSize(123, 77); }, 60'000));
+  EXPECT_TRUE(testing::waitFor([&] { return content->size() == QSize(123, 77); }));
 }
 
 TEST_F(ShapeWindow, ContentSizeMakesUpForContentSmallerThanTheWindow) {
@@ -188,14 +189,14 @@ TEST(WindowButton, IsDrawnAnewWhenItsWindowGainsOrLosesTheKeyboard) {
   auto* between = new QWidget(&window);
   WindowButton button(WindowButton::Kind::close, between);
   window.show();
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window, 60'000));
+  ASSERT_TRUE(testing::waitUntilExposed(&window));
   QApplication::setActiveWindow(&window);
   QCoreApplication::processEvents();
   Drawings drawings(button);
   QApplication::setActiveWindow(nullptr);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count == 1; }, 60'000));
+  EXPECT_TRUE(testing::waitFor([&] { return drawings.count == 1; }));
   QApplication::setActiveWindow(&window);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count == 2; }, 60'000));
+  EXPECT_TRUE(testing::waitFor([&] { return drawings.count == 2; }));
 }
 
 TEST(WindowButton, MouseOverCloseWarnsAndOverMinimiseDoesNot) {
@@ -228,7 +229,7 @@ TEST(WindowButton, IsDrawnAnewWhenTheMouseComesAndGoesInAnyStyleOfTheDesktop) {
   button.setStyle(plain.get());
   button.move(50, 50);
   window.show();
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window, 60'000));
+  ASSERT_TRUE(testing::waitUntilExposed(&window));
   const auto moveTo = [&](QPoint place) {
     QTest::mouseMove(&window, place);
     QCoreApplication::processEvents();
@@ -236,10 +237,10 @@ TEST(WindowButton, IsDrawnAnewWhenTheMouseComesAndGoesInAnyStyleOfTheDesktop) {
   moveTo(QPoint(5, 5));
   Drawings drawings(button);
   moveTo(QPoint(58, 58));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count > 0; }, 60'000));
+  EXPECT_TRUE(testing::waitFor([&] { return drawings.count > 0; }));
   drawings.count = 0;
   moveTo(QPoint(5, 5));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return drawings.count > 0; }, 60'000));
+  EXPECT_TRUE(testing::waitFor([&] { return drawings.count > 0; }));
 }
 
 TEST(WindowButton, ReturnPressesIt) {

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
-#include <QTest>
 #include <atomic>
 #include <cerrno>
 #include <chrono>
@@ -16,6 +15,7 @@
 
 #include "helpers/PlayedFileSystem.h"
 #include "helpers/ProjectFixture.h"
+#include "helpers/QtWaiting.h"
 #include "support/AtomicFile.h"
 #include "support/Confinement.h"
 #include "xcode/ProjectReaders.h"
@@ -40,7 +40,7 @@ struct Record {
                      });
   }
   [[nodiscard]] bool waitForEnd() const {
-    return QTest::qWaitFor([this] { return !messages.empty() && messages.back() == "ended"; }, 60'000);
+    return testing::waitFor([this] { return !messages.empty() && messages.back() == "ended"; });
   }
   std::vector<std::string> messages;
   double latest = -1;

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QTest>
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -13,6 +12,7 @@
 #include "helpers/FailingMalloc.h"
 #include "helpers/PlayedFileSystem.h"
 #include "helpers/ProjectFixture.h"
+#include "helpers/QtWaiting.h"
 #include "xcode/ProjectReaders.h"
 
 /// The application's read while its disk or its memory fails, once at each place in turn.
@@ -67,7 +67,7 @@ class ReadFailure : public ::testing::TestWithParam<ProjectRules> {
                        hasEnded = true;
                      });
     read.start();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return hasEnded; }, 60'000)) << "it hangs";
+    EXPECT_TRUE(testing::waitFor([&] { return hasEnded; })) << "it hangs";
     return project;
   }
 

@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QPixmapCache>
-#include <QTest>
 #include <QWindow>
 #include <array>
 #include <chrono>
@@ -18,6 +17,7 @@
 #include "app/AppDelegate.h"
 #include "app/OpenPanel.h"
 #include "helpers/FakeServices.h"
+#include "helpers/QtWaiting.h"
 #include "stats/StatsWindowController.h"
 
 /// What only shows after the application has opened and closed thousands of projects. QUILLMETER_LOAD_WINDOWS
@@ -59,7 +59,7 @@ class WindowLoad : public ::testing::Test {
     delegate->fileSelected(isCurrent ? QUILLMETER_SOURCE_DIR "/samples/Weather"
                                      : QUILLMETER_SOURCE_DIR "/samples/Notebook");
     fakes.delayedCalls->advance(500ms);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return delegate->controllerWindow() != nullptr; }, 60'000));
+    ASSERT_TRUE(testing::waitFor([&] { return delegate->controllerWindow() != nullptr; }));
     StatsWindowController* const window = delegate->controllerWindow();
     for (const auto show : {&StatsWindowController::tapDetailsTab, &StatsWindowController::tapChartsTab,
                             &StatsWindowController::tapExportTab, &StatsWindowController::tapCleanUpTool}) {

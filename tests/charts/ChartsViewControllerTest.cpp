@@ -20,6 +20,7 @@
 #include "controls/FadingPanel.h"
 #include "helpers/FakeServices.h"
 #include "helpers/ProjectFixture.h"
+#include "helpers/QtWaiting.h"
 #include "helpers/TemporaryFolder.h"
 
 namespace quillmeter {
@@ -352,7 +353,7 @@ TEST_F(ChartsTab, ChartThatIsChosenAgainStaysTheOneMarked) {
 TEST_F(ChartsTab, ArrowKeysGoThroughThePanelWithoutChoosing) {
   open(twentyOfEach());
   tab->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(tab.get(), 60'000));
+  ASSERT_TRUE(testing::waitUntilActive(tab.get()));
   named("btnFilters")->setFocus();
   tab->tapFilters();
   for (const int chart : {2, 3, 4}) {
@@ -533,7 +534,7 @@ TEST_F(ChartsTab, DetailsAreHiddenFromEverybodyUntilTheyAreShown) {
       tab->viewPopoverDetailsChart()->accessibleName(),
       QStringLiteral("Source16.m, LOC: 1600 lines, Average: 1050.0 lines, code level is in normal range"));
   tab->dismissInfoForItem();
-  EXPECT_TRUE(QTest::qWaitFor([this] { return tab->viewPopoverDetailsChart()->isHidden(); }, 60'000));
+  EXPECT_TRUE(testing::waitFor([this] { return tab->viewPopoverDetailsChart()->isHidden(); }));
 }
 
 TEST_F(ChartsTab, PressBesideTheMagnifiersFadesTheDetailsOut) {

@@ -9,6 +9,7 @@
 
 #include "controls/FadingPanel.h"
 #include "helpers/FakeServices.h"
+#include "helpers/QtWaiting.h"
 
 namespace quillmeter {
 namespace {
@@ -32,7 +33,7 @@ class ChoicePopupTest : public ::testing::Test {
     QObject::connect(&popup, &ChoicePopup::dismissed, &popup, [this] { popup.tap(1); });
     page.show();
     page.activateWindow();
-    static_cast<void>(QTest::qWaitForWindowActive(&page, 60'000));
+    static_cast<void>(testing::waitUntilActive(&page));
   }
 
   void openByHand() {

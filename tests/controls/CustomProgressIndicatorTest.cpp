@@ -5,12 +5,12 @@
 #include <QAbstractEventDispatcher>
 #include <QImage>
 #include <QPainter>
-#include <QTest>
 #include <functional>
 #include <limits>
 #include <utility>
 
 #include "controls/NamedImage.h"
+#include "helpers/QtWaiting.h"
 
 namespace quillmeter {
 namespace {
@@ -84,7 +84,7 @@ TEST_F(Indicator, IndeterminateBarMovesWhileItIsShown) {
   indicator.setIndeterminate(true);
   indicator.show();
   const QImage before = indicator.grab().toImage();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return indicator.grab().toImage() != before; }, 60'000));
+  EXPECT_TRUE(testing::waitFor([&] { return indicator.grab().toImage() != before; }));
 }
 
 TEST_F(Indicator, IndeterminateBarBeginsAtTheLeft) {
@@ -116,7 +116,7 @@ TEST_F(Indicator, IndeterminateBarRestsWhileItIsHidden) {
   indicator.setIndeterminate(true);
   indicator.show();
   Steps animation(indicator);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return animation.steps > 2; }, 60'000));
+  EXPECT_TRUE(testing::waitFor([&] { return animation.steps > 2; }));
   indicator.hide();
   EXPECT_TRUE(QAbstractEventDispatcher::instance()->registeredTimers(&indicator).isEmpty());
 }
@@ -132,7 +132,7 @@ TEST_F(Indicator, IndeterminateBarIsThereAndBackWithinThreeSeconds) {
     hasLeft = hasLeft || !isAtItsStart;
   });
   indicator.show();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return stepsThereAndBack > 0; }, 60'000));
+  EXPECT_TRUE(testing::waitFor([&] { return stepsThereAndBack > 0; }));
   EXPECT_GE(stepsThereAndBack, 40) << "smooth";
   const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(&indicator);
   ASSERT_EQ(timers.size(), 1);

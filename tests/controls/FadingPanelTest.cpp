@@ -1,4 +1,5 @@
 #include "controls/FadingPanel.h"
+#include "helpers/QtWaiting.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +16,7 @@ TEST(FadingPanel, ChangesAtOnceOrFadesThere) {
   panel.animateAlphaValue(0.9);
   EXPECT_EQ(panel.alphaValue(), 0.9);
   EXPECT_LT(panel.shownAlpha(), 0.9);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return panel.shownAlpha() == 0.9; }, 60'000));
+  EXPECT_TRUE(testing::waitFor([&] { return panel.shownAlpha() == 0.9; }));
 }
 
 TEST(FadingPanel, SettingTheOpacityEndsAFade) {

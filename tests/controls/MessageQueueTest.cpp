@@ -1,9 +1,9 @@
 #include "controls/MessageQueue.h"
+#include "helpers/QtWaiting.h"
 
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
-#include <QTest>
 #include <QThread>
 #include <memory>
 #include <string>
@@ -29,7 +29,7 @@ TEST(MessageQueueTest, WhatAnotherThreadPostsRunsHereInOrder) {
       });
     }
   });
-  EXPECT_TRUE(QTest::qWaitFor([&] { return received.size() == kMessages; }, 60'000));
+  EXPECT_TRUE(testing::waitFor([&] { return received.size() == kMessages; }));
   poster.join();
   EXPECT_TRUE(isAllHere);
   EXPECT_EQ(received, sent);
@@ -40,7 +40,7 @@ TEST(MessageQueueTest, NothingRunsBeforeTheEventLoopComesAround) {
   bool hasRun = false;
   queue.post([&] { hasRun = true; });
   EXPECT_FALSE(hasRun);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return hasRun; }, 60'000));
+  EXPECT_TRUE(testing::waitFor([&] { return hasRun; }));
 }
 
 TEST(MessageQueueTest, MessagesOfSeveralThreadsAllArrive) {
@@ -62,7 +62,7 @@ TEST(MessageQueueTest, MessagesOfSeveralThreadsAllArrive) {
       }
     });
   }
-  EXPECT_TRUE(QTest::qWaitFor([&] { return received == kThreads * kMessages; }, 60'000));
+  EXPECT_TRUE(testing::waitFor([&] { return received == kThreads * kMessages; }));
   for (std::thread& poster : posters)
     poster.join();
   EXPECT_TRUE(isInOrder);
@@ -86,7 +86,7 @@ TEST(MessageQueueTest, AMessageMayDestroyTheQueue) {
   bool hasSecondRun = false;
   queue->post([&queue] { queue.reset(); });
   queue->post([&hasSecondRun] { hasSecondRun = true; });
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !queue; }, 60'000));
+  EXPECT_TRUE(testing::waitFor([&] { return !queue; }));
   QCoreApplication::processEvents();
   EXPECT_FALSE(hasSecondRun);
 }
@@ -96,11 +96,11 @@ TEST(MessageQueueTest, AMessageThatWaitsInALoopOfItsOwnLetsTheNextOnesRun) {
   std::vector<int> order;
   queue.post([&] {
     order.push_back(1);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return order.size() == 2; }, 60'000));
+    EXPECT_TRUE(testing::waitFor([&] { return order.size() == 2; }));
     order.push_back(3);
   });
   queue.post([&order] { order.push_back(2); });
-  EXPECT_TRUE(QTest::qWaitFor([&] { return order.size() == 3; }, 60'000));
+  EXPECT_TRUE(testing::waitFor([&] { return order.size() == 3; }));
   EXPECT_EQ(order, (std::vector<int>{1, 2, 3}));
 }
 

@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "controls/QtDelayedCalls.h"
+#include "helpers/QtWaiting.h"
 
 namespace quillmeter {
 namespace {
@@ -107,7 +108,7 @@ TEST(QtDelayedCalls, MessageIsDroppedWithItsReceiver) {
     calls.performAfterDelay(&receiver, std::chrono::milliseconds(1), [&] { came = true; });
   }
   calls.performAfterDelay(&lasting, std::chrono::milliseconds(20), [&] { later = true; });
-  EXPECT_TRUE(QTest::qWaitFor([&] { return later; }, 60'000));
+  EXPECT_TRUE(testing::waitFor([&] { return later; }));
   EXPECT_FALSE(came);
 }
 

@@ -14,6 +14,7 @@
 #include <QTreeView>
 #include <filesystem>
 
+#include "helpers/QtWaiting.h"
 #include "helpers/TemporaryFolder.h"
 
 namespace quillmeter {
@@ -168,7 +169,7 @@ TEST_F(SavePanelSheet, RenamesAndDeletesNothing) {
   folder.file("kept/inside.txt", "text");
   dialog()->setDirectory(QString::fromStdString(folder.path()));
   auto* list = dialog()->findChild<QTreeView*>(QStringLiteral("treeView"));
-  ASSERT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }, 60'000));
+  ASSERT_TRUE(testing::waitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }));
   list->setFocus();
   list->setCurrentIndex(list->model()->index(0, 0, list->rootIndex()));
   QTest::keyClick(list, Qt::Key_Delete);
@@ -183,9 +184,9 @@ TEST_F(SavePanelSheet, ShowsItsColumns) {
   dialog()->setDirectory(QString::fromStdString(folder / "shown"));
   auto* list = dialog()->findChild<QTreeView*>(QStringLiteral("treeView"));
   EXPECT_TRUE(list->isVisible());
-  ASSERT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }, 60'000));
+  ASSERT_TRUE(testing::waitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }));
   const QAbstractItemView& view = *list;
-  ASSERT_TRUE(QTest::qWaitFor([&] { return list->columnWidth(3) >= view.sizeHintForColumn(3); }, 60'000));
+  ASSERT_TRUE(testing::waitFor([&] { return list->columnWidth(3) >= view.sizeHintForColumn(3); }));
   for (int column = 0; column < 4; ++column)
     EXPECT_GE(list->columnWidth(column), view.sizeHintForColumn(column)) << column;
   EXPECT_LE(list->header()->length(), list->viewport()->width());

@@ -20,6 +20,7 @@
 #include "export/ReportChart.h"
 #include "helpers/FakeServices.h"
 #include "helpers/ProjectFixture.h"
+#include "helpers/QtWaiting.h"
 #include "overview/OverviewViewController.h"
 #include "stats/FakeStatsHost.h"
 #include "tables/CleanUpToolViewController.h"
@@ -201,7 +202,7 @@ TEST_F(StatsWindow, EverySwitchClosesTheFilterPopUpsOfDetailsAndCharts) {
 TEST_F(StatsWindow, ControlAndADigitSwitchesTabs) {
   open();
   window->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get(), 60'000));
+  ASSERT_TRUE(testing::waitUntilActive(window.get()));
   const std::vector<Qt::Key> keys{Qt::Key_4, Qt::Key_3, Qt::Key_2, Qt::Key_1};
   for (std::size_t index = 0; index < keys.size(); ++index) {
     QTest::keyClick(window.get(), keys[index], Qt::ControlModifier);
@@ -213,7 +214,7 @@ TEST_F(StatsWindow, TabKeyWalksTheColumnFromTheTopIntoTheTab) {
   open();
   window->tapExportTab();
   window->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get(), 60'000));
+  ASSERT_TRUE(testing::waitUntilActive(window.get()));
   button("btnLeft1")->setFocus();
   for (const char* name : {"btnLeft2", "btnLeft3", "btnLeft4", "btnTools", "btnLeft5"}) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
@@ -227,7 +228,7 @@ TEST_F(StatsWindow, KeyboardStaysInTheWindowWhenItsTabGoes) {
   open();
   window->tapExportTab();
   window->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get(), 60'000));
+  ASSERT_TRUE(testing::waitUntilActive(window.get()));
   window->exportViewController()->checkbox1()->setFocus();
   ASSERT_TRUE(window->exportViewController()->checkbox1()->hasFocus());
   window->tapDetailsTab();
@@ -240,7 +241,7 @@ TEST_F(StatsWindow, KeyboardStaysWhereItIsWhenTheShownTabIsChosenAgainOrItIsInNo
   open();
   window->tapExportTab();
   window->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get(), 60'000));
+  ASSERT_TRUE(testing::waitUntilActive(window.get()));
   QWidget* const inTab = window->exportViewController()->checkbox1();
   inTab->setFocus();
   QTest::keyClick(window.get(), Qt::Key_4, Qt::ControlModifier);
@@ -301,7 +302,7 @@ TEST_F(StatsWindow, ClosingByTheWindowManagerAsksTheSame) {
 TEST_F(StatsWindow, ControlWAsksBeforeClosing) {
   open();
   window->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get(), 60'000));
+  ASSERT_TRUE(testing::waitUntilActive(window.get()));
   services.alerts->answers = {1, 0};
   QTest::keyClick(window.get(), Qt::Key_W, Qt::ControlModifier);
   EXPECT_TRUE(window->isVisible());
@@ -527,7 +528,7 @@ TEST_F(StatsWindow, EveryPageBeginsWithItsHeadingAtTheSamePlace) {
 TEST_F(StatsWindow, ReturnPressesTheButtonInFocus) {
   open();
   window->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get(), 60'000));
+  ASSERT_TRUE(testing::waitUntilActive(window.get()));
   button("btnLeft4")->setFocus();
   QTest::keyClick(button("btnLeft4"), Qt::Key_Return);
   expectTab(3);
@@ -544,7 +545,7 @@ TEST_F(StatsWindow, ReturnPressesTheButtonInFocus) {
 TEST_F(StatsWindow, ControlQEndsTheApplicationOnceItIsConfirmed) {
   open();
   window->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get(), 60'000));
+  ASSERT_TRUE(testing::waitUntilActive(window.get()));
   services.alerts->answers = {1, 0};
   QTest::keyClick(window.get(), Qt::Key_Q, Qt::ControlModifier);
   EXPECT_EQ(host.quits, 0);

@@ -15,6 +15,7 @@
 #include <filesystem>
 
 #include "helpers/FakeServices.h"
+#include "helpers/QtWaiting.h"
 #include "helpers/TemporaryFolder.h"
 
 namespace quillmeter {
@@ -117,7 +118,7 @@ class DesktopFileBrowserTest : public ::testing::Test {
   }
   template <class Condition>
   static void waitUntil(Condition condition) {
-    EXPECT_TRUE(QTest::qWaitFor(condition, 60'000));
+    EXPECT_TRUE(testing::waitFor(condition));
   }
   /// Lets everything that is under way arrive.
   static void settle() { QTest::qWait(100); }

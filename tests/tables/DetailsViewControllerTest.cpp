@@ -16,6 +16,7 @@
 #include "controls/Theme.h"
 #include "helpers/FakeServices.h"
 #include "helpers/ProjectFixture.h"
+#include "helpers/QtWaiting.h"
 #include "tables/FileTableView.h"
 #include "tables/TablesTestSupport.h"
 #include "xcode/CurrentKinds.h"
@@ -50,7 +51,7 @@ class DetailsViewControllerTest : public ::testing::Test {
   }
   /// The fades themselves run on the toolkit's clock.
   void waitForFade() const {
-    ASSERT_TRUE(QTest::qWaitFor([this] { return fade().state() == QAbstractAnimation::Stopped; }, 60'000));
+    ASSERT_TRUE(testing::waitFor([this] { return fade().state() == QAbstractAnimation::Stopped; }));
   }
   void choose(int filter) {
     button("btnFilters").click();
@@ -190,7 +191,7 @@ TEST_F(DetailsViewControllerTest, AChoiceFadesThePopupOutAndTurnsItsButtonOff) {
 
 TEST_F(DetailsViewControllerTest, AChoiceTakesTheKeyboardToTheFirstRow) {
   controller->show();
-  static_cast<void>(QTest::qWaitForWindowActive(controller.get(), 60'000));
+  static_cast<void>(testing::waitUntilActive(controller.get()));
   choose(3);
   EXPECT_TRUE(table().hasFocus());
   EXPECT_EQ(table().selectionModel()->selectedRows(), QModelIndexList({table().model()->index(0, 0)}));
@@ -201,7 +202,7 @@ TEST_F(DetailsViewControllerTest, AChoiceTakesTheKeyboardToTheFirstRow) {
 
 TEST_F(DetailsViewControllerTest, AChoiceWithTheMouseSelectsNoRow) {
   controller->show();
-  static_cast<void>(QTest::qWaitForWindowActive(controller.get(), 60'000));
+  static_cast<void>(testing::waitUntilActive(controller.get()));
   button("btnFilters").click();
   fakes.delayedCalls->advance(300ms);
   QTest::mouseClick(&button("btnFilter4"), Qt::LeftButton);
@@ -252,7 +253,7 @@ TEST_F(DetailsViewControllerTest, APopupOpenedAgainAtOnceStaysOpen) {
 
 TEST_F(DetailsViewControllerTest, EscapeClosesThePopup) {
   controller->show();
-  static_cast<void>(QTest::qWaitForWindowActive(controller.get(), 60'000));
+  static_cast<void>(testing::waitUntilActive(controller.get()));
   button("btnFilters").click();
   fakes.delayedCalls->advance(300ms);
   QTest::keyClick(&button("btnFilter1"), Qt::Key_Escape);

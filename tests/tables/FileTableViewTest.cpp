@@ -21,6 +21,7 @@
 
 #include "controls/Theme.h"
 #include "helpers/ProjectFixture.h"
+#include "helpers/QtWaiting.h"
 #include "tables/ClassicTables.h"
 #include "tables/CleanUpTable.h"
 
@@ -39,7 +40,7 @@ class FileTableViewTest : public ::testing::Test {
                                record({.name = "A.m", .lines = 3}), record({.name = "a.h", .lines = 100})},
                               0, false, "en_US"));
     view.show();
-    static_cast<void>(QTest::qWaitForWindowExposed(&view, 60'000));
+    static_cast<void>(testing::waitUntilExposed(&view));
     view.setFocus();  // the header comes before it
   }
 
@@ -196,7 +197,7 @@ TEST_F(FileTableViewTest, TheSortArrowPointsDownForAnAscendingOrderAndUpForADesc
 
 TEST_F(FileTableViewTest, TheHeaderSortsFromTheKeyboard) {
   QHeaderView* header = view.horizontalHeader();
-  static_cast<void>(QTest::qWaitForWindowActive(&view, 60'000));
+  static_cast<void>(testing::waitUntilActive(&view));
   view.setFocus();
   QTest::keyClick(&view, Qt::Key_Backtab);
   ASSERT_TRUE(header->hasFocus());
@@ -230,7 +231,7 @@ TEST_F(FileTableViewTest, ARightClickBesideTheRowsOffersNothing) {
 }
 
 TEST_F(FileTableViewTest, NoBoxStandsAroundTheCellThatTheKeyboardHasReached) {
-  static_cast<void>(QTest::qWaitForWindowActive(&view, 60'000));
+  static_cast<void>(testing::waitUntilActive(&view));
   view.setFocus();
   view.selectRow(1);
   const auto row = [this] {
